@@ -1,0 +1,37 @@
+# How Kelvrum's targets are made: one place for language level, warnings and include root.
+
+function(kelvrum_settings target)
+    target_compile_features(${target} PUBLIC cxx_std_20)
+    set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+    target_include_directories(${target} PUBLIC ${Kelvrum_SOURCE_DIR})
+    if(NOT MSVC)
+        target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+                                                 $<$<BOOL:${KELVRUM_WERROR}>:-Werror>)
+    endif()
+    if(KELVRUM_SANITIZE)
+        target_compile_options(${target} PRIVATE -fsanitize=${KELVRUM_SANITIZE} -fno-sanitize-recover=all
+                                                 -fno-omit-frame-pointer)
+        target_link_options(${target} PUBLIC -fsanitize=${KELVRUM_SANITIZE})
+    endif()
+endfunction()
+
+# A library of plain standard C++: it never links Qt.
+function(kelvrum_plain_library target)
+    cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
+    add_library(${target} STATIC ${ARG_SOURCES})
+    kelvrum_settings(${target})
+    target_link_libraries(${target} PUBLIC ${ARG_USES})
+endfunction()
+
+# A library of windows and widgets on Qt. Left out when the windows are not built.
+function(kelvrum_ui_library target)
+    if(NOT KELVRUM_UI)
+        return()
+    endif()
+    cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
+    add_library(${target} STATIC ${ARG_SOURCES})
+    kelvrum_settings(${target})
+    set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    target_compile_definitions(${target} PUBLIC QT_NO_CAST_FROM_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
+    target_link_libraries(${target} PUBLIC ${ARG_USES} Qt6::Widgets Qt6::PrintSupport)
+endfunction()
