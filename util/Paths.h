@@ -1,0 +1,43 @@
+// Paths are kept as the station writes them, with "\" or "/" as separator. Here, and only here, they become
+// paths of the machine.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelvrum {
+
+/// The file existence test. The path is lower-cased; a bare drive letter ("a" or "a:") becomes the drive's
+/// root; true when the machine knows attributes of what it names. An empty path does not exist, nor does a
+/// path with a drive letter on a system without drives.
+bool fileExists(std::string_view path);
+
+/// The machine's path of a station path: both separators are understood, and each component that does not
+/// exist as written is matched without regard to case (the first in byte order when several match).
+/// Components that do not exist at all stay as written. Nothing for an empty path and, on a system without
+/// drives, for a path with a drive letter.
+std::optional<std::filesystem::path> nativePath(std::string_view path);
+
+/// The station path of a machine path (UTF-8, separators as the machine has them).
+std::string stationPath(const std::filesystem::path& path);
+
+/// True when a folder text stands for itself and is not relative to the project: it begins with two
+/// backslashes or holds a ":"; on a system without drives also when it begins with "/".
+bool isAbsoluteFolder(std::string_view folder);
+
+/// True when the text ends in "\" or "/".
+bool endsInSeparator(std::string_view path);
+
+/// The text with a "\" behind it, unless it is empty or ends in a separator.
+std::string withSeparator(std::string_view path);
+
+/// Names (UTF-8) of the files in a folder, in byte order; empty when it cannot be listed.
+std::vector<std::string> filesIn(std::string_view folder);
+
+/// Names (UTF-8) of the folders in a folder, in byte order; empty when it cannot be listed.
+std::vector<std::string> foldersIn(std::string_view folder);
+
+} // namespace kelvrum
