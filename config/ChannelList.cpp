@@ -1,0 +1,33 @@
+#include "config/ChannelList.h"
+
+namespace kelvrum {
+
+std::vector<ListedChannel> listedChannels(const StationConfig& station) {
+    std::vector<ListedChannel> rows;
+    if (station.Kind == ConfigKind::binary) {
+        for (const std::int32_t channel : station.ActiveChannels) {
+            rows.push_back({station.ChannelTable.at(channel).Name, channel});
+        }
+        return rows;
+    }
+    for (const auto& [channel, info] : station.ChannelTable.entries()) {
+        if (!info.Tag.empty() && !info.Name.empty()) {
+            rows.push_back({info.Name, channel});
+        }
+    }
+    return rows;
+}
+
+std::vector<ListColumn> listColumns(const StationConfig& station) {
+    if (station.Kind != ConfigKind::binary) {
+        return {{"Zeit", "st"}, {"Wert", "s0"}};
+    }
+    std::vector<ListColumn> columns = {{"Uhrzeit", "st"}};
+    for (const std::int32_t channel : station.ActiveChannels) {
+        const ChannelInfo& info = station.ChannelTable.at(channel);
+        columns.push_back({info.Name, info.Tag});
+    }
+    return columns;
+}
+
+} // namespace kelvrum

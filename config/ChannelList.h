@@ -1,0 +1,37 @@
+// What the main window shows of a station's channels: the rows of the channel list and the columns of the
+// data list.
+#pragma once
+
+#include "config/StationConfig.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace kelvrum {
+
+/// One row of the channel selection list.
+struct ListedChannel {
+    std::string name;
+    std::int32_t channel = 0; // item data
+
+    bool operator==(const ListedChannel&) const = default;
+};
+
+/// Ini form: the channels with a Tag and a Name, by ascending number. Binary form: the active slots in their
+/// order, nameless ones too.
+std::vector<ListedChannel> listedChannels(const StationConfig& station);
+
+/// One column of the data list.
+struct ListColumn {
+    std::string header;
+    std::string key;
+
+    bool operator==(const ListColumn&) const = default;
+};
+
+/// Binary form: "Uhrzeit" (key "st") and a column for each active slot (key "s" and the slot number). All
+/// else: "Zeit" and "Wert".
+std::vector<ListColumn> listColumns(const StationConfig& station);
+
+} // namespace kelvrum

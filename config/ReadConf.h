@@ -1,0 +1,20 @@
+// Opening a project: from the path of a configuration file to a StationConfig.
+#pragma once
+
+#include "config/StationConfig.h"
+#include "util/FileSource.h"
+
+#include <optional>
+#include <string_view>
+
+namespace kelvrum {
+
+/// Reads the station of a configuration file. The form follows from the name in the path, in any case of
+/// letters: "VARNIX.CFG" before "QEL.ini". Nothing when the path holds neither: the open project stays then.
+/// A file that cannot be read gives an empty station with its Kind and BaseFolder.
+std::optional<StationConfig> readConf(std::string_view ConfFile, const FileOpener& open = openFile);
+
+/// The second station line of an ini project: "Location - DeviceNumber".
+std::string stationSubtitle(const StationConfig& station);
+
+} // namespace kelvrum
