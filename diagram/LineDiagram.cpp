@@ -1,0 +1,268 @@
+#include "diagram/LineDiagram.h"
+
+#include "diagram/Curve.h"
+#include "diagram/LineScale.h"
+#include "diagram/PlotArea.h"
+#include "diagram/TimeTicks.h"
+#include "util/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace kelvrum {
+
+namespace {
+
+constexpr Colour TITLE_BAND = 0xF0F0F0;
+constexpr Colour LIMIT_1 = GREEN;
+constexpr Colour LIMIT_2 = RED;
+constexpr Colour MEAN = 0x0080FF; // orange
+
+/// The columns in use.
+struct Series {
+    std::span<const double> times;
+    std::span<const double> y1;
+    std::span<const double> y2;
+};
+
+Series seriesInUse(const DiagramState& state) {
+    const SeriesTable& table = seriesTable();
+    const auto wanted = static_cast<std::size_t>(std::max(state.DataCount(), 0));
+    const std::size_t count = std::min(wanted, table.columns());
+    return {table.row(SeriesTable::TIME).first(count), table.row(SeriesTable::Y1).first(count),
+            table.row(SeriesTable::Y2).first(count)};
+}
+
+/// The axis captions: the parts of AchseText between semicolons.
+std::vector<std::string_view> axisCaptions(const std::string& text) {
+    constexpr std::size_t SHORTEST = 2;
+    return text.size() < SHORTEST ? std::vector<std::string_view>() : split(text, ';');
+}
+
+/// One drawing: its inputs and what its stages share.
+class Drawing {
+  public:
+    Drawing(Surface& surface, DiagramState& state, const DiagramLayout& layout, const LocaleTexts& texts)
+        : surface_(surface)
+        , state_(state)
+        , layout_(layout)
+        , texts_(texts)
+        , scale_(surface.scale())
+        , size_(surface.size())
+        , range_{state.XLow(), state.XHigh()}
+        , plot_(layout, size_, scale_, range_)
+        , series_(seriesInUse(state)) {}
+
+    LineDrawing run() {
+        surface_.clear(state_.BgCol());
+        surface_.setFont(state_.SkalaFont());
+        scanRanges();
+        drawTimeAxis();
+        drawValueAxis(left_, plot_.left, -1, state_.Y1axe());
+        drawValueAxis(right_, plot_.right, +1, state_.Y2axe());
+        LineDrawing result;
+        if (plot_.hasTimeScale() && plot_.width() > 0 && plot_.height() > 0) {
+            surface_.setClip(plot_.clip());
+            result.passes = drawSeries();
+            drawLevels();
+            surface_.setClip({});
+        }
+        drawTotal();
+        drawTexts();
+        return result;
+    }
+
+  private:
+    void scanRanges() {
+        scan_ = scanSeries(series_.y1);
+        left_ = leftRange(state_, scan_);
+        const ValueRange right = rightRange(state_, series_.y2);
+        if (state_.Y2Low() == AUTOMATIC_RIGHT_RANGE && state_.Y2High() == AUTOMATIC_RIGHT_RANGE) {
+            state_.setY2Low(right.low);
+            state_.setY2High(right.high);
+        }
+        right_ = withHeight(right);
+    }
+
+    [[nodiscard]] int dots(double length) const { return nearestDot(length * scale_); }
+
+    void line(Dot from, Dot to) {
+        surface_.moveTo(from);
+        surface_.lineTo(to);
+    }
+
+    void drawTimeAxis() {
+        const int base = nearestDot(plot_.bottom);
+        surface_.setPen(state_.Xaxe());
+        line({nearestDot(plot_.left), base}, {nearestDot(plot_.right), base});
+        const TimeAxis axis{range_, plot_.width() / scale_, layout_.minLabelGap, layout_.minTickGap};
+        for (const TimeTick& tick : timeTicks(axis, texts_)) {
+            const int x = plot_.x(tick.time);
+            line({x, base}, {x, base + dots(tick.labelled ? layout_.longTick : layout_.shortTick)});
+            if (tick.labelled) {
+                const int y = base + dots(layout_.longTick);
+                centredText(x, y, tick.upper);
+                if (!coversTotal(x, tick.lower)) {
+                    centredText(x, y + dots(layout_.rowPitch), tick.lower);
+                }
+            }
+        }
+    }
+
+    /// `side` is -1 for labels left of the axis, +1 for labels right of it.
+    void drawValueAxis(const ValueRange& range, double at, int side, Colour colour) {
+        const int x = nearestDot(at);
+        const ValueScale scale = plot_.scaleOf(range);
+        surface_.setPen(colour);
+        line({x, nearestDot(plot_.top)}, {x, nearestDot(plot_.bottom)});
+        const double length = plot_.height() / scale_;
+        for (const ValueTick& tick : valueTicks(range, length, layout_.minDivision, texts_)) {
+            const int y = scale.y(tick.value);
+            const int tickEnd = x + side * dots(layout_.longTick);
+            line({x, y}, {tickEnd, y});
+            const Extent extent = surface_.textExtent(tick.label);
+            const int labelX =
+                side < 0 ? tickEnd - dots(layout_.textGap) - extent.width : tickEnd + dots(layout_.textGap);
+            surface_.text({labelX, y - extent.height / 2}, tick.label);
+        }
+    }
+
+    int drawSeries() {
+        // Pass 0 means, pass 1 minima, pass 2 maxima.
+        const std::array<Colour, MAX_PASSES> passColours = {state_.D1(), BLUE, RED};
+        const std::array<Colour, MAX_PASSES> secondColours = {state_.D2(), state_.D2(), state_.D2()};
+        const int passes = drawOne(series_.y1, left_, true, passColours);
+        drawOne(series_.y2, right_, false, secondColours);
+        return passes;
+    }
+
+    int drawOne(std::span<const double> values, const ValueRange& range, bool detectPasses,
+                std::span<const Colour> colours) {
+        const ValueScale scale = plot_.scaleOf(range);
+        int passes = 1;
+        if (state_.DiagTyp() == KIND_PRECIPITATION) {
+            ReducedBars bars(surface_, colours, plot_.clip());
+            passes = walkBars(series_.times, values, sampleInterval(series_.times), detectPasses, plot_,
+                              scale, bars);
+            bars.finish();
+        } else {
+            const bool directions = state_.DiagTyp() == KIND_DIRECTION;
+            ReducedCurve curve(surface_, colours, plot_.clip());
+            passes = walkCurve(series_.times, values, directions, detectPasses, plot_, scale, curve);
+            curve.finish();
+        }
+        return passes;
+    }
+
+    /// Limit lines and mean line, on the left scale.
+    void drawLevels() {
+        const auto level = [this](double value, Colour colour) {
+            const int y = plot_.scaleOf(left_).y(value);
+            surface_.setPen(colour);
+            line({nearestDot(plot_.left), y}, {nearestDot(plot_.right), y});
+        };
+        const auto limit = [&](double value, Colour colour) {
+            if (value != 0 && left_.low <= value && value <= left_.high) {
+                level(value, colour);
+            }
+        };
+        limit(state_.Hilfslinie1(), LIMIT_1);
+        limit(state_.Hilfslinie2(), LIMIT_2);
+        if (state_.showMittel() && scan_.count > 0) {
+            level(scan_.sum / static_cast<double>(scan_.count), MEAN);
+        }
+    }
+
+    [[nodiscard]] std::string totalText() const {
+        return "Niederschlagssumme = " + formatNumber(scan_.sum, "########0.0#", texts_);
+    }
+
+    [[nodiscard]] int totalLeft() { return nearestDot(plot_.right) - surface_.textExtent(totalText()).width; }
+
+    /// The total stands at the right end of the row of dates; dates that it would cover are left out.
+    bool coversTotal(int labelX, const std::string& label) {
+        constexpr int GAP = 6;
+        if (state_.DiagTyp() != KIND_PRECIPITATION) {
+            return false;
+        }
+        return labelX + surface_.textExtent(label).width / 2 + dots(GAP * layout_.textGap) > totalLeft();
+    }
+
+    void drawTotal() {
+        if (state_.DiagTyp() == KIND_PRECIPITATION) {
+            surface_.setPen(state_.Xaxe());
+            surface_.text({totalLeft(), nearestDot(plot_.bottom) + dots(layout_.longTick + layout_.rowPitch)},
+                          totalText());
+        }
+    }
+
+    void centredText(int x, int y, const std::string& text) {
+        if (!text.empty()) {
+            surface_.text({x - surface_.textExtent(text).width / 2, y}, text);
+        }
+    }
+
+    void drawTexts() {
+        DiagramFont bold = state_.SkalaFont();
+        bold.Bold = true;
+        surface_.setFont(bold);
+        const Extent title = surface_.textExtent(state_.HeadLine());
+        const std::array<Box, 1> band = {Box{0, 0, size_.width, title.height + dots(layout_.bandBelowTitle)}};
+        surface_.fill(band, TITLE_BAND);
+        surface_.setPen(BLACK);
+        surface_.text({(size_.width - title.width) / 2, dots(layout_.titleY)}, state_.HeadLine());
+
+        surface_.setFont(state_.SkalaFont());
+        const Extent second = surface_.textExtent(state_.HeadLine2());
+        surface_.text({(size_.width - second.width) / 2, dots(layout_.title2Y)}, state_.HeadLine2());
+
+        const Extent note = surface_.textExtent(state_.Fussnote());
+        surface_.text({nearestDot(plot_.left), size_.height - note.height - dots(layout_.textGap)},
+                      state_.Fussnote());
+        drawAxisTexts();
+    }
+
+    /// The unit ends at the left axis, above its uppermost label; the first caption follows it inside of
+    /// the plot's width, the second one ends at the right axis.
+    void drawAxisTexts() {
+        const std::string unit = " " + state_.Einheit();
+        const Extent extent = surface_.textExtent(unit);
+        const int y = nearestDot(plot_.top) - extent.height - extent.height / 2 + dots(layout_.textGap);
+        surface_.setPen(state_.Y1axe());
+        surface_.text({nearestDot(plot_.left) - extent.width, y}, unit);
+
+        const auto captions = axisCaptions(state_.AchseText());
+        if (!captions.empty()) {
+            surface_.text({nearestDot(plot_.left) + dots(layout_.longTick), y}, captions[0]);
+        }
+        if (captions.size() > 1) {
+            surface_.setPen(state_.Y2axe());
+            surface_.text({nearestDot(plot_.right) - surface_.textExtent(captions[1]).width, y}, captions[1]);
+        }
+    }
+
+    Surface& surface_;
+    DiagramState& state_;
+    const DiagramLayout& layout_;
+    const LocaleTexts& texts_;
+    double scale_;
+    Extent size_;
+    TimeRange range_;
+    PlotArea plot_;
+    Series series_;
+    SeriesScan scan_;
+    ValueRange left_;
+    ValueRange right_;
+};
+
+} // namespace
+
+LineDrawing drawLineDiagram(Surface& surface, DiagramState& state, const DiagramLayout& layout,
+                            const LocaleTexts& texts) {
+    return Drawing(surface, state, layout, texts).run();
+}
+
+} // namespace kelvrum

@@ -1,0 +1,125 @@
+#include "diagram/LineScale.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace kelvrum {
+
+namespace {
+
+constexpr double AUTOMATIC_MARGIN = 0.05; // of the range, at each end
+constexpr double EMPTY_HEIGHT = 100;
+constexpr double TICK_TOLERANCE = 1e-9; // of a step
+
+constexpr std::array<double, 38> VALUE_STEPS = {0.001, 0.005, 0.01, 0.025, 0.05, 0.1,   0.2,   0.25, 0.5, 1,
+                                                2,     2.5,   5,    10,    15,   20,    25,    30,   40,  50,
+                                                60,    70,    80,   90,    100,  125,   150,   200,  250, 300,
+                                                400,   500,   1000, 2000,  5000, 10000, 20000, 50000};
+
+} // namespace
+
+SeriesScan scanSeries(std::span<const double> values) {
+    SeriesScan scan;
+    for (const double v : values) {
+        if (isValidPoint(v) && v != 0) {
+            scan.maximum = std::max(scan.maximum, v);
+            scan.minimum = std::min(scan.minimum, v);
+            scan.sum += v;
+            ++scan.count;
+        }
+    }
+    return scan;
+}
+
+ValueRange withHeight(ValueRange range) {
+    if (range.height() == 0) {
+        range.high = range.low + EMPTY_HEIGHT;
+    }
+    return range;
+}
+
+ValueRange leftRange(const DiagramState& state, const SeriesScan& scan) {
+    if (state.Y1Low() != AUTOMATIC_RANGE || state.Y1High() != AUTOMATIC_RANGE) {
+        return withHeight({state.Y1Low(), state.Y1High()});
+    }
+    if (scan.count == 0) {
+        return {};
+    }
+    const bool fromZero = state.DiagTyp() == KIND_PRECIPITATION;
+    ValueRange range{fromZero ? 0 : scan.minimum, scan.maximum};
+    if (range.height() < state.storedY1MinLow()) {
+        range.high = range.low + state.storedY1MinLow();
+    }
+    const double margin = range.height() * AUTOMATIC_MARGIN;
+    range.high += margin;
+    if (!fromZero) {
+        range.low -= margin;
+    }
+    return withHeight(range);
+}
+
+ValueRange rightRange(const DiagramState& state, std::span<const double> values) {
+    if (state.Y2Low() != AUTOMATIC_RIGHT_RANGE || state.Y2High() != AUTOMATIC_RIGHT_RANGE) {
+        return {state.Y2Low(), state.Y2High()};
+    }
+    if (values.empty()) {
+        return {};
+    }
+    ValueRange range{9999999, -9999999};
+    for (const double v : values) {
+        range.low = std::min(range.low, v);
+        range.high = std::max(range.high, v);
+    }
+    const double margin = range.height() * AUTOMATIC_MARGIN;
+    return {range.low - margin, range.high + margin};
+}
+
+std::span<const double> valueSteps() { return VALUE_STEPS; }
+
+double valueStep(double height, int divisions) {
+    const auto* const found = std::find_if(VALUE_STEPS.begin(), VALUE_STEPS.end(),
+                                           [&](double step) { return step * divisions >= height; });
+    return found == VALUE_STEPS.end() ? VALUE_STEPS.back() : *found;
+}
+
+ValueDivision divideRange(ValueRange range, int divisions) {
+    constexpr double LARGEST_WITH_FINE_LABELS = 999;
+    double step = valueStep(std::fabs(range.height()), divisions);
+    if (step < 0.5) {
+        if (std::fabs(range.low) <= LARGEST_WITH_FINE_LABELS &&
+            std::fabs(range.high) <= LARGEST_WITH_FINE_LABELS) {
+            return {step, step < 0.05 ? "######0.000" : "######0.00"};
+        }
+        return {std::max(step, 0.1), "######0.0"};
+    }
+    return {step, step >= 5 ? "######0" : "######0.0"};
+}
+
+std::vector<ValueTick> valueTicks(ValueRange range, double length, double minDivision,
+                                  const LocaleTexts& texts) {
+    std::vector<ValueTick> ticks;
+    const double height = std::fabs(range.height());
+    const auto divisions = static_cast<int>(std::clamp(length / minDivision, 0.0, 10000.0));
+    if (divisions < 1 || !(height > 0) || !std::isfinite(height)) {
+        return ticks;
+    }
+    const auto [step, format] = divideRange(range, divisions);
+    // Beyond the last table step the ticks would crowd: only every n-th is kept then.
+    const double every = std::max(1.0, std::ceil(minDivision / (step * length / height) - TICK_TOLERANCE));
+    const double low = std::min(range.low, range.high);
+    const double high = std::max(range.low, range.high);
+    const double first = std::floor(low / step); // the largest multiple of the step not above low
+    for (int k = 0; k <= divisions + 1; ++k) {
+        const double value = (first + k * every) * step;
+        if (value > high + step * TICK_TOLERANCE) {
+            break;
+        }
+        if (value >= low - step * TICK_TOLERANCE) { // the first multiple may lie below the axis
+            ticks.push_back({value, formatNumber(value, format, texts)});
+        }
+    }
+    return ticks;
+}
+
+} // namespace kelvrum

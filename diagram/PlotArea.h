@@ -1,0 +1,61 @@
+// The plot of a line diagram on its surface and the one mapping from time and value to dots.
+#pragma once
+
+#include "diagram/DiagramLayout.h"
+#include "diagram/LineScale.h"
+#include "diagram/Surface.h"
+#include "util/DateTime.h"
+
+namespace kelvrum {
+
+/// The nearest dot of a coordinate, a half to the even neighbour. What lies outside of the 16-bit range of
+/// surface coordinates is moved to its edge, a NaN to the lower one.
+inline int nearestDot(double v) {
+    constexpr double LOWEST = -32768;
+    constexpr double HIGHEST = 32767;
+    // Adding and taking off 1.5 * 2^52 leaves a double rounded to whole numbers, half to even.
+    constexpr double ROUNDING = 6755399441055744.0;
+    const double cut = v > LOWEST ? (v < HIGHEST ? v : HIGHEST) : LOWEST;
+    return static_cast<int>((cut + ROUNDING) - ROUNDING);
+}
+
+/// One value axis on the plot.
+struct ValueScale {
+    double base = 0;        // y of the lower end, in dots
+    double low = 0;         // value at the base
+    double dotsPerUnit = 0; // upward
+
+    [[nodiscard]] int y(double value) const { return nearestDot(base - (value - low) * dotsPerUnit); }
+};
+
+/// The rectangle between the axes, its edges being the axes themselves, and the time scale.
+struct PlotArea {
+    double left = 0;
+    double top = 0;
+    double right = 0;
+    double bottom = 0;
+    DateTime xLow = 0;
+    double dotsPerDay = 0;
+
+    PlotArea(const DiagramLayout& layout, Extent size, double scale, const TimeRange& range)
+        : left(layout.left * scale)
+        , top(layout.top * scale)
+        , right(size.width - layout.right * scale)
+        , bottom(size.height - layout.bottom * scale)
+        , xLow(range.from)
+        , dotsPerDay(range.to > range.from ? (right - left) / (range.to - range.from) : 0) {}
+
+    [[nodiscard]] double width() const { return right - left; }
+    [[nodiscard]] double height() const { return bottom - top; }
+    [[nodiscard]] bool hasTimeScale() const { return dotsPerDay > 0; }
+    [[nodiscard]] int x(DateTime t) const { return nearestDot(left + (t - xLow) * dotsPerDay); }
+    [[nodiscard]] ValueScale scaleOf(const ValueRange& range) const {
+        return {bottom, range.low, height() / range.height()};
+    }
+    /// The dots on and between the axes.
+    [[nodiscard]] Box clip() const {
+        return {nearestDot(left), nearestDot(top), nearestDot(right) + 1, nearestDot(bottom) + 1};
+    }
+};
+
+} // namespace kelvrum

@@ -1,0 +1,77 @@
+#include "diagram/PolarSys.h"
+
+#include "diagram/LineDiagram.h"
+#include "diagram/PainterSurface.h"
+
+#include <QPainter>
+#include <QPalette>
+
+namespace kelvrum {
+
+PolarSys::PolarSys(const LocaleTexts& texts, QWidget* parent)
+    : QWidget(parent)
+    , texts_(texts) {
+    setAttribute(Qt::WA_OpaquePaintEvent); // the picture covers the whole control
+    initialise();
+}
+
+void PolarSys::Draw() {
+    if (!isVisible()) {
+        stale_ = true;
+        return;
+    }
+    drawPicture();
+    update();
+}
+
+QSize PolarSys::pictureSize() const { return (QSizeF(size()) * devicePixelRatioF()).toSize(); }
+
+void PolarSys::drawPicture() {
+    stale_ = false;
+    const QSize wanted = pictureSize();
+    if (wanted.isEmpty()) {
+        return;
+    }
+    const double ratio = devicePixelRatioF();
+    if (pb_.size() != wanted) {
+        pb_ = QPixmap(wanted);
+        pb_.fill(toQColor(BgCol())); // a kind that draws nothing leaves the picture as it is
+    }
+    pb_.setDevicePixelRatio(1);
+    switch (DiagTyp()) {
+    case KIND_LINE:
+    case KIND_PRECIPITATION:
+    case KIND_DIRECTION:
+    case KIND_LINE_4: {
+        PainterSurface surface(pb_, {wanted.width(), wanted.height()}, ratio);
+        drawLineDiagram(surface, *this, DiagramLayout{}, texts_);
+        ++drawings_;
+        break;
+    }
+    default:
+        break;
+    }
+    pb_.setDevicePixelRatio(ratio);
+}
+
+void PolarSys::paintEvent(QPaintEvent* /*event*/) {
+    if (stale_ || pb_.size() != pictureSize()) {
+        drawPicture();
+    }
+    QPainter(this).drawPixmap(0, 0, pb_);
+}
+
+void PolarSys::resizeEvent(QResizeEvent* /*event*/) { stale_ = true; }
+
+void PolarSys::requestRepaint() {
+    stale_ = true;
+    update();
+}
+
+void PolarSys::backgroundChanged() {
+    QPalette colours = palette();
+    colours.setColor(QPalette::Window, toQColor(BgCol()));
+    setPalette(colours);
+}
+
+} // namespace kelvrum

@@ -1,0 +1,50 @@
+// The diagram control.
+#pragma once
+
+#include "diagram/DiagramState.h"
+#include "util/Format.h"
+
+#include <QPixmap>
+#include <QWidget>
+
+namespace kelvrum {
+
+/// Draws a time series or a polar diagram, chosen by DiagTyp, on the picture `pb`, which always fills the
+/// control. A mere repaint of the window shows the finished picture again and draws nothing anew.
+class PolarSys : public QWidget, public DiagramState {
+    Q_OBJECT
+
+  public:
+    explicit PolarSys(const LocaleTexts& texts, QWidget* parent = nullptr);
+
+    /// Draws the picture at once. While the control is not on the screen the drawing waits until it is shown.
+    void Draw();
+
+    /// The picture as it was drawn last, in device pixels.
+    [[nodiscard]] const QPixmap& picture() const { return pb_; }
+
+    /// How often the picture was drawn since the control was made.
+    [[nodiscard]] int drawings() const { return drawings_; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+    void requestRepaint() override;
+    void repaintNow() override { Draw(); }
+    void backgroundChanged() override;
+    [[nodiscard]] bool enabledState() const override { return QWidget::isEnabled(); }
+    void applyEnabled(bool enabled) override { QWidget::setEnabled(enabled); }
+
+  private:
+    /// The size of the picture in device pixels.
+    [[nodiscard]] QSize pictureSize() const;
+    void drawPicture();
+
+    LocaleTexts texts_;
+    QPixmap pb_;
+    bool stale_ = true; // the picture is to be drawn before it is shown
+    int drawings_ = 0;
+};
+
+} // namespace kelvrum
