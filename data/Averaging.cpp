@@ -1,0 +1,66 @@
+#include "data/Averaging.h"
+
+#include "config/ChannelTable.h"
+#include "data/WindMean.h"
+
+#include <algorithm>
+
+namespace kelvrum {
+
+namespace {
+
+struct Total {
+    double sum = 0;
+    std::int64_t count = 0;
+};
+
+Total totalOf(std::span<const double> block) {
+    Total total;
+    for (const double v : block) {
+        if (isPresent(v)) {
+            total.sum += v;
+            ++total.count;
+        }
+    }
+    return total;
+}
+
+} // namespace
+
+double blockAverage(std::span<const double> block, std::int32_t mode, std::span<const double> paired,
+                    double upper, double lower) {
+    switch (mode) {
+    case MODE_SUM: {
+        const Total total = totalOf(block);
+        return total.count == 0 ? INVALID_VALUE : validate(total.sum, upper, lower);
+    }
+    case MODE_MEAN: {
+        const Total total = totalOf(block);
+        return total.count == 0 ? INVALID_VALUE
+                                : validate(total.sum / static_cast<double>(total.count), upper, lower);
+    }
+    case MODE_WIND_DIRECTION:
+        return validate(windMean(block, paired), upper, lower);
+    default:
+        return 0;
+    }
+}
+
+void averageBlocks(const BlockRun& run, std::int32_t mode, std::span<double> results) {
+    if (run.empty()) {
+        return;
+    }
+    const std::size_t n = run.values.size() / run.blocks;
+    if (n == 1 && (mode == MODE_SUM || mode == MODE_MEAN)) {
+        // A single minute is its own sum and mean.
+        std::transform(run.values.begin(), run.values.end(), results.begin(),
+                       [](double v) { return isPresent(v) ? v : INVALID_VALUE; });
+        return;
+    }
+    for (std::size_t i = 0; i < run.blocks; ++i) {
+        const auto paired = run.paired.empty() ? run.paired : run.paired.subspan(i * n, n);
+        results[i] = blockAverage(run.values.subspan(i * n, n), mode, paired);
+    }
+}
+
+} // namespace kelvrum

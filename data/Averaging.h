@@ -1,0 +1,30 @@
+// How a block of minute values becomes one value.
+#pragma once
+
+#include "data/BlockReader.h"
+#include "util/DateTime.h"
+#include "util/Validity.h"
+
+#include <cstdint>
+#include <span>
+
+namespace kelvrum {
+
+/// The value of one interval; INVALID_VALUE when it has none.
+struct IntervalValue {
+    DateTime start = 0;
+    double value = INVALID_VALUE;
+
+    bool operator==(const IntervalValue&) const = default;
+};
+
+/// The value of a block by the rule of a channel's Mode (sum, mean, wind direction), passed through the
+/// validity test with the bounds. `paired` is used for wind directions only. Any other mode gives 0, whatever
+/// the block.
+double blockAverage(std::span<const double> block, std::int32_t mode, std::span<const double> paired,
+                    double upper = UPPER_BOUND, double lower = LOWER_BOUND);
+
+/// blockAverage of each block of a run; `results` has room for run.blocks values.
+void averageBlocks(const BlockRun& run, std::int32_t mode, std::span<double> results);
+
+} // namespace kelvrum

@@ -1,0 +1,82 @@
+#include "data/BlockReader.h"
+
+#include "data/ChannelFiles.h"
+#include "data/ChannelFormat.h"
+#include "util/LittleEndian.h"
+#include "util/Numbers.h"
+
+#include <algorithm>
+
+namespace kelvrum {
+
+namespace {
+constexpr std::size_t PIECE_VALUES = 64UL * 1024; // minutes fetched with one read
+} // namespace
+
+BlockReader::BlockReader(const StationConfig& station, const ReadRequest& request, const FileOpener& open,
+                         ReadBuffers& buffers)
+    : buffers_(buffers) {
+    if (request.interval < 1) {
+        return;
+    }
+    interval_ = static_cast<std::size_t>(request.interval);
+    const int year = calendarTime(request.range.from).year;
+    file_ = open(channelPath(station, request.channel, request.suffix, year));
+    if (!file_) {
+        return;
+    }
+    const ChannelInfo& info = station.ChannelTable.at(request.channel);
+    if (info.Mode == MODE_WIND_DIRECTION) {
+        hasPair_ = true;
+        pairedFile_ = open(pairedChannelPath(station, info.PairedChannel, request.suffix, year));
+    }
+    const auto length = static_cast<std::int64_t>(file_->size());
+    start_ = chn::valueOffset(MinuteIndex(request.range.from));
+    std::int64_t end = chn::valueOffset(MinuteIndex(request.range.to));
+    if (end <= start_) {
+        end = length; // the end lies in a later year, or not behind the start: to the file's end
+    }
+    const auto blockSize = static_cast<std::int64_t>(chn::VALUE_SIZE * interval_);
+    announced_ = static_cast<std::int64_t>(
+        std::max(0.0, roundHalfEven(static_cast<double>(end - start_) / static_cast<double>(blockSize))));
+    // A block is read when it starts before the end of the range and holds any byte of the file.
+    const std::int64_t bytes = std::min(end, length) - start_;
+    blocks_ = bytes > 0 ? (bytes + blockSize - 1) / blockSize : 0;
+}
+
+BlockRun BlockReader::next() {
+    const auto left = static_cast<std::size_t>(blocks_ - done_);
+    const std::size_t blocks = std::min(left, std::max<std::size_t>(PIECE_VALUES / interval_, 1));
+    if (blocks == 0) {
+        return {};
+    }
+    BlockRun run;
+    run.first = done_;
+    run.blocks = blocks;
+    run.values = fetch(file_.get(), buffers_.values, blocks);
+    if (hasPair_) {
+        run.paired = fetch(pairedFile_.get(), buffers_.paired, blocks);
+    }
+    done_ += static_cast<std::int64_t>(blocks);
+    return run;
+}
+
+std::span<const double> BlockReader::fetch(FileSource* file, std::vector<double>& buffer,
+                                           std::size_t blocks) const {
+    const std::size_t count = blocks * interval_;
+    if (buffer.size() < count) {
+        buffer.resize(count);
+    }
+    const std::span<double> values(buffer.data(), count);
+    std::size_t read = 0;
+    if (file != nullptr) {
+        const std::int64_t offset = start_ + done_ * static_cast<std::int64_t>(chn::VALUE_SIZE * interval_);
+        read =
+            file->read(static_cast<std::uint64_t>(offset), std::as_writable_bytes(values)) / chn::VALUE_SIZE;
+        fromLittle(values.first(read));
+    }
+    std::fill(values.begin() + static_cast<std::ptrdiff_t>(read), values.end(), 0.0);
+    return values;
+}
+
+} // namespace kelvrum

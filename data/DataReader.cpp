@@ -1,0 +1,123 @@
+#include "data/DataReader.h"
+
+#include "data/SeriesFill.h"
+#include "diagram/SeriesTable.h"
+#include "util/Validity.h"
+
+#include <array>
+#include <cmath>
+
+namespace kelvrum {
+
+namespace {
+
+constexpr double HALF_MINUTE = 0.5;
+
+/// Everything that a diagram shows beside its series.
+void setTexts(const StationConfig& station, std::int32_t channel, const DiagramSettings& settings,
+              DiagramState& diagram) {
+    diagram.setHeadLine(firstHeadline(station, channel));
+    diagram.setHeadLine2(secondHeadline(station, settings.intervalCaption));
+    diagram.setEinheit(station.ChannelTable.at(channel).Unit);
+    if (settings.auxiliaryLines) {
+        diagram.setHilfslinie1(validate(settings.auxiliaryLines->first));
+        diagram.setHilfslinie2(validate(settings.auxiliaryLines->second));
+    }
+}
+
+} // namespace
+
+std::string firstHeadline(const StationConfig& station, std::int32_t channel) {
+    const ChannelInfo& info = station.ChannelTable.at(channel);
+    return station.Title + " - " + info.Name + " [" + info.Unit + "]";
+}
+
+std::string secondHeadline(const StationConfig& station, const std::string& intervalCaption) {
+    return station.Subtitle + " - " + intervalCaption + " Mittelwert";
+}
+
+template<typename Consume>
+Reading DataReader::averagePieces(BlockReader& blocks, std::int32_t mode, const ReadingStep& step,
+                                  Consume consume) {
+    for (BlockRun run = blocks.next(); !run.empty(); run = blocks.next()) {
+        if (averages_.size() < run.blocks) {
+            averages_.resize(run.blocks);
+        }
+        const std::span<double> averages(averages_.data(), run.blocks);
+        averageBlocks(run, mode, averages);
+        consume(run.first, std::span<const double>(averages));
+        if (step && !step()) {
+            return Reading::givenUp;
+        }
+    }
+    return Reading::complete;
+}
+
+Reading DataReader::readList(const StationConfig& station, const ReadRequest& request,
+                             const std::function<void(DateTime, double)>& showValue,
+                             const ReadingStep& step) {
+    BlockReader blocks(station, request, open_, buffers_);
+    const std::int32_t mode = station.ChannelTable.at(request.channel).Mode;
+    return averagePieces(blocks, mode, step, [&](std::int64_t first, std::span<const double> values) {
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            const std::int64_t number = first + static_cast<std::int64_t>(i);
+            showValue(intervalStart(request.range.from, number, request.interval), values[i]);
+        }
+    });
+}
+
+Reading DataReader::readDiagram(const StationConfig& station, const ReadRequest& request,
+                                const DiagramSettings& settings, DiagramState& diagram,
+                                const ReadingStep& step) {
+    diagram.SetArray(0); // a drawing while the table is being filled shows no half curve
+    setTexts(station, request.channel, settings, diagram);
+    BlockReader blocks(station, request, open_, buffers_);
+    SeriesFill fill(seriesTable(), static_cast<std::size_t>(blocks.blocks()));
+    const std::int32_t mode = station.ChannelTable.at(request.channel).Mode;
+    const Reading reading =
+        averagePieces(blocks, mode, step, [&](std::int64_t first, std::span<const double> values) {
+            fill.add(request.range.from, first, request.interval, values);
+        });
+    if (reading == Reading::complete) {
+        diagram.SetArray(static_cast<std::int32_t>(fill.finish()));
+    }
+    return reading;
+}
+
+Reading DataReader::readDayDiagram(const StationConfig& station, const ReadRequest& request,
+                                   const DiagramSettings& settings, DiagramState& diagram,
+                                   const ReadingStep& step) {
+    diagram.SetArray(0);
+    setTexts(station, request.channel, settings, diagram);
+    const auto intervals = readDayIntervals(station, request, open_, step);
+    if (!intervals) {
+        return Reading::givenUp;
+    }
+    constexpr std::array<double DayInterval::*, 3> PASSES = {&DayInterval::mean, &DayInterval::minimum,
+                                                             &DayInterval::maximum};
+    const std::size_t passes = station.WideRecords ? PASSES.size() : 1;
+    const double minutes = std::ceil((request.range.to - request.range.from) * MINUTES_PER_DAY - HALF_MINUTE);
+    const double total = std::ceil(minutes / request.interval); // intervals of the range
+    SeriesFill fill(seriesTable(), intervals->size() * passes);
+    const auto startOf = [&request](std::int64_t index) {
+        return intervalStart(request.range.from, index, request.interval);
+    };
+    for (std::size_t pass = 0; pass < passes; ++pass) {
+        fill.startPass();
+        std::int64_t next = 0; // the interval that would follow without a gap
+        for (const DayInterval& interval : *intervals) {
+            if (interval.index > next) {
+                fill.add(startOf(next), INVALID_VALUE); // a run of intervals without records
+            }
+            fill.add(startOf(interval.index), interval.*PASSES[pass]);
+            next = interval.index + 1;
+        }
+        if (static_cast<double>(next) < total) {
+            fill.add(startOf(next), INVALID_VALUE);
+        }
+    }
+    diagram.SetArray(static_cast<std::int32_t>(fill.finish()));
+    return Reading::complete;
+}
+
+} // namespace kelvrum

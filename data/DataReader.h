@@ -1,0 +1,82 @@
+// The readers behind the main window: from a channel, a time range and an interval to list rows or to the
+// series of a diagram.
+#pragma once
+
+#include "config/StationConfig.h"
+#include "data/Averaging.h"
+#include "data/BlockReader.h"
+#include "data/DayFiles.h"
+#include "data/DayList.h"
+#include "diagram/DiagramState.h"
+#include "util/FileSource.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kelvrum {
+
+/// How a reading ended.
+enum class Reading {
+    complete,
+    givenUp, // a step said so; what was handed out so far is to be dropped
+};
+
+/// Two horizontal auxiliary lines, as they were asked for; each is still to pass the validity test.
+struct AuxiliaryLines {
+    double first = 0;
+    double second = 0;
+};
+
+/// What a diagram shows beside its series.
+struct DiagramSettings {
+    std::string intervalCaption;                  // for example "10 Minuten"
+    std::optional<AuxiliaryLines> auxiliaryLines; // nothing: the control keeps its lines
+};
+
+/// The readers. Files come from the opener and memory is kept from one reading to the next. Between pieces of
+/// a long reading `step` is called; it may start another reading on the same reader if it gives up this one.
+class DataReader {
+  public:
+    explicit DataReader(FileOpener open = openFile)
+        : open_(std::move(open)) {}
+
+    /// List reader: every interval, valid or not, in time order.
+    Reading readList(const StationConfig& station, const ReadRequest& request,
+                     const std::function<void(DateTime MessZeit, double MessWert)>& showValue,
+                     const ReadingStep& step);
+
+    /// Diagram reader: fills the shared table from the channel's file, tells the control the count and sets
+    /// its headlines, unit and, when asked for, auxiliary lines. A missing file gives a count of 0.
+    Reading readDiagram(const StationConfig& station, const ReadRequest& request,
+                        const DiagramSettings& settings, DiagramState& diagram, const ReadingStep& step);
+
+    /// The same from the day files of the binary form: one pass, or means, minima and maxima as three
+    /// passes for wide records.
+    Reading readDayDiagram(const StationConfig& station, const ReadRequest& request,
+                           const DiagramSettings& settings, DiagramState& diagram, const ReadingStep& step);
+
+    /// The rows of the day files for the data list; nothing when given up.
+    std::optional<DayRows> readDayList(const StationConfig& station, const TimeRange& range,
+                                       const ReadingStep& step) {
+        return readDayRows(station, range, open_, step);
+    }
+
+  private:
+    /// Averages the blocks piece by piece and hands them to `consume(first, values)`.
+    template<typename Consume>
+    Reading averagePieces(BlockReader& blocks, std::int32_t mode, const ReadingStep& step, Consume consume);
+
+    FileOpener open_;
+    ReadBuffers buffers_;
+    std::vector<double> averages_;
+};
+
+/// First headline: "Title - Name [Unit]".
+std::string firstHeadline(const StationConfig& station, std::int32_t channel);
+
+/// Second headline: "Subtitle - 10 Minuten Mittelwert".
+std::string secondHeadline(const StationConfig& station, const std::string& intervalCaption);
+
+} // namespace kelvrum

@@ -1,0 +1,163 @@
+#include "data/DayFiles.h"
+
+#include "config/DataFolder.h"
+#include "data/DayFormat.h"
+#include "util/Format.h"
+#include "util/LittleEndian.h"
+#include "util/Paths.h"
+#include "util/Text.h"
+#include "util/Validity.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+namespace kelvrum {
+
+namespace {
+
+constexpr std::size_t PIECE_SIZE = 256UL * 1024; // bytes fetched with one read, about
+constexpr std::size_t DATE_LENGTH = 8;           // of yyyymmdd
+
+std::optional<DateTime> recordTime(std::span<const std::byte> record) {
+    const int year = loadLittle<std::int16_t>(record, kmh::YEAR_AT);
+    const int month = loadLittle<std::uint8_t>(record, kmh::MONTH_AT);
+    const int day = loadLittle<std::uint8_t>(record, kmh::DAY_AT);
+    const int minute = loadLittle<std::int16_t>(record, kmh::MINUTE_AT);
+    if (!isDate(year, month, day) || minute < 0 || minute >= MINUTES_PER_DAY) {
+        return std::nullopt;
+    }
+    return dateSerial(year, month, day) + static_cast<double>(minute) / MINUTES_PER_DAY;
+}
+
+/// The present values of one field of an interval's records.
+struct Gathered {
+    double sum = 0;
+    std::int64_t count = 0;
+    double minimum = INVALID_VALUE;
+    double maximum = INVALID_VALUE;
+
+    void addMean(double v) {
+        if (isPresent(v)) {
+            sum += v;
+            ++count;
+        }
+    }
+    void addMinimum(double v) {
+        if (isPresent(v) && (minimum == INVALID_VALUE || v < minimum)) {
+            minimum = v;
+        }
+    }
+    void addMaximum(double v) {
+        if (isPresent(v) && (maximum == INVALID_VALUE || v > maximum)) {
+            maximum = v;
+        }
+    }
+    [[nodiscard]] double mean() const {
+        return count == 0 ? INVALID_VALUE : validate(sum / static_cast<double>(count));
+    }
+};
+
+/// Intervals by number. Records come nearly always in time order: then the last interval is the one.
+class Intervals {
+  public:
+    Gathered& at(std::int64_t index) {
+        if (last_ == intervals_.end() || last_->first != index) {
+            last_ = intervals_.try_emplace(intervals_.end(), index);
+        }
+        return last_->second;
+    }
+    [[nodiscard]] const std::map<std::int64_t, Gathered>& all() const { return intervals_; }
+
+  private:
+    std::map<std::int64_t, Gathered> intervals_;
+    std::map<std::int64_t, Gathered>::iterator last_ = intervals_.end();
+};
+
+} // namespace
+
+std::string dayFileName(DateTime day) { return formatDateTime(day, "yyyymmdd", {}) + ".KMH"; }
+
+float DayRecord::value(std::size_t at) const { return loadLittle<float>(fields, at); }
+
+void readDayRecords(FileSource& file, std::size_t recordSize,
+                    const std::function<void(const DayRecord&)>& consume) {
+    std::vector<std::byte> piece(std::max<std::size_t>(PIECE_SIZE / recordSize, 1) * recordSize);
+    std::uint64_t offset = 0;
+    for (;;) {
+        const std::size_t got = file.read(offset, piece);
+        const std::size_t records = got / recordSize;
+        for (std::size_t i = 0; i < records; ++i) {
+            const auto record = std::span<const std::byte>(piece).subspan(i * recordSize, recordSize);
+            if (const auto time = recordTime(record)) {
+                consume({*time, record.subspan(kmh::FIELDS_AT)});
+            }
+        }
+        if (got < piece.size()) {
+            return;
+        }
+        offset += got;
+    }
+}
+
+std::vector<std::string> dayFilesBetween(const std::string& folder, const TimeRange& range) {
+    const std::string first = dayFileName(range.from).substr(0, DATE_LENGTH);
+    const std::string last = dayFileName(range.to).substr(0, DATE_LENGTH);
+    std::map<std::string, std::string> byDay;
+    for (const std::string& name : filesIn(folder)) {
+        const std::string day = name.substr(0, DATE_LENGTH);
+        const bool named = name.size() == DATE_LENGTH + 4 && upperAscii(name).ends_with(".KMH") &&
+                           std::all_of(day.begin(), day.end(), [](char c) { return c >= '0' && c <= '9'; });
+        if (named && day >= first && day <= last) {
+            byDay.emplace(day, name); // of names that differ in case only, the first in byte order: ".KMH"
+        }
+    }
+    std::vector<std::string> names;
+    for (const auto& [day, name] : byDay) {
+        names.push_back(name);
+    }
+    return names;
+}
+
+std::optional<std::vector<DayInterval>> readDayIntervals(const StationConfig& station,
+                                                         const ReadRequest& request, const FileOpener& open,
+                                                         const ReadingStep& step) {
+    std::vector<DayInterval> result;
+    const auto& active = station.ActiveChannels;
+    const auto slot = std::find(active.begin(), active.end(), request.channel);
+    if (slot == active.end() || request.interval < 1) {
+        return result;
+    }
+    const bool wide = station.WideRecords;
+    const std::size_t field =
+        static_cast<std::size_t>(slot - active.begin()) * (wide ? kmh::WIDE_FIELD : kmh::NARROW_FIELD);
+    const std::string folder = dataFolder(station);
+    Intervals intervals;
+    for (const std::string& name : dayFilesBetween(folder, request.range)) {
+        if (step && !step()) {
+            return std::nullopt;
+        }
+        const auto file = open(folder + name);
+        if (!file) {
+            continue;
+        }
+        readDayRecords(*file, kmh::recordSize(active.size(), wide), [&](const DayRecord& record) {
+            if (record.time < request.range.from || record.time >= request.range.to) {
+                return;
+            }
+            const double minutes = std::floor((record.time - request.range.from) * MINUTES_PER_DAY + 0.5);
+            Gathered& interval = intervals.at(static_cast<std::int64_t>(minutes) / request.interval);
+            interval.addMean(record.value(field));
+            if (wide) {
+                interval.addMinimum(record.value(field + kmh::MINIMUM_AT));
+                interval.addMaximum(record.value(field + kmh::MAXIMUM_AT));
+            }
+        });
+    }
+    for (const auto& [index, gathered] : intervals.all()) {
+        result.push_back({index, gathered.mean(), gathered.minimum, gathered.maximum});
+    }
+    return result;
+}
+
+} // namespace kelvrum

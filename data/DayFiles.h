@@ -1,0 +1,58 @@
+// The day files of stations with a binary configuration.
+#pragma once
+
+#include "config/StationConfig.h"
+#include "data/BlockReader.h"
+#include "util/DateTime.h"
+#include "util/FileSource.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace kelvrum {
+
+/// Called between the steps of a long reading; false gives the reading up.
+using ReadingStep = std::function<bool()>;
+
+/// Name of the day file of a date, for example "20200618.KMH".
+std::string dayFileName(DateTime day);
+
+/// One record: its time and its value fields.
+struct DayRecord {
+    DateTime time = 0;
+    std::span<const std::byte> fields;
+
+    /// The float at a byte offset of the value fields.
+    [[nodiscard]] float value(std::size_t at) const;
+};
+
+/// Hands the records of a day file to `consume`, from its start to its end. Records with an impossible date
+/// or minute are skipped, a torn last one is dropped.
+void readDayRecords(FileSource& file, std::size_t recordSize,
+                    const std::function<void(const DayRecord&)>& consume);
+
+/// The names of the day files of the days from one date to another, in day order: those named by the date
+/// alone, in any case of letters.
+std::vector<std::string> dayFilesBetween(const std::string& folder, const TimeRange& range);
+
+/// What the records of one interval hold for one channel. INVALID_VALUE where no record has a value.
+struct DayInterval {
+    std::int64_t index = 0; // number of the interval from the range start
+    double mean = 0;
+    double minimum = 0;
+    double maximum = 0;
+};
+
+/// Reads one channel over a range: the records from the start (inclusive) to the end (exclusive), grouped
+/// into intervals of N minutes from the range start. Only intervals with records come back, in time order.
+/// Nothing when the reading was given up.
+std::optional<std::vector<DayInterval>> readDayIntervals(const StationConfig& station,
+                                                         const ReadRequest& request, const FileOpener& open,
+                                                         const ReadingStep& step);
+
+} // namespace kelvrum

@@ -1,0 +1,90 @@
+#include "data/DayList.h"
+
+#include "config/DataFolder.h"
+#include "data/DayFormat.h"
+#include "util/LittleEndian.h"
+#include "util/Paths.h"
+#include "util/Text.h"
+
+#include <array>
+#include <cmath>
+#include <map>
+#include <utility>
+
+namespace kelvrum {
+
+namespace {
+
+constexpr std::size_t DATE_LENGTH = 8;
+
+/// The minute of a file's first record; 0 when it has none.
+std::int16_t firstMinute(const std::string& path, const FileOpener& open) {
+    std::array<std::byte, 2> bytes{};
+    const auto file = open(path);
+    const bool read = file && file->read(kmh::MINUTE_AT, bytes) == bytes.size();
+    return read ? loadLittle<std::int16_t>(bytes, 0) : std::int16_t{0};
+}
+
+/// The names that could be day files, by their first eight characters.
+std::map<std::string, std::vector<std::string>> byDate(const std::vector<std::string>& names) {
+    std::map<std::string, std::vector<std::string>> result;
+    for (const std::string& name : names) {
+        if (name.size() >= DATE_LENGTH && upperAscii(name).ends_with(".KMH")) {
+            result[name.substr(0, DATE_LENGTH)].push_back(name);
+        }
+    }
+    return result;
+}
+
+} // namespace
+
+std::vector<std::string> filesOfDay(const std::string& folder, const std::vector<std::string>& names,
+                                    DateTime day, const FileOpener& open) {
+    const std::string date = dayFileName(day).substr(0, DATE_LENGTH);
+    auto found = byDate(names)[date];
+    if (found.size() > 1 && firstMinute(folder + found[0], open) < firstMinute(folder + found[1], open)) {
+        std::swap(found[0], found[1]);
+    }
+    return found;
+}
+
+std::optional<DayRows> readDayRows(const StationConfig& station, const TimeRange& range,
+                                   const FileOpener& open, const ReadingStep& step) {
+    DayRows rows;
+    rows.channels = station.ActiveChannels.size();
+    if (rows.channels == 0) {
+        return rows;
+    }
+    const std::size_t fieldSize = station.WideRecords ? kmh::WIDE_FIELD : kmh::NARROW_FIELD;
+    const std::size_t recordSize = kmh::recordSize(rows.channels, station.WideRecords);
+    const std::string folder = dataFolder(station);
+    const std::string first = dayFileName(range.from).substr(0, DATE_LENGTH);
+    const std::string last = dayFileName(range.to).substr(0, DATE_LENGTH);
+    for (const auto& [date, names] : byDate(filesIn(folder))) {
+        const auto day = parseDateTime(date.substr(0, 4) + "-" + date.substr(4, 2) + "-" + date.substr(6));
+        if (date < first || date > last || !day) {
+            continue;
+        }
+        for (const std::string& name : filesOfDay(folder, names, *day, open)) {
+            if (step && !step()) {
+                return std::nullopt;
+            }
+            const auto file = open(folder + name);
+            if (!file) {
+                continue;
+            }
+            readDayRecords(*file, recordSize, [&](const DayRecord& record) {
+                if (record.time < range.from || record.time > range.to) {
+                    return;
+                }
+                rows.times.push_back(record.time);
+                for (std::size_t i = 0; i < rows.channels; ++i) {
+                    rows.values.push_back(record.value(i * fieldSize));
+                }
+            });
+        }
+    }
+    return rows;
+}
+
+} // namespace kelvrum

@@ -1,0 +1,46 @@
+// From interval values to the columns of the SeriesTable.
+#pragma once
+
+#include "diagram/SeriesTable.h"
+#include "util/DateTime.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+namespace kelvrum {
+
+/// The start of interval i of a range: never a running sum, which would drift.
+inline DateTime intervalStart(DateTime start, std::int64_t i, std::int32_t interval) {
+    return start + static_cast<double>(i * interval) / static_cast<double>(MINUTES_PER_DAY);
+}
+
+/// Lays interval values into a table from its first column on: a column for each value, and one gap column
+/// behind the last value before a run of missing intervals. Missing intervals before the first value leave
+/// none.
+class SeriesFill {
+  public:
+    /// The table must outlive the fill; it grows to `expected` columns at once.
+    SeriesFill(SeriesTable& table, std::size_t expected);
+
+    /// Adds the next interval in time order.
+    void add(DateTime start, double value);
+
+    /// Adds consecutive intervals of the reading that starts at `start`; the first has the number `first`.
+    void add(DateTime start, std::int64_t first, std::int32_t interval, std::span<const double> values);
+
+    /// The next interval begins a new pass over the range: the first values stand without a gap before them.
+    void startPass() { previousValid_ = false; }
+
+    /// Shrinks the table to the columns added, at least one, and returns how many were added.
+    std::size_t finish();
+
+  private:
+    void reserveFor(std::size_t more);
+
+    SeriesTable& table_;
+    std::size_t columns_ = 0;
+    bool previousValid_ = false;
+};
+
+} // namespace kelvrum
