@@ -30,7 +30,7 @@ bool ReadVarnix(std::string_view path, StationConfig& station, const FileOpener&
         const auto channel = static_cast<std::int32_t>(k + 1);
         ChannelInfo& info = station.ChannelTable.grow(channel);
         info.Name = text(slot + SLOT_NAME_AT, SLOT_NAME_SIZE);
-        info.Tag = "s" + std::to_string(k);
+        info.Tag = std::string("s").append(std::to_string(k));
         info.Mode = MODE_MEAN; // the form has no averaging mode of its own
         station.ActiveChannels.push_back(channel);
     }

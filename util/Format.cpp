@@ -3,6 +3,8 @@
 #include "util/Numbers.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 
 namespace kelvrum {
@@ -126,6 +128,14 @@ std::string shownNumber(double v, const LocaleTexts& texts) {
     std::string text = plainNumber(v);
     replacePoint(text, texts);
     return text;
+}
+
+std::string shownNumber(float v, const LocaleTexts& texts) {
+    // The shortest text that names the float, read as a double: 0.1F is 0.1, not 0.100000001490116.
+    std::array<char, 40> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), v).ptr;
+    const double value = std::isfinite(v) ? leadingNumber({text.data(), end}) : static_cast<double>(v);
+    return shownNumber(value, texts);
 }
 
 std::string rowTime(DateTime t, const LocaleTexts& texts) {

@@ -27,6 +27,9 @@ std::string formatDateTime(DateTime t, std::string_view format, const LocaleText
 /// v as an ordinary decimal number in the user's locale (at most 15 significant digits).
 std::string shownNumber(double v, const LocaleTexts& texts);
 
+/// The same of a single-precision number, with no more digits than it has.
+std::string shownNumber(float v, const LocaleTexts& texts);
+
 /// The row text of the data list: the short date directly followed by " hh:mm".
 std::string rowTime(DateTime t, const LocaleTexts& texts);
 

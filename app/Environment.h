@@ -1,0 +1,20 @@
+// What the main window takes from the world around it. Tests hand in their own.
+#pragma once
+
+#include "util/FileSource.h"
+#include "util/Format.h"
+
+#include <QDate>
+#include <QString>
+#include <functional>
+
+namespace kelvrum {
+
+struct Environment {
+    std::function<QDate()> today; // the clock
+    QString programFolder;        // holds the start-up project; becomes the current folder
+    LocaleTexts texts;            // how numbers and dates are shown
+    FileOpener open = openFile;   // how the station's files are opened
+};
+
+} // namespace kelvrum

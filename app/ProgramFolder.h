@@ -1,0 +1,13 @@
+// The folder in which the program works.
+#pragma once
+
+#include <QString>
+
+namespace kelvrum {
+
+/// The executable's folder when it holds a QEL.ini (any case of letters) or can be written; otherwise, as
+/// after an installation for all users, the user's data folder of the application, which is made when it is
+/// missing.
+QString programFolder(const QString& executableFolder, const QString& userDataFolder);
+
+} // namespace kelvrum

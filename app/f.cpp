@@ -1,0 +1,112 @@
+#include "app/f.h"
+
+#include "app/DataListModel.h"
+#include "config/ChannelList.h"
+#include "config/ReadConf.h"
+#include "diagram/PolarSys.h"
+#include "util/Numbers.h"
+
+#include <QComboBox>
+#include <QDateEdit>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QTableView>
+#include <QTimeEdit>
+#include <utility>
+
+namespace kelvrum {
+
+namespace {
+constexpr int ROW_DAYS = 2; // of selScroll
+} // namespace
+
+f::f(Environment environment)
+    : environment_(std::move(environment))
+    , reader_(environment_.open) {
+    buildMenus();
+    buildViews();
+    buildColumn();
+    nameForReaders();
+    connectControls();
+    setCaption();
+}
+
+f::~f() = default;
+
+void f::Form_Load() {
+    KS->Clear();
+
+    KS->setD1(0xFF0000);
+    KS->setY1axe(0x400000);
+    keptColour1_ = 0x800000;
+    keptColour2_ = WHITE;
+    KS->setHeadLine(station_.Title);
+    KS->setAchseText("");
+    KS->setY1Low(-5); // until the user touches the scale, whatever the boxes show
+    KS->setY1High(5);
+    KS->setY1MinLow(0.2);
+
+    zoom_ = 1;
+    lZoom->setText(QString::number(zoom_));
+
+    // Setting a control from code raises no change handling; the one LoadData of the start comes last.
+    const QDate today = environment_.today();
+    DTPicker->setDate(today);
+    DTPicker2->setDate(today.addDays(1));
+    DTPicker1->setTime(QTime(0, 0));
+    DTPicker3->setTime(QTime(0, 0));
+    selInterval->setCurrentIndex(0);
+    selScroll->setCurrentIndex(ROW_DAYS);
+    optView[0]->setChecked(true);
+    lView->hide();
+
+    manualMinimum_ = 0;
+    manualMaximum_ = 100;
+    Text1->setText(QString::fromStdString(plainNumber(manualMinimum_)));
+    Text2->setText(QString::fromStdString(plainNumber(manualMaximum_)));
+
+    QDir::setCurrent(environment_.programFolder);
+    readConf(environment_.programFolder.toStdString() + "\\QEL.ini");
+    LoadData();
+
+    KS->setHilfslinie2(0);
+    KS->setHilfslinie1(0);
+}
+
+void f::readConf(std::string_view ConfFile) {
+    auto station = kelvrum::readConf(ConfFile, environment_.open);
+    if (!station) {
+        return;
+    }
+    ++loadNumber_; // a reading of the old project that is still under way gives up
+    station_ = std::move(*station);
+    limitsShown_ = 0;
+    rows_->setColumns(listColumns(station_));
+    {
+        const QSignalBlocker silent(selChan);
+        selChan->clear();
+        for (const ListedChannel& entry : listedChannels(station_)) {
+            auto* item = new QListWidgetItem(QString::fromStdString(entry.name), selChan);
+            item->setData(Qt::UserRole, entry.channel);
+        }
+        selChan->setCurrentRow(selChan->count() > 0 ? 0 : -1);
+    }
+    setCaption();
+}
+
+void f::setCaption() {
+    setWindowTitle(QStringLiteral("Kelvrum - Station ") + QString::fromStdString(station_.Title));
+}
+
+void f::channelChosen() { LoadData(); }
+
+void f::viewChosen() {
+    lView->setVisible(!diagramSelected());
+    LoadData();
+}
+
+} // namespace kelvrum

@@ -1,0 +1,345 @@
+// The controls of the main window: what there is, where it stands, what it calls.
+#include "app/DataListModel.h"
+#include "app/SystemLocale.h"
+#include "app/f.h"
+#include "data/RangeSteps.h"
+#include "diagram/PolarSys.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSlider>
+#include <QTableView>
+#include <QTimeEdit>
+#include <array>
+
+namespace kelvrum {
+
+namespace {
+
+constexpr int COLUMN_LEFT = 2;
+constexpr int COLUMN_WIDTH = 114;
+constexpr int FONT_PIXELS = 11;
+constexpr int ROW_HEIGHT = 17; // of the data list
+constexpr int INNER_LEFT = 5;  // within a frame
+constexpr int INNER_WIDTH = 104;
+constexpr int CONTROL_HEIGHT = 20;
+
+struct Choice {
+    const char* caption;
+    int data;
+};
+constexpr std::array<Choice, 6> INTERVALS = {{
+    {"1 Minute", 1},
+    {"5 Minuten", 5},
+    {"10 Minuten", 10},
+    {"15 Minuten", 15},
+    {"1 Stunde", 60},
+    {"1 Tag", MINUTES_PER_DAY},
+}};
+constexpr std::array<Choice, 4> SCROLL_UNITS = {{
+    {"Minuten", SCROLL_MINUTE},
+    {"Stunden", SCROLL_HOUR},
+    {"Tage", SCROLL_DAY},
+    {"Monate", SCROLL_MONTH},
+}};
+
+/// A control with its name, at its place in its parent.
+template<typename Control, typename... Arguments>
+Control* make(QWidget* parent, const char* name, const QRect& place, Arguments&&... arguments) {
+    auto* control = new Control(std::forward<Arguments>(arguments)..., parent);
+    control->setObjectName(QString::fromUtf8(name));
+    control->setGeometry(place);
+    return control;
+}
+
+QRect row(int y) { return {INNER_LEFT, y, INNER_WIDTH, CONTROL_HEIGHT}; }
+
+template<std::size_t COUNT>
+QComboBox* makeChoice(QWidget* parent, const char* name, int y, const std::array<Choice, COUNT>& choices) {
+    auto* box = make<QComboBox>(parent, name, row(y));
+    for (const Choice& choice : choices) {
+        box->addItem(QString::fromUtf8(choice.caption), choice.data);
+    }
+    return box;
+}
+
+QDateEdit* makeDatePicker(QWidget* parent, const char* name, int y, const LocaleTexts& texts) {
+    auto* picker = make<QDateEdit>(parent, name, row(y));
+    picker->setTimeSpec(Qt::UTC); // stations know no summer time
+    picker->setDisplayFormat(pickerFormat(texts));
+    picker->setCalendarPopup(true);
+    picker->setKeyboardTracking(false); // a change is a finished edit
+    picker->setDateRange(QDate(100, 1, 1), QDate(9999, 12, 31));
+    return picker;
+}
+
+QTimeEdit* makeTimePicker(QWidget* parent, const char* name, int y) {
+    auto* picker = make<QTimeEdit>(parent, name, QRect(INNER_LEFT + 25, y, 39, CONTROL_HEIGHT));
+    picker->setTimeSpec(Qt::UTC);
+    picker->setDisplayFormat(QStringLiteral("HH:mm"));
+    picker->setKeyboardTracking(false);
+    picker->setWrapping(false);
+    picker->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    picker->setAlignment(Qt::AlignHCenter);
+    return picker;
+}
+
+} // namespace
+
+QGroupBox* f::frame(const char* name, const QString& caption, const QRect& place) {
+    return make<QGroupBox>(client_, name, place, caption);
+}
+
+void f::buildMenus() {
+    const auto entry = [](QMenu* menu, const char* name, const QString& caption) {
+        QAction* action = menu->addAction(caption);
+        action->setObjectName(QString::fromUtf8(name));
+        return action;
+    };
+    menDat = menuBar()->addMenu(QStringLiteral("&Datei"));
+    menDat->setObjectName(QStringLiteral("menDat"));
+    menOpen = entry(menDat, "menOpen", QStringLiteral("Ö&ffnen"));
+    menPrint = entry(menDat, "menPrint", QStringLiteral("&Drucken"));
+    menCPrint = entry(menDat, "menCPrint", QStringLiteral("&Sammeldruck"));
+    menSelP = entry(menDat, "menSelP", QStringLiteral("Drucker &einrichten"));
+    menDat->addSeparator()->setObjectName(QStringLiteral("Men001"));
+    MenEnd = entry(menDat, "MenEnd", QStringLiteral("&Ende"));
+    menKor = menuBar()->addMenu(QStringLiteral("&Korrekturfaktoren"));
+    menKor->setObjectName(QStringLiteral("menKor"));
+    menWind = entry(menKor, "menWind", QStringLiteral("&Wind"));
+    menStaub = entry(menKor, "menStaub", QStringLiteral("&Staub"));
+
+    // Not there yet: opening by dialog, printing, corrections.
+    for (QAction* action : {menOpen, menPrint, menCPrint, menSelP, menWind, menStaub}) {
+        action->setEnabled(false);
+    }
+}
+
+/// The view area, from the lowest layer up: diagram, scroll bar, list.
+void f::buildViews() {
+    client_ = new QWidget(this);
+    setCentralWidget(client_);
+    client_->installEventFilter(this);
+    QFont font(QStringLiteral("Arial"));
+    font.setPixelSize(FONT_PIXELS);
+    client_->setFont(font);
+
+    KS = new PolarSys(environment_.texts, client_);
+    KS->setObjectName(QStringLiteral("KS"));
+    HScroll = new QScrollBar(Qt::Horizontal, client_);
+    HScroll->setObjectName(QStringLiteral("HScroll"));
+
+    lView = new QTableView(client_);
+    lView->setObjectName(QStringLiteral("lView"));
+    rows_ = new DataListModel(environment_.texts, lView);
+    rows_->setColumns(listColumns(station_));
+    lView->setModel(rows_);
+    lView->setShowGrid(false);
+    lView->setSelectionBehavior(QAbstractItemView::SelectRows);
+    lView->setWordWrap(false);
+    lView->verticalHeader()->hide();
+    lView->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    lView->verticalHeader()->setMinimumSectionSize(ROW_HEIGHT);
+    lView->verticalHeader()->setDefaultSectionSize(ROW_HEIGHT);
+    lView->horizontalHeader()->setDefaultSectionSize(120);
+    lView->horizontalHeader()->setHighlightSections(false);
+    lView->hide();
+}
+
+void f::buildColumn() {
+    selChan = make<QListWidget>(client_, "selChan", QRect(COLUMN_LEFT, 2, COLUMN_WIDTH, 108));
+    selChan->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+
+    auto* views = new QButtonGroup(this);
+    optView[1] =
+        make<QRadioButton>(client_, "optView(1)", QRect(4, 112, 112, 17), QStringLiteral("Daten&liste"));
+    optView[0] =
+        make<QRadioButton>(client_, "optView(0)", QRect(4, 129, 112, 17), QStringLiteral("Linien&diagramm"));
+    views->addButton(optView[0], 0);
+    views->addButton(optView[1], 1);
+    optView[0]->setChecked(true);
+
+    buildRangeFrames();
+    buildScaleFrames();
+
+    Frame2 = make<QFrame>(client_, "Frame2", QRect(COLUMN_LEFT, 646, COLUMN_WIDTH, 13));
+    Label8 =
+        make<QLabel>(Frame2, "Label8", QRect(3, 0, COLUMN_WIDTH - 3, 13), QStringLiteral("Lade Daten ..."));
+    Label8->hide();
+    Label1 =
+        make<QLabel>(client_, "Label1", QRect(5, 659, COLUMN_WIDTH - 3, 15), QStringLiteral("Startzeit"));
+}
+
+void f::buildRangeFrames() {
+    const auto button = [](QWidget* parent, const char* name, const QRect& place, const char* caption) {
+        return make<QPushButton>(parent, name, place, QString::fromUtf8(caption));
+    };
+    QGroupBox* date = frame("Frame3", QStringLiteral("Datum"), {COLUMN_LEFT, 147, COLUMN_WIDTH, 106});
+    make<QLabel>(date, "Label2", QRect(INNER_LEFT, 17, 24, CONTROL_HEIGHT), QStringLiteral("von:"));
+    DTPicker1 = makeTimePicker(date, "DTPicker1", 17);
+    Command3 = button(date, "Command3", {INNER_LEFT + 65, 17, 19, CONTROL_HEIGHT}, "<<");
+    Command4 = button(date, "Command4", {INNER_LEFT + 85, 17, 19, CONTROL_HEIGHT}, ">>");
+    DTPicker = makeDatePicker(date, "DTPicker", 38, environment_.texts);
+    make<QLabel>(date, "Label3", QRect(INNER_LEFT, 61, 24, CONTROL_HEIGHT), QStringLiteral("bis:"));
+    DTPicker3 = makeTimePicker(date, "DTPicker3", 61);
+    Command6 = button(date, "Command6", {INNER_LEFT + 65, 61, 19, CONTROL_HEIGHT}, "<<");
+    Command5 = button(date, "Command5", {INNER_LEFT + 85, 61, 19, CONTROL_HEIGHT}, ">>");
+    DTPicker2 = makeDatePicker(date, "DTPicker2", 82, environment_.texts);
+
+    QGroupBox* scroll = frame("Frame6", QStringLiteral("Scrollen"), {COLUMN_LEFT, 255, COLUMN_WIDTH, 64});
+    selScroll = makeChoice(scroll, "selScroll", 17, SCROLL_UNITS);
+    Command7 = button(scroll, "Command7", {INNER_LEFT, 39, 51, CONTROL_HEIGHT}, "<-");
+    Command8 = button(scroll, "Command8", {INNER_LEFT + 53, 39, 51, CONTROL_HEIGHT}, "->");
+
+    QGroupBox* average =
+        frame("Frame4", QStringLiteral("Mittelwerte-Intervall"), {COLUMN_LEFT, 321, COLUMN_WIDTH, 42});
+    selInterval = makeChoice(average, "selInterval", 17, INTERVALS);
+}
+
+void f::buildScaleFrames() {
+    const auto box = [](QWidget* parent, const char* name, const QRect& place, const char* text) {
+        auto* field = make<QLineEdit>(parent, name, place, QString::fromUtf8(text));
+        field->setAlignment(Qt::AlignRight);
+        return field;
+    };
+    const auto label = [](QWidget* parent, const char* name, int y, const char* caption, QWidget* buddy) {
+        auto* text =
+            make<QLabel>(parent, name, QRect(INNER_LEFT, y, 62, CONTROL_HEIGHT), QString::fromUtf8(caption));
+        text->setBuddy(buddy);
+        return text;
+    };
+    QGroupBox* scale = frame("Frame5", QStringLiteral("Skalierung"), {COLUMN_LEFT, 365, COLUMN_WIDTH, 95});
+    Option1 = make<QRadioButton>(scale, "Option1", QRect(INNER_LEFT, 16, INNER_WIDTH, 17),
+                                 QStringLiteral("&Automatisch"));
+    Option2 = make<QRadioButton>(scale, "Option2", QRect(INNER_LEFT, 33, INNER_WIDTH, 17),
+                                 QStringLiteral("Man&uell"));
+    Option2->setChecked(true);
+    Text1 = box(scale, "Text1", {59, 51, 50, CONTROL_HEIGHT}, "0");
+    Label4 = label(scale, "Label4", 51, "&Minimum:", Text1);
+    Text2 = box(scale, "Text2", {59, 72, 50, CONTROL_HEIGHT}, "100");
+    Label5 = label(scale, "Label5", 72, "Ma&ximum:", Text2);
+
+    QGroupBox* limits = frame("Frame7", QStringLiteral("Hilfslinien"), {COLUMN_LEFT, 462, COLUMN_WIDTH, 96});
+    Check1 = make<QCheckBox>(limits, "Check1", QRect(INNER_LEFT, 16, INNER_WIDTH, 17),
+                             QStringLiteral("an&zeigen"));
+    Text3 = box(limits, "Text3", {68, 34, 41, CONTROL_HEIGHT}, "100");
+    Label6 = label(limits, "Label6", 34, "Grenzwert &1", Text3);
+    Text4 = box(limits, "Text4", {68, 55, 41, CONTROL_HEIGHT}, "0");
+    Label7 = label(limits, "Label7", 55, "Grenzwert &2", Text4);
+    Check2 = make<QCheckBox>(limits, "Check2", QRect(INNER_LEFT, 77, INNER_WIDTH, 17),
+                             QStringLiteral("Mi&ttelwert"));
+    for (QWidget* control : std::initializer_list<QWidget*>{Text3, Text4, Label6, Label7}) {
+        control->setEnabled(false);
+    }
+    Text3->setReadOnly(true);
+    Text4->setReadOnly(true);
+
+    QGroupBox* zoom = frame("Frame1", QStringLiteral("Zoom"), {COLUMN_LEFT, 560, COLUMN_WIDTH, 64});
+    Command1 =
+        make<QPushButton>(zoom, "Command1", QRect(INNER_LEFT, 17, 30, CONTROL_HEIGHT), QStringLiteral("<<"));
+    lZoom = make<QLabel>(zoom, "lZoom", QRect(INNER_LEFT + 31, 17, 42, CONTROL_HEIGHT), QStringLiteral("1"));
+    lZoom->setAlignment(Qt::AlignCenter);
+    Command2 = make<QPushButton>(zoom, "Command2", QRect(INNER_LEFT + 74, 17, 30, CONTROL_HEIGHT),
+                                 QStringLiteral(">>"));
+    Command1->setEnabled(false); // the zoom starts at its lower end
+    Slider1 =
+        make<QSlider>(zoom, "Slider1", QRect(INNER_LEFT, 40, INNER_WIDTH, CONTROL_HEIGHT), Qt::Horizontal);
+}
+
+/// Accessible names and tool tips, for those who cannot see captions or frames.
+void f::nameForReaders() {
+    struct Name {
+        QWidget* control;
+        const char* name;
+        const char* tip;
+    };
+    const std::initializer_list<Name> names = {
+        {KS, "Diagramm", ""},
+        {lView, "Datenliste", ""},
+        {HScroll, "Zeitachse", "Zeichnet das Diagramm neu"},
+        {selChan, "Kanal", "Angezeigter Kanal"},
+        {optView[1], "Datenliste", "Werte als Liste zeigen"},
+        {optView[0], "Liniendiagramm", "Werte als Diagramm zeigen"},
+        {DTPicker1, "von: Uhrzeit", "Beginn des Zeitraums, Uhrzeit"},
+        {Command3, "Beginn einen Tag früher", "Beginn einen Tag früher"},
+        {Command4, "Beginn einen Tag später", "Beginn einen Tag später"},
+        {DTPicker, "von: Datum", "Beginn des Zeitraums, Datum"},
+        {DTPicker3, "bis: Uhrzeit", "Ende des Zeitraums, Uhrzeit"},
+        {Command6, "Ende einen Tag früher", "Ende einen Tag früher"},
+        {Command5, "Ende einen Tag später", "Ende einen Tag später"},
+        {DTPicker2, "bis: Datum", "Ende des Zeitraums, Datum"},
+        {selScroll, "Scrolleinheit", "Einheit, um die der Zeitraum verschoben wird"},
+        {Command7, "Zeitraum zurück", "Zeitraum um eine Einheit zurück"},
+        {Command8, "Zeitraum vor", "Zeitraum um eine Einheit vor"},
+        {selInterval, "Mittelwerte-Intervall", "Dauer eines Intervalls"},
+        {Option1, "Skalierung automatisch", "Skala nach den Werten"},
+        {Option2, "Skalierung manuell", "Skala von Minimum bis Maximum"},
+        {Text1, "Minimum", "Unteres Ende der Skala"},
+        {Text2, "Maximum", "Oberes Ende der Skala"},
+        {Check1, "Grenzwerte anzeigen", "Beide Grenzwerte als Linien zeigen"},
+        {Text3, "Grenzwert 1", "Erste Hilfslinie (grün)"},
+        {Text4, "Grenzwert 2", "Zweite Hilfslinie (rot)"},
+        {Check2, "Mittelwert anzeigen", "Mittelwert als Linie zeigen"},
+        {Command1, "Zoom kleiner", "Zoom kleiner"},
+        {lZoom, "Zoom", "Zoomstufe"},
+        {Command2, "Zoom größer", "Zoom größer"},
+        {Slider1, "Zoom-Schieber", "Zeichnet das Diagramm neu"},
+    };
+    QWidget* before = nullptr;
+    for (const Name& entry : names) {
+        entry.control->setAccessibleName(QString::fromUtf8(entry.name));
+        entry.control->setToolTip(QString::fromUtf8(entry.tip));
+        if (before != nullptr) {
+            setTabOrder(before, entry.control);
+        }
+        before = entry.control;
+    }
+}
+
+/// Only what a user does raises a handler; see setQuietly for the pickers.
+void f::connectControls() {
+    connect(MenEnd, &QAction::triggered, this, &QWidget::close);
+    connect(selChan, &QListWidget::currentRowChanged, this, &f::channelChosen);
+    for (QRadioButton* view : optView) {
+        connect(view, &QRadioButton::clicked, this, &f::viewChosen);
+    }
+    connect(DTPicker, &QDateEdit::userDateChanged, this, [this] { dateEdited(Side::start); });
+    connect(DTPicker2, &QDateEdit::userDateChanged, this, [this] { dateEdited(Side::end); });
+    connect(DTPicker1, &QTimeEdit::userTimeChanged, this, [this] { timeEdited(Side::start); });
+    connect(DTPicker3, &QTimeEdit::userTimeChanged, this, [this] { timeEdited(Side::end); });
+    connect(Command3, &QPushButton::clicked, this, [this] { stepDate(Side::start, -1); });
+    connect(Command4, &QPushButton::clicked, this, [this] { stepDate(Side::start, +1); });
+    connect(Command6, &QPushButton::clicked, this, [this] { stepDate(Side::end, -1); });
+    connect(Command5, &QPushButton::clicked, this, [this] { stepDate(Side::end, +1); });
+    connect(Command7, &QPushButton::clicked, this, [this] { scrollRange(-1); });
+    connect(Command8, &QPushButton::clicked, this, [this] { scrollRange(+1); });
+    connect(selInterval, &QComboBox::activated, this, &f::intervalChosen);
+
+    connect(Option1, &QRadioButton::clicked, this, &f::scaleAutomatic);
+    connect(Option2, &QRadioButton::clicked, this, &f::scaleManual);
+    connect(Text1, &QLineEdit::textEdited, this, [this] { scaleEdited(false); });
+    connect(Text2, &QLineEdit::textEdited, this, [this] { scaleEdited(true); });
+    Text1->installEventFilter(this);
+    Text2->installEventFilter(this);
+    connect(Check1, &QCheckBox::clicked, this, &f::limitsToggled);
+    connect(Text3, &QLineEdit::textEdited, this, [this] { limitEdited(1); });
+    connect(Text4, &QLineEdit::textEdited, this, [this] { limitEdited(2); });
+    connect(Check2, &QCheckBox::clicked, this, &f::meanToggled);
+    connect(Command1, &QPushButton::clicked, this, [this] { zoomBy(-1); });
+    connect(Command2, &QPushButton::clicked, this, [this] { zoomBy(+1); });
+    connect(HScroll, &QScrollBar::valueChanged, this, &f::SetXHigh);
+    connect(Slider1, &QSlider::valueChanged, this, &f::SetXHigh);
+}
+
+} // namespace kelvrum

@@ -1,0 +1,150 @@
+// Loading: from the chosen channel, range and interval to list rows or a diagram.
+#include "app/DataListModel.h"
+#include "app/f.h"
+#include "correction/CorrectionMenu.h"
+#include "diagram/PolarSys.h"
+#include "util/Numbers.h"
+#include "util/Validity.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QRadioButton>
+#include <limits>
+
+namespace kelvrum {
+
+namespace {
+
+/// The hourglass, for as long as this lives.
+class BusyPointer {
+  public:
+    BusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+    ~BusyPointer() { QApplication::restoreOverrideCursor(); }
+};
+
+/// The number of a limit box; a NaN when it holds none, which the validity test turns into INVALID_VALUE.
+double limitOf(const QLineEdit& box) {
+    return wholeNumber(box.text().toStdString()).value_or(std::numeric_limits<double>::quiet_NaN());
+}
+
+} // namespace
+
+void f::LoadData() {
+    const unsigned request = ++loadNumber_;
+    const BusyPointer busy;
+    Label8->show();
+    const ReadingStep step = [this, request] {
+        QCoreApplication::processEvents();
+        return request == loadNumber_;
+    };
+    const std::int32_t channel = selectedChannel();
+    if (channel == 0) {
+        showNothing();
+    } else {
+        showLimitsOf(channel);
+        if (!readViews({channel, {}, range(), interval()}, step)) {
+            return; // a newer request has shown its view meanwhile
+        }
+    }
+    checkMenu(true);
+    SetXHigh();
+    Label8->hide();
+}
+
+/// Reads what the view shows. The view that is not shown keeps nothing of an older request. False when the
+/// reading was given up.
+bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
+    rows_->clear();
+    if (station_.Kind == ConfigKind::binary) {
+        return reader_.readDayDiagram(station_, request, diagramSettings(), *KS, step) == Reading::complete &&
+               fillListVarn(step);
+    }
+    if (diagramSelected()) {
+        return reader_.readDiagram(station_, request, diagramSettings(), *KS, step) == Reading::complete;
+    }
+    KS->SetArray(0);
+    const auto showValue = [this](DateTime time, double value) { ShowValue(time, value); };
+    const bool complete = reader_.readList(station_, request, showValue, step) == Reading::complete;
+    if (complete) {
+        rows_->show();
+    }
+    return complete;
+}
+
+bool f::fillListVarn(const ReadingStep& step) {
+    auto rows = reader_.readDayList(station_, range(), step);
+    if (!rows) {
+        return false;
+    }
+    rows_->setDayRows(std::move(*rows));
+    rows_->show();
+    return true;
+}
+
+void f::showNothing() {
+    rows_->clear();
+    KS->SetArray(0);
+    KS->setHeadLine(station_.Title);
+    KS->setHeadLine2("");
+    KS->setEinheit("");
+}
+
+void f::ShowValue(DateTime MessZeit, double MessWert) {
+    if (!(std::fabs(MessWert) < INVALID_VALUE)) {
+        return;
+    }
+    rows_->append(MessZeit, MessWert);
+}
+
+void f::SetXHigh() {
+    const TimeRange shown = range();
+    KS->setXLow(shown.from);
+    KS->setXHigh(shown.to);
+    KS->Draw();
+}
+
+bool f::checkMenu(bool allowed) {
+    const CorrectionMenu state = correctionMenu(allowed, station_.WindFactor);
+    if (state.visible) {
+        menKor->menuAction()->setVisible(*state.visible);
+    }
+    menKor->setEnabled(state.enabled);
+    return state.enabled;
+}
+
+/// The limits of a channel are written into the boxes when it comes into view; a reload keeps what the user
+/// typed.
+void f::showLimitsOf(std::int32_t channel) {
+    if (channel == limitsShown_) {
+        return;
+    }
+    limitsShown_ = channel;
+    const ChannelInfo& info = station_.ChannelTable.at(channel);
+    Text3->setText(QString::fromStdString(plainNumber(info.Limit1)));
+    Text4->setText(QString::fromStdString(plainNumber(info.Limit2)));
+}
+
+DiagramSettings f::diagramSettings() const {
+    DiagramSettings settings;
+    settings.intervalCaption = selInterval->currentText().toStdString();
+    if (Check1->isChecked()) {
+        settings.auxiliaryLines = AuxiliaryLines{limitOf(*Text3), limitOf(*Text4)};
+    }
+    return settings;
+}
+
+bool f::diagramSelected() const { return optView[0]->isChecked(); }
+
+std::int32_t f::selectedChannel() const {
+    const QListWidgetItem* item = selChan->currentItem();
+    return item == nullptr ? 0 : item->data(Qt::UserRole).toInt();
+}
+
+} // namespace kelvrum
