@@ -1,12 +1,14 @@
 // What the main window takes from the world around it. Tests hand in their own.
 #pragma once
 
+#include "config/Dialogs.h"
 #include "util/FileSource.h"
 #include "util/Format.h"
 
 #include <QDate>
 #include <QString>
 #include <functional>
+#include <memory>
 
 namespace kelvrum {
 
@@ -15,6 +17,7 @@ struct Environment {
     QString programFolder;        // holds the start-up project; becomes the current folder
     LocaleTexts texts;            // how numbers and dates are shown
     FileOpener open = openFile;   // how the station's files are opened
+    std::shared_ptr<Dialogs> dialogs = std::make_shared<Dialogs>(); // how the user is asked
 };
 
 } // namespace kelvrum

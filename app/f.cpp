@@ -1,8 +1,5 @@
 #include "app/f.h"
 
-#include "app/DataListModel.h"
-#include "config/ChannelList.h"
-#include "config/ReadConf.h"
 #include "diagram/PolarSys.h"
 #include "util/Numbers.h"
 
@@ -11,9 +8,7 @@
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QRadioButton>
-#include <QSignalBlocker>
 #include <QTableView>
 #include <QTimeEdit>
 #include <utility>
@@ -75,31 +70,6 @@ void f::Form_Load() {
 
     KS->setHilfslinie2(0);
     KS->setHilfslinie1(0);
-}
-
-void f::readConf(std::string_view ConfFile) {
-    auto station = kelvrum::readConf(ConfFile, environment_.open);
-    if (!station) {
-        return;
-    }
-    ++loadNumber_; // a reading of the old project that is still under way gives up
-    station_ = std::move(*station);
-    limitsShown_ = 0;
-    rows_->setColumns(listColumns(station_));
-    {
-        const QSignalBlocker silent(selChan);
-        selChan->clear();
-        for (const ListedChannel& entry : listedChannels(station_)) {
-            auto* item = new QListWidgetItem(QString::fromStdString(entry.name), selChan);
-            item->setData(Qt::UserRole, entry.channel);
-        }
-        selChan->setCurrentRow(selChan->count() > 0 ? 0 : -1);
-    }
-    setCaption();
-}
-
-void f::setCaption() {
-    setWindowTitle(QStringLiteral("Kelvrum - Station ") + QString::fromStdString(station_.Title));
 }
 
 void f::channelChosen() { LoadData(); }

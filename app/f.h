@@ -10,6 +10,7 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 class QAction;
@@ -53,6 +54,12 @@ class f : public QMainWindow {
     /// columns of the data list and selects the first channel. A path that names no configuration changes
     /// nothing. Loads nothing.
     void readConf(std::string_view ConfFile);
+
+    /// Opens the configuration file that the user chooses; loads in every case.
+    void OpenFile();
+
+    /// Shows the project selection window.
+    void showProjects();
 
     /// Reads the selected channel over the range at the interval and shows it. Entered again while it reads,
     /// the newest request wins.
@@ -123,6 +130,10 @@ class f : public QMainWindow {
     // --- f_layout.cpp ---
     void Form_Resize();
 
+    // --- f_project.cpp: opening projects ---
+    void adoptStation(StationConfig station);
+    [[nodiscard]] std::string projectFolder() const;
+
     void viewChosen();
     void channelChosen();
     void setCaption();
@@ -130,6 +141,7 @@ class f : public QMainWindow {
     Environment environment_;
     StationConfig station_;
     DataReader reader_;
+    bool collecting_ = false;      // rows are being read; they are shown together at the end
     unsigned loadNumber_ = 0;      // of the newest LoadData
     std::int32_t limitsShown_ = 0; // the channel whose limits the boxes were filled with; 0 = none
     int zoom_ = 1;                 // 1 to 25, read by nothing but the two zoom buttons
@@ -137,6 +149,8 @@ class f : public QMainWindow {
     double manualMaximum_ = 100;
     Colour keptColour1_ = 0x800000; // kept for later use
     Colour keptColour2_ = WHITE;
+    double lastWindFactor_ = 0; // shown when the correction dialog opens
+    double lastDustFactor_ = 0;
     int previousStartTime_ = 0; // minutes; the time pickers' values after their last change handling
     int previousEndTime_ = 0;
     bool suppressReload_ = false; // while the interval re-rounds the times
@@ -144,6 +158,7 @@ class f : public QMainWindow {
     QWidget* client_ = nullptr; // the window's inner area below the menu bar
     QMenu* menDat = nullptr;
     QAction* menOpen = nullptr;
+    QAction* menProj = nullptr;
     QAction* menPrint = nullptr;
     QAction* menCPrint = nullptr;
     QAction* menSelP = nullptr;

@@ -1,5 +1,6 @@
 // The controls of the main window: what there is, where it stands, what it calls.
 #include "app/DataListModel.h"
+#include "app/ListView.h"
 #include "app/SystemLocale.h"
 #include "app/f.h"
 #include "data/RangeSteps.h"
@@ -10,7 +11,6 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QGroupBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -30,8 +30,7 @@ namespace {
 constexpr int COLUMN_LEFT = 2;
 constexpr int COLUMN_WIDTH = 114;
 constexpr int FONT_PIXELS = 11;
-constexpr int ROW_HEIGHT = 17; // of the data list
-constexpr int INNER_LEFT = 5;  // within a frame
+constexpr int INNER_LEFT = 5; // within a frame
 constexpr int INNER_WIDTH = 104;
 constexpr int CONTROL_HEIGHT = 20;
 
@@ -110,6 +109,7 @@ void f::buildMenus() {
     menDat = menuBar()->addMenu(QStringLiteral("&Datei"));
     menDat->setObjectName(QStringLiteral("menDat"));
     menOpen = entry(menDat, "menOpen", QStringLiteral("Ö&ffnen"));
+    menProj = entry(menDat, "menProj", QStringLiteral("&Projektauswahl"));
     menPrint = entry(menDat, "menPrint", QStringLiteral("&Drucken"));
     menCPrint = entry(menDat, "menCPrint", QStringLiteral("&Sammeldruck"));
     menSelP = entry(menDat, "menSelP", QStringLiteral("Drucker &einrichten"));
@@ -120,8 +120,8 @@ void f::buildMenus() {
     menWind = entry(menKor, "menWind", QStringLiteral("&Wind"));
     menStaub = entry(menKor, "menStaub", QStringLiteral("&Staub"));
 
-    // Not there yet: opening by dialog, printing, corrections.
-    for (QAction* action : {menOpen, menPrint, menCPrint, menSelP, menWind, menStaub}) {
+    // Not there yet: printing and corrections.
+    for (QAction* action : {menPrint, menCPrint, menSelP, menWind, menStaub}) {
         action->setEnabled(false);
     }
 }
@@ -140,20 +140,11 @@ void f::buildViews() {
     HScroll = new QScrollBar(Qt::Horizontal, client_);
     HScroll->setObjectName(QStringLiteral("HScroll"));
 
-    lView = new QTableView(client_);
+    lView = new ListView(client_);
     lView->setObjectName(QStringLiteral("lView"));
     rows_ = new DataListModel(environment_.texts, lView);
     rows_->setColumns(listColumns(station_));
     lView->setModel(rows_);
-    lView->setShowGrid(false);
-    lView->setSelectionBehavior(QAbstractItemView::SelectRows);
-    lView->setWordWrap(false);
-    lView->verticalHeader()->hide();
-    lView->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    lView->verticalHeader()->setMinimumSectionSize(ROW_HEIGHT);
-    lView->verticalHeader()->setDefaultSectionSize(ROW_HEIGHT);
-    lView->horizontalHeader()->setDefaultSectionSize(120);
-    lView->horizontalHeader()->setHighlightSections(false);
     lView->hide();
 }
 
@@ -176,9 +167,11 @@ void f::buildColumn() {
     Frame2 = make<QFrame>(client_, "Frame2", QRect(COLUMN_LEFT, 646, COLUMN_WIDTH, 13));
     Label8 =
         make<QLabel>(Frame2, "Label8", QRect(3, 0, COLUMN_WIDTH - 3, 13), QStringLiteral("Lade Daten ..."));
+    Label8->setAutoFillBackground(true); // in a low window both labels lie over the column
     Label8->hide();
     Label1 =
         make<QLabel>(client_, "Label1", QRect(5, 659, COLUMN_WIDTH - 3, 15), QStringLiteral("Startzeit"));
+    Label1->setAutoFillBackground(true);
 }
 
 void f::buildRangeFrames() {
@@ -309,6 +302,8 @@ void f::nameForReaders() {
 
 /// Only what a user does raises a handler; see setQuietly for the pickers.
 void f::connectControls() {
+    connect(menOpen, &QAction::triggered, this, &f::OpenFile);
+    connect(menProj, &QAction::triggered, this, &f::showProjects);
     connect(MenEnd, &QAction::triggered, this, &QWidget::close);
     connect(selChan, &QListWidget::currentRowChanged, this, &f::channelChosen);
     for (QRadioButton* view : optView) {

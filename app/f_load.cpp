@@ -71,7 +71,9 @@ bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
     }
     KS->SetArray(0);
     const auto showValue = [this](DateTime time, double value) { ShowValue(time, value); };
+    collecting_ = true;
     const bool complete = reader_.readList(station_, request, showValue, step) == Reading::complete;
+    collecting_ = false;
     if (complete) {
         rows_->show();
     }
@@ -101,6 +103,9 @@ void f::ShowValue(DateTime MessZeit, double MessWert) {
         return;
     }
     rows_->append(MessZeit, MessWert);
+    if (!collecting_) {
+        rows_->show();
+    }
 }
 
 void f::SetXHigh() {

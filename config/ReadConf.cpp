@@ -2,12 +2,23 @@
 
 #include "config/IniFile.h"
 #include "config/VarnixFile.h"
+#include "util/Paths.h"
 #include "util/Text.h"
 
 namespace kelvrum {
 
 std::string stationSubtitle(const StationConfig& station) {
     return station.Location + " - " + station.DeviceNumber;
+}
+
+StationConfig readProjectFolder(std::string_view folder, const FileOpener& open) {
+    StationConfig station;
+    station.Kind = ConfigKind::ini;
+    station.BaseFolder = withSeparator(folder);
+    ReadIni(station.BaseFolder + "QEL.ini", station, open);
+    station.Title = station.ProjectName;
+    station.Subtitle = stationSubtitle(station);
+    return station;
 }
 
 std::optional<StationConfig> readConf(std::string_view ConfFile, const FileOpener& open) {

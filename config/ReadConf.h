@@ -14,6 +14,10 @@ namespace kelvrum {
 /// A file that cannot be read gives an empty station with its Kind and BaseFolder.
 std::optional<StationConfig> readConf(std::string_view ConfFile, const FileOpener& open = openFile);
 
+/// Opens the ini project in a folder: its QEL.ini, whether it can be read or not. `folder` is not empty; it
+/// may lack the separator at its end.
+StationConfig readProjectFolder(std::string_view folder, const FileOpener& open = openFile);
+
 /// The second station line of an ini project: "Location - DeviceNumber".
 std::string stationSubtitle(const StationConfig& station);
 

@@ -6,6 +6,7 @@
 #include "util/Numbers.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kelvrum {
 
@@ -15,7 +16,8 @@ constexpr std::size_t PIECE_VALUES = 64UL * 1024; // minutes fetched with one re
 
 BlockReader::BlockReader(const StationConfig& station, const ReadRequest& request, const FileOpener& open,
                          ReadBuffers& buffers)
-    : buffers_(buffers) {
+    : kept_(buffers)
+    , buffers_(std::move(buffers)) {
     if (request.interval < 1) {
         return;
     }
@@ -43,6 +45,8 @@ BlockReader::BlockReader(const StationConfig& station, const ReadRequest& reques
     const std::int64_t bytes = std::min(end, length) - start_;
     blocks_ = bytes > 0 ? (bytes + blockSize - 1) / blockSize : 0;
 }
+
+BlockReader::~BlockReader() { kept_ = std::move(buffers_); }
 
 BlockRun BlockReader::next() {
     const auto left = static_cast<std::size_t>(blocks_ - done_);

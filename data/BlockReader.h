@@ -31,7 +31,8 @@ struct BlockRun {
     [[nodiscard]] bool empty() const { return blocks == 0; }
 };
 
-/// Memory that is kept from one reading to the next.
+/// Memory that is kept from one reading to the next. A reading takes it and gives it back at its end; one
+/// that starts meanwhile finds it empty and uses memory of its own.
 struct ReadBuffers {
     std::vector<double> values;
     std::vector<double> paired;
@@ -45,6 +46,9 @@ class BlockReader {
     /// outlive the reader.
     BlockReader(const StationConfig& station, const ReadRequest& request, const FileOpener& open,
                 ReadBuffers& buffers);
+    BlockReader(const BlockReader&) = delete;
+    BlockReader& operator=(const BlockReader&) = delete;
+    ~BlockReader();
 
     /// The number of blocks that the range announces, rounded to the nearest whole number. What is read
     /// follows from the loop over the blocks and may be one more, or fewer when the file is shorter.
@@ -59,7 +63,8 @@ class BlockReader {
   private:
     std::span<const double> fetch(FileSource* file, std::vector<double>& buffer, std::size_t blocks) const;
 
-    ReadBuffers& buffers_;
+    ReadBuffers& kept_;
+    ReadBuffers buffers_;
     std::unique_ptr<FileSource> file_;
     std::unique_ptr<FileSource> pairedFile_;
     bool hasPair_ = false;

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cmath>
+#include <exception>
 
 namespace kelvrum {
 
@@ -39,16 +40,21 @@ std::string secondHeadline(const StationConfig& station, const std::string& inte
 template<typename Consume>
 Reading DataReader::averagePieces(BlockReader& blocks, std::int32_t mode, const ReadingStep& step,
                                   Consume consume) {
-    for (BlockRun run = blocks.next(); !run.empty(); run = blocks.next()) {
-        if (averages_.size() < run.blocks) {
-            averages_.resize(run.blocks);
+    try {
+        for (BlockRun run = blocks.next(); !run.empty(); run = blocks.next()) {
+            if (step && !step()) {
+                return Reading::givenUp; // before anything of this reading is handed out over a newer one
+            }
+            if (averages_.size() < run.blocks) {
+                averages_.resize(run.blocks);
+            }
+            const std::span<double> averages(averages_.data(), run.blocks);
+            averageBlocks(run, mode, averages);
+            consume(run.first, std::span<const double>(averages));
         }
-        const std::span<double> averages(averages_.data(), run.blocks);
-        averageBlocks(run, mode, averages);
-        consume(run.first, std::span<const double>(averages));
-        if (step && !step()) {
-            return Reading::givenUp;
-        }
+    } catch (const std::exception&) {
+        // What was read so far stays; a reading ends without a message.
+        return Reading::complete;
     }
     return Reading::complete;
 }

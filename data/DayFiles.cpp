@@ -134,9 +134,6 @@ std::optional<std::vector<DayInterval>> readDayIntervals(const StationConfig& st
     const std::string folder = dataFolder(station);
     Intervals intervals;
     for (const std::string& name : dayFilesBetween(folder, request.range)) {
-        if (step && !step()) {
-            return std::nullopt;
-        }
         const auto file = open(folder + name);
         if (!file) {
             continue;
@@ -153,6 +150,9 @@ std::optional<std::vector<DayInterval>> readDayIntervals(const StationConfig& st
                 interval.addMaximum(record.value(field + kmh::MAXIMUM_AT));
             }
         });
+        if (step && !step()) {
+            return std::nullopt;
+        }
     }
     for (const auto& [index, gathered] : intervals.all()) {
         result.push_back({index, gathered.mean(), gathered.minimum, gathered.maximum});

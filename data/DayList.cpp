@@ -66,9 +66,6 @@ std::optional<DayRows> readDayRows(const StationConfig& station, const TimeRange
             continue;
         }
         for (const std::string& name : filesOfDay(folder, names, *day, open)) {
-            if (step && !step()) {
-                return std::nullopt;
-            }
             const auto file = open(folder + name);
             if (!file) {
                 continue;
@@ -82,6 +79,9 @@ std::optional<DayRows> readDayRows(const StationConfig& station, const TimeRange
                     rows.values.push_back(record.value(i * fieldSize));
                 }
             });
+            if (step && !step()) {
+                return std::nullopt;
+            }
         }
     }
     return rows;

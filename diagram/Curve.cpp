@@ -8,7 +8,7 @@ namespace kelvrum {
 namespace {
 
 constexpr int PEN_ROOM = 64; // dots around the clip within which a wide pen could still show
-constexpr std::size_t MANY_SPANS = 4096;
+constexpr std::size_t MANY_SPANS = 4096; // in one column: time to merge them
 
 } // namespace
 
@@ -26,6 +26,7 @@ double sampleInterval(std::span<const double> times) {
 ReducedCurve::ReducedCurve(Surface& surface, std::span<const Colour> colours, const Box& clip)
     : surface_(surface)
     , colours_(colours)
+    , mergeAt_(MANY_SPANS)
     , reach_{clip.left - PEN_ROOM, clip.top - PEN_ROOM, clip.right + PEN_ROOM, clip.bottom + PEN_ROOM} {
     surface_.setPen(colours_[0]);
 }
@@ -33,6 +34,29 @@ ReducedCurve::ReducedCurve(Surface& surface, std::span<const Colour> colours, co
 void ReducedCurve::pass(int number) {
     finish();
     surface_.setPen(colours_[static_cast<std::size_t>(number)]);
+}
+
+void ReducedCurve::run(std::span<const Dot> dots) {
+    Span span{dots[0].y, dots[0].y};
+    std::size_t inColumn = 1;
+    for (std::size_t i = 1; i < dots.size(); ++i) {
+        const Dot dot = dots[i];
+        if (dot.x == dots[i - 1].x) {
+            span.low = std::min(span.low, dot.y);
+            span.high = std::max(span.high, dot.y);
+            ++inColumn;
+            continue;
+        }
+        if (inColumn > 1) {
+            mark(dots[i - 1].x, span);
+        }
+        connect(dots[i - 1], dot);
+        span = {dot.y, dot.y};
+        inColumn = 1;
+    }
+    if (inColumn > 1 || dots.size() == 1) { // else the dot is the end of a connector
+        mark(dots.back().x, span);
+    }
 }
 
 void ReducedCurve::connect(Dot from, Dot to) {
@@ -43,18 +67,17 @@ void ReducedCurve::connect(Dot from, Dot to) {
     }
 }
 
-void ReducedCurve::openSpan(int x, Span span) {
+void ReducedCurve::mark(int x, Span span) {
     if (hasColumn_ && x != column_) {
         flushColumn();
-    } else if (hasColumn_) {
-        spans_.push_back(current_);
-        if (spans_.size() >= MANY_SPANS) {
-            mergeSpans();
-        }
     }
     hasColumn_ = true;
     column_ = x;
-    current_ = span;
+    if (spans_.size() >= mergeAt_) {
+        mergeSpans();
+        mergeAt_ = std::max(MANY_SPANS, 2 * spans_.size());
+    }
+    spans_.push_back(span);
 }
 
 /// Overlapping and touching spans of the column become one each.
@@ -75,7 +98,6 @@ void ReducedCurve::flushColumn() {
     if (!hasColumn_) {
         return;
     }
-    spans_.push_back(current_);
     if (spans_.size() > 1) {
         mergeSpans();
     }
@@ -89,7 +111,6 @@ void ReducedCurve::flushColumn() {
         }
     }
     spans_.clear();
-    current_ = {1, 0};
     hasColumn_ = false;
 }
 

@@ -6,6 +6,8 @@
 #include "diagram/PlotArea.h"
 #include "diagram/Surface.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <span>
@@ -47,59 +49,88 @@ inline double joinedDirection(double previous, double v) {
 /// What becomes the value before of the next point: kept within 0 to 540. Degrees.
 inline double keptDirection(double v) { return v >= 540 ? v - 360 : v < 0 ? v + 360 : v; }
 
-/// Walks the columns of a series and hands what is to be drawn to a sink: `pass(n)` when pass n begins,
-/// `segment(a, b)` for each joined pair, `point(p)` for a valid value with no valid neighbour. Returns the
-/// number of passes found (a fourth ends the walk and is not counted). With `detectPasses` off the whole
-/// series is one pass.
+/// Gathers the dots of a curve and hands them to a sink as runs of joined dots. A long run comes in pieces,
+/// each of which begins with the last dot of the one before.
+template<typename Sink>
+class RunBuffer {
+  public:
+    explicit RunBuffer(Sink& sink)
+        : sink_(sink) {}
+
+    /// The next dot of the run.
+    void add(Dot dot) {
+        if (count_ == dots_.size()) {
+            sink_.run(std::span<const Dot>(dots_));
+            restart(dots_.back());
+        }
+        dots_[count_++] = dot;
+    }
+    /// The run ends. A dot of its own, with no line to it, is a run of one.
+    void end() {
+        if (count_ > 1 || (count_ == 1 && !linked_)) {
+            sink_.run(std::span<const Dot>(dots_).first(count_));
+        }
+        count_ = 0;
+        linked_ = false;
+    }
+    /// The run goes on from another dot, which has been drawn already or is not to be seen by itself.
+    void restart(Dot dot) {
+        count_ = 1;
+        linked_ = true;
+        dots_[0] = dot;
+    }
+
+  private:
+    Sink& sink_;
+    std::array<Dot, 512> dots_;
+    std::size_t count_ = 0;
+    bool linked_ = false; // the first dot stands for what was drawn before
+};
+
+/// Walks the columns of a series and hands what is to be drawn to a sink: `pass(n)` when pass n begins, and
+/// `run(dots)` for dots each of which is joined to the one before; a run of one is a valid value with no
+/// valid neighbour. Returns the number of passes found (a fourth ends the walk and is not counted). With
+/// `detectPasses` off the whole series is one pass.
 template<typename Sink>
 int walkCurve(std::span<const double> times, std::span<const double> values, bool directions,
-              bool detectPasses, const PlotArea& plot, const ValueScale& scale, Sink& sink) {
+              bool detectPasses, PlotArea plot, ValueScale scale, Sink& sink) {
     PassDetector passes(plot.xLow);
+    RunBuffer<Sink> run(sink);
     int pass = 0;
-    bool joined = false;  // the last point has a line to it
-    bool started = false; // there is a last point to join to
-    double previous = 0;  // its value, for directions
-    Dot last;
-    const auto breakLine = [&] {
-        if (started && !joined) {
-            sink.point(last);
-        }
-        started = false;
-        joined = false;
-    };
+    bool started = false; // there is a value to join to
+    double previous = 0;  // that value, for directions
     for (std::size_t i = 0; i < times.size(); ++i) {
         if (detectPasses && passes.starts(times[i])) {
-            breakLine();
+            run.end();
+            started = false;
             if (++pass == MAX_PASSES) {
-                break;
+                return MAX_PASSES;
             }
             sink.pass(pass);
         }
         const double v = values[i];
         if (!isValidPoint(v)) {
-            breakLine();
+            run.end();
+            started = false;
             continue;
         }
         const int x = plot.x(times[i]);
         if (directions && started) {
             const double target = joinedDirection(previous, v);
-            sink.segment(last, Dot{x, scale.y(target)});
-            joined = true;
+            run.add({x, scale.y(target)});
             previous = keptDirection(target);
-            last = {x, scale.y(previous)};
+            if (previous != target) { // the next line starts a full circle away
+                run.end();
+                run.restart({x, scale.y(previous)});
+            }
             continue;
         }
-        const Dot dot{x, scale.y(v)};
-        if (started) {
-            sink.segment(last, dot);
-            joined = true;
-        }
+        run.add({x, scale.y(v)});
         started = true;
         previous = v;
-        last = dot;
     }
-    breakLine();
-    return pass < MAX_PASSES ? pass + 1 : MAX_PASSES;
+    run.end();
+    return pass + 1;
 }
 
 /// Walks the columns of a precipitation series: `pass(n)` as above and `bar(box)` for each valid value other
@@ -144,14 +175,7 @@ class ReducedCurve {
     ReducedCurve(Surface& surface, std::span<const Colour> colours, const Box& clip);
 
     void pass(int number);
-    void segment(Dot from, Dot to) {
-        if (from.x == to.x) {
-            mark(from.x, from.y, to.y);
-        } else {
-            connect(from, to);
-        }
-    }
-    void point(Dot p) { mark(p.x, p.y, p.y); }
+    void run(std::span<const Dot> dots);
     /// Draws what is still to be drawn.
     void finish();
 
@@ -161,27 +185,18 @@ class ReducedCurve {
         int high;
     };
 
-    void mark(int x, int y1, int y2) {
-        const Span span = y1 < y2 ? Span{y1, y2} : Span{y2, y1};
-        if (x == column_ && span.low <= current_.high + 1 && span.high + 1 >= current_.low) {
-            current_.low = std::min(current_.low, span.low);
-            current_.high = std::max(current_.high, span.high);
-        } else {
-            openSpan(x, span);
-        }
-    }
+    void mark(int x, Span span);
     void connect(Dot from, Dot to);
-    void openSpan(int x, Span span);
     void flushColumn();
     void mergeSpans();
 
     Surface& surface_;
     std::span<const Colour> colours_;
+    std::size_t mergeAt_; // number of spans at which they are merged
     Box reach_; // what can be seen, with room for the width of the pen
     bool hasColumn_ = false;
     int column_ = 0;
-    Span current_{1, 0};      // the span under way
-    std::vector<Span> spans_; // further spans of the column
+    std::vector<Span> spans_; // vertical parts of the column
     std::vector<Segment> segments_;
 };
 

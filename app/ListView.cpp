@@ -1,0 +1,74 @@
+#include "app/ListView.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <algorithm>
+#include <vector>
+
+namespace kelvrum {
+
+namespace {
+constexpr int ROW_HEIGHT = 17;
+constexpr int COLUMN_WIDTH = 120;
+} // namespace
+
+ListView::ListView(QWidget* parent)
+    : QTableView(parent) {
+    setShowGrid(false);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setWordWrap(false);
+    setTabKeyNavigation(false); // the tab key leaves the list
+    setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(ROW_HEIGHT);
+    verticalHeader()->setDefaultSectionSize(ROW_HEIGHT);
+    horizontalHeader()->setDefaultSectionSize(COLUMN_WIDTH);
+    horizontalHeader()->setHighlightSections(false);
+}
+
+QString ListView::selectedText() const {
+    if (model() == nullptr || !selectionModel()->hasSelection()) {
+        return {};
+    }
+    // Ranges of rows, not single cells: a whole year may be selected.
+    std::vector<std::pair<int, int>> ranges;
+    for (const QItemSelectionRange& range : selectionModel()->selection()) {
+        ranges.emplace_back(range.top(), range.bottom());
+    }
+    std::sort(ranges.begin(), ranges.end());
+    const int columns = model()->columnCount();
+    QString text;
+    const auto addLine = [&](auto cell) {
+        for (int column = 0; column < columns; ++column) {
+            text += (column > 0 ? QStringLiteral("\t") : QString()) + cell(column).toString();
+        }
+        text += QLatin1Char('\n');
+    };
+    addLine([this](int column) { return model()->headerData(column, Qt::Horizontal); });
+    int next = 0; // rows before it are there already
+    for (const auto& [first, last] : ranges) {
+        for (int row = std::max(first, next); row <= last; ++row) {
+            addLine([this, row](int column) { return model()->index(row, column).data(); });
+        }
+        next = std::max(next, last + 1);
+    }
+    return text;
+}
+
+void ListView::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy)) {
+        const QString text = selectedText();
+        if (!text.isEmpty()) {
+            QGuiApplication::clipboard()->setText(text);
+        }
+        event->accept();
+        return;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+} // namespace kelvrum

@@ -1,0 +1,80 @@
+// Opening projects: at the start, by the file dialog, by the project selection window.
+#include "app/DataListModel.h"
+#include "app/f.h"
+#include "config/ChannelList.h"
+#include "config/Form1.h"
+#include "config/ReadConf.h"
+#include "diagram/PolarSys.h"
+#include "util/Paths.h"
+
+#include <QListWidget>
+#include <QSignalBlocker>
+#include <utility>
+
+namespace kelvrum {
+
+void f::readConf(std::string_view ConfFile) {
+    if (auto station = kelvrum::readConf(ConfFile, environment_.open)) {
+        adoptStation(std::move(*station));
+    }
+}
+
+void f::adoptStation(StationConfig station) {
+    ++loadNumber_; // a reading of the old project that is still under way gives up
+    station_ = std::move(station);
+    limitsShown_ = 0;
+    rows_->setColumns(listColumns(station_));
+    {
+        const QSignalBlocker silent(selChan);
+        selChan->clear();
+        for (const ListedChannel& entry : listedChannels(station_)) {
+            auto* item = new QListWidgetItem(QString::fromStdString(entry.name), selChan);
+            item->setData(Qt::UserRole, entry.channel);
+        }
+        selChan->setCurrentRow(selChan->count() > 0 ? 0 : -1);
+    }
+    setCaption();
+}
+
+std::string f::projectFolder() const {
+    return station_.Kind == ConfigKind::none ? environment_.programFolder.toStdString() : station_.BaseFolder;
+}
+
+void f::OpenFile() {
+    const std::vector<FileFilter> filters = {
+        {QStringLiteral("QEL-Datenbank"), QStringLiteral("QEL.ini")},
+        {QStringLiteral("Varnix Konfigurationsdateien"), QStringLiteral("VARNIX.CFG")},
+    };
+    const auto folder = nativePath(withSeparator(projectFolder()));
+    const QString start = QString::fromStdString(folder ? stationPath(*folder) : std::string());
+    const QString file =
+        environment_.dialogs->chooseFile(this, QStringLiteral("Datei öffnen ..."), start, filters);
+    if (!file.isEmpty()) {
+        readConf(file.toStdString());
+    }
+    LoadData();
+}
+
+void f::showProjects() {
+    const bool opened = station_.Kind != ConfigKind::none;
+    const std::string search = opened ? folderAround(station_.BaseFolder) : projectFolder();
+    Form1::Owner owner;
+    owner.openProject = [this](const std::string& folder) {
+        adoptStation(readProjectFolder(folder, environment_.open));
+        KS->setHeadLine(station_.Title);
+        KS->setHeadLine2(station_.Subtitle);
+        LoadData();
+    };
+    owner.forgetFactors = [this] {
+        lastWindFactor_ = 0;
+        lastDustFactor_ = 0;
+    };
+    Form1 window(search, owner, environment_.open, *environment_.dialogs, this);
+    window.exec();
+}
+
+void f::setCaption() {
+    setWindowTitle(QStringLiteral("Kelvrum - Station ") + QString::fromStdString(station_.Title));
+}
+
+} // namespace kelvrum

@@ -1,0 +1,27 @@
+// Finding the projects below a folder.
+#pragma once
+
+#include "util/FileSource.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelvrum {
+
+/// A project folder and the name that its configuration gives it.
+struct FoundProject {
+    std::string name;
+    std::string folder; // without a separator at its end
+
+    bool operator==(const FoundProject&) const = default;
+};
+
+/// The subfolders of a folder whose QEL.ini has a "PROJEKTNAME" line, in byte order of their names. Looks
+/// only; no open project is touched.
+std::vector<FoundProject> findProjects(std::string_view folder, const FileOpener& open = openFile);
+
+/// The folder around a project's folder; for an empty text the folder around the current one.
+std::string folderAround(std::string_view folder);
+
+} // namespace kelvrum
