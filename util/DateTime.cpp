@@ -106,7 +106,8 @@ CalendarTime shownTime(DateTime t) {
 
 bool isDate(int year, int month, int day) {
     using namespace std::chrono;
-    return year >= 100 && year <= 9999 && month >= 1 && day >= 1 &&
+    // The calendar types keep months and days in one byte: larger numbers would wrap into valid ones.
+    return year >= 100 && year <= 9999 && month >= 1 && month <= 12 && day >= 1 && day <= 31 &&
            (std::chrono::year{year} / month / day).ok();
 }
 
@@ -124,8 +125,9 @@ DateTime addMonths(DateTime t, int months) {
     using namespace std::chrono;
     const std::int64_t ms = milliseconds(t);
     const CalendarTime parts = fromMilliseconds(ms);
-    const int count = parts.year * 12 + parts.month - 1 + months;
-    const int year = std::clamp(count / 12, 100, 9999);
+    const std::int64_t target = std::int64_t{parts.year} * 12 + parts.month - 1 + months;
+    const int count = static_cast<int>(std::clamp<std::int64_t>(target, 100L * 12, 9999L * 12 + 11));
+    const int year = count / 12;
     const int month = count % 12 + 1;
     const year_month_day_last end{std::chrono::year{year} / month / last};
     const int lastDay = static_cast<int>(static_cast<unsigned>(end.day()));
@@ -135,7 +137,9 @@ DateTime addMonths(DateTime t, int months) {
 }
 
 DateTime addMinutes(DateTime t, long long minutes) {
-    return static_cast<double>(milliseconds(t) + minutes * 60'000) / static_cast<double>(MS_PER_DAY);
+    constexpr auto ALL_MINUTES = static_cast<long long>(LAST_DATE - FIRST_DATE + 1) * MINUTES_PER_DAY;
+    const long long step = std::clamp(minutes, -ALL_MINUTES, ALL_MINUTES);
+    return static_cast<double>(milliseconds(t) + step * 60'000) / static_cast<double>(MS_PER_DAY);
 }
 
 std::optional<DateTime> parseDateTime(std::string_view text) {

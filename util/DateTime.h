@@ -51,10 +51,11 @@ DateTime dateSerial(int year, int month, int day);
 DateTime timeSerial(int hour, int minute, int second = 0);
 
 /// t moved by whole calendar months: the time of day stays, the day of month is cut to the month's last day.
+/// A month outside of the calendar becomes its first or last one.
 DateTime addMonths(DateTime t, int months);
 
 /// t moved by whole minutes, hours or days given in minutes, without the drift of added fractions: the
-/// result lies on the same millisecond grid as t.
+/// result lies on the same millisecond grid as t. A step longer than the calendar counts as its length.
 DateTime addMinutes(DateTime t, long long minutes);
 
 /// Reads dd.mm.yyyy or yyyy-mm-dd, each with an optional hh:mm or hh:mm:ss behind blanks.

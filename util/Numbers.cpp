@@ -1,5 +1,6 @@
 #include "util/Numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -17,6 +18,25 @@ struct Scanned {
     double value = 0;
     std::size_t length = 0; // characters used; 0 = no number
 };
+
+/// Tells of a number without sign whether it is too small or too large, once it is known to be one of them:
+/// the place of its first digit that counts, moved by the exponent, lies behind the point.
+bool isBelowOne(std::string_view number) {
+    const std::size_t e = std::min(number.find_first_of("eE"), number.size());
+    const std::string_view mantissa = number.substr(0, e);
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const std::size_t first = mantissa.find_first_of("123456789");
+    long long exponent = 0;
+    if (e < number.size()) {
+        const bool negative = number[e + 1] == '-';
+        const std::size_t digits = e + 1 + (negative || number[e + 1] == '+' ? 1 : 0);
+        exponent = std::numeric_limits<std::int32_t>::max(); // stays when the exponent itself is too long
+        std::from_chars(number.data() + digits, number.data() + number.size(), exponent);
+        exponent = negative ? -exponent : exponent;
+    }
+    return first == std::string_view::npos ||
+           static_cast<long long>(point) - static_cast<long long>(first) + exponent <= 0;
+}
 
 /// Reads sign, digits, point, digits, exponent from the very front of the text.
 Scanned scanNumber(std::string_view text) {
@@ -36,12 +56,7 @@ Scanned scanNumber(std::string_view text) {
     const auto [end, error] = std::from_chars(body.data(), body.data() + body.size(), value);
     const auto used = static_cast<std::size_t>(end - body.data());
     if (error == std::errc::result_out_of_range) {
-        // Too large or too small: the sign of the decimal exponent tells which.
-        const std::string_view number = body.substr(0, used);
-        const std::size_t e = number.find_first_of("eE");
-        const bool small = e != std::string_view::npos ? number.find('-', e) != std::string_view::npos
-                                                       : number[0] == '0' || number[0] == '.';
-        value = small ? 0 : std::numeric_limits<double>::infinity();
+        value = isBelowOne(body.substr(0, used)) ? 0 : std::numeric_limits<double>::infinity();
     }
     return {negative ? -value : value, at + used};
 }
