@@ -178,26 +178,26 @@ void f::buildRangeFrames() {
     const auto button = [](QWidget* parent, const char* name, const QRect& place, const char* caption) {
         return make<QPushButton>(parent, name, place, QString::fromUtf8(caption));
     };
-    QGroupBox* date = frame("Frame3", QStringLiteral("Datum"), {COLUMN_LEFT, 147, COLUMN_WIDTH, 106});
-    make<QLabel>(date, "Label2", QRect(INNER_LEFT, 17, 24, CONTROL_HEIGHT), QStringLiteral("von:"));
-    DTPicker1 = makeTimePicker(date, "DTPicker1", 17);
-    Command3 = button(date, "Command3", {INNER_LEFT + 65, 17, 19, CONTROL_HEIGHT}, "<<");
-    Command4 = button(date, "Command4", {INNER_LEFT + 85, 17, 19, CONTROL_HEIGHT}, ">>");
-    DTPicker = makeDatePicker(date, "DTPicker", 38, environment_.texts);
-    make<QLabel>(date, "Label3", QRect(INNER_LEFT, 61, 24, CONTROL_HEIGHT), QStringLiteral("bis:"));
-    DTPicker3 = makeTimePicker(date, "DTPicker3", 61);
-    Command6 = button(date, "Command6", {INNER_LEFT + 65, 61, 19, CONTROL_HEIGHT}, "<<");
-    Command5 = button(date, "Command5", {INNER_LEFT + 85, 61, 19, CONTROL_HEIGHT}, ">>");
-    DTPicker2 = makeDatePicker(date, "DTPicker2", 82, environment_.texts);
+    QGroupBox* date = frame("Frame3", QStringLiteral("Datum"), {COLUMN_LEFT, 147, COLUMN_WIDTH, 109});
+    make<QLabel>(date, "Label2", QRect(INNER_LEFT, 19, 24, CONTROL_HEIGHT), QStringLiteral("von:"));
+    DTPicker1 = makeTimePicker(date, "DTPicker1", 19);
+    Command3 = button(date, "Command3", {INNER_LEFT + 65, 19, 19, CONTROL_HEIGHT}, "<<");
+    Command4 = button(date, "Command4", {INNER_LEFT + 85, 19, 19, CONTROL_HEIGHT}, ">>");
+    DTPicker = makeDatePicker(date, "DTPicker", 40, environment_.texts);
+    make<QLabel>(date, "Label3", QRect(INNER_LEFT, 63, 24, CONTROL_HEIGHT), QStringLiteral("bis:"));
+    DTPicker3 = makeTimePicker(date, "DTPicker3", 63);
+    Command6 = button(date, "Command6", {INNER_LEFT + 65, 63, 19, CONTROL_HEIGHT}, "<<");
+    Command5 = button(date, "Command5", {INNER_LEFT + 85, 63, 19, CONTROL_HEIGHT}, ">>");
+    DTPicker2 = makeDatePicker(date, "DTPicker2", 84, environment_.texts);
 
-    QGroupBox* scroll = frame("Frame6", QStringLiteral("Scrollen"), {COLUMN_LEFT, 255, COLUMN_WIDTH, 64});
-    selScroll = makeChoice(scroll, "selScroll", 17, SCROLL_UNITS);
-    Command7 = button(scroll, "Command7", {INNER_LEFT, 39, 51, CONTROL_HEIGHT}, "<-");
-    Command8 = button(scroll, "Command8", {INNER_LEFT + 53, 39, 51, CONTROL_HEIGHT}, "->");
+    QGroupBox* scroll = frame("Frame6", QStringLiteral("Scrollen"), {COLUMN_LEFT, 258, COLUMN_WIDTH, 66});
+    selScroll = makeChoice(scroll, "selScroll", 19, SCROLL_UNITS);
+    Command7 = button(scroll, "Command7", {INNER_LEFT, 41, 51, CONTROL_HEIGHT}, "<-");
+    Command8 = button(scroll, "Command8", {INNER_LEFT + 53, 41, 51, CONTROL_HEIGHT}, "->");
 
     QGroupBox* average =
-        frame("Frame4", QStringLiteral("Mittelwerte-Intervall"), {COLUMN_LEFT, 321, COLUMN_WIDTH, 42});
-    selInterval = makeChoice(average, "selInterval", 17, INTERVALS);
+        frame("Frame4", QStringLiteral("Mittelwerte-Intervall"), {COLUMN_LEFT, 326, COLUMN_WIDTH, 45});
+    selInterval = makeChoice(average, "selInterval", 19, INTERVALS);
 }
 
 void f::buildScaleFrames() {
@@ -212,25 +212,25 @@ void f::buildScaleFrames() {
         text->setBuddy(buddy);
         return text;
     };
-    QGroupBox* scale = frame("Frame5", QStringLiteral("Skalierung"), {COLUMN_LEFT, 365, COLUMN_WIDTH, 95});
-    Option1 = make<QRadioButton>(scale, "Option1", QRect(INNER_LEFT, 16, INNER_WIDTH, 17),
+    QGroupBox* scale = frame("Frame5", QStringLiteral("Skalierung"), {COLUMN_LEFT, 373, COLUMN_WIDTH, 97});
+    Option1 = make<QRadioButton>(scale, "Option1", QRect(INNER_LEFT, 18, INNER_WIDTH, 17),
                                  QStringLiteral("&Automatisch"));
-    Option2 = make<QRadioButton>(scale, "Option2", QRect(INNER_LEFT, 33, INNER_WIDTH, 17),
+    Option2 = make<QRadioButton>(scale, "Option2", QRect(INNER_LEFT, 35, INNER_WIDTH, 17),
                                  QStringLiteral("Man&uell"));
     Option2->setChecked(true);
-    Text1 = box(scale, "Text1", {59, 51, 50, CONTROL_HEIGHT}, "0");
-    Label4 = label(scale, "Label4", 51, "&Minimum:", Text1);
-    Text2 = box(scale, "Text2", {59, 72, 50, CONTROL_HEIGHT}, "100");
-    Label5 = label(scale, "Label5", 72, "Ma&ximum:", Text2);
+    Text1 = box(scale, "Text1", {59, 53, 50, CONTROL_HEIGHT}, "0");
+    Label4 = label(scale, "Label4", 53, "&Minimum:", Text1);
+    Text2 = box(scale, "Text2", {59, 74, 50, CONTROL_HEIGHT}, "100");
+    Label5 = label(scale, "Label5", 74, "Ma&ximum:", Text2);
 
-    QGroupBox* limits = frame("Frame7", QStringLiteral("Hilfslinien"), {COLUMN_LEFT, 462, COLUMN_WIDTH, 96});
-    Check1 = make<QCheckBox>(limits, "Check1", QRect(INNER_LEFT, 16, INNER_WIDTH, 17),
+    QGroupBox* limits = frame("Frame7", QStringLiteral("Hilfslinien"), {COLUMN_LEFT, 472, COLUMN_WIDTH, 98});
+    Check1 = make<QCheckBox>(limits, "Check1", QRect(INNER_LEFT, 18, INNER_WIDTH, 17),
                              QStringLiteral("an&zeigen"));
-    Text3 = box(limits, "Text3", {68, 34, 41, CONTROL_HEIGHT}, "100");
-    Label6 = label(limits, "Label6", 34, "Grenzwert &1", Text3);
-    Text4 = box(limits, "Text4", {68, 55, 41, CONTROL_HEIGHT}, "0");
-    Label7 = label(limits, "Label7", 55, "Grenzwert &2", Text4);
-    Check2 = make<QCheckBox>(limits, "Check2", QRect(INNER_LEFT, 77, INNER_WIDTH, 17),
+    Text3 = box(limits, "Text3", {68, 36, 41, CONTROL_HEIGHT}, "100");
+    Label6 = label(limits, "Label6", 36, "Grenzwert &1", Text3);
+    Text4 = box(limits, "Text4", {68, 57, 41, CONTROL_HEIGHT}, "0");
+    Label7 = label(limits, "Label7", 57, "Grenzwert &2", Text4);
+    Check2 = make<QCheckBox>(limits, "Check2", QRect(INNER_LEFT, 79, INNER_WIDTH, 17),
                              QStringLiteral("Mi&ttelwert"));
     for (QWidget* control : std::initializer_list<QWidget*>{Text3, Text4, Label6, Label7}) {
         control->setEnabled(false);
@@ -238,16 +238,16 @@ void f::buildScaleFrames() {
     Text3->setReadOnly(true);
     Text4->setReadOnly(true);
 
-    QGroupBox* zoom = frame("Frame1", QStringLiteral("Zoom"), {COLUMN_LEFT, 560, COLUMN_WIDTH, 64});
+    QGroupBox* zoom = frame("Frame1", QStringLiteral("Zoom"), {COLUMN_LEFT, 572, COLUMN_WIDTH, 66});
     Command1 =
-        make<QPushButton>(zoom, "Command1", QRect(INNER_LEFT, 17, 30, CONTROL_HEIGHT), QStringLiteral("<<"));
-    lZoom = make<QLabel>(zoom, "lZoom", QRect(INNER_LEFT + 31, 17, 42, CONTROL_HEIGHT), QStringLiteral("1"));
+        make<QPushButton>(zoom, "Command1", QRect(INNER_LEFT, 19, 30, CONTROL_HEIGHT), QStringLiteral("<<"));
+    lZoom = make<QLabel>(zoom, "lZoom", QRect(INNER_LEFT + 31, 19, 42, CONTROL_HEIGHT), QStringLiteral("1"));
     lZoom->setAlignment(Qt::AlignCenter);
-    Command2 = make<QPushButton>(zoom, "Command2", QRect(INNER_LEFT + 74, 17, 30, CONTROL_HEIGHT),
+    Command2 = make<QPushButton>(zoom, "Command2", QRect(INNER_LEFT + 74, 19, 30, CONTROL_HEIGHT),
                                  QStringLiteral(">>"));
     Command1->setEnabled(false); // the zoom starts at its lower end
     Slider1 =
-        make<QSlider>(zoom, "Slider1", QRect(INNER_LEFT, 40, INNER_WIDTH, CONTROL_HEIGHT), Qt::Horizontal);
+        make<QSlider>(zoom, "Slider1", QRect(INNER_LEFT, 42, INNER_WIDTH, CONTROL_HEIGHT), Qt::Horizontal);
 }
 
 /// Accessible names and tool tips, for those who cannot see captions or frames.

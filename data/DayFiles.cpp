@@ -113,6 +113,7 @@ std::vector<std::string> dayFilesBetween(const std::string& folder, const TimeRa
         }
     }
     std::vector<std::string> names;
+    names.reserve(byDay.size());
     for (const auto& [day, name] : byDay) {
         names.push_back(name);
     }
