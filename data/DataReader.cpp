@@ -26,6 +26,44 @@ void setTexts(const StationConfig& station, std::int32_t channel, const DiagramS
     }
 }
 
+/// An error ends a reading without a message, as a missing file does; what was handed out before it stays.
+template<typename Read>
+Reading trapped(Read read) {
+    try {
+        return read();
+    } catch (const std::exception&) {
+        return Reading::complete;
+    }
+}
+
+/// Lays the intervals of day files into the table, pass after pass, and returns the number of columns.
+std::size_t fillPasses(const std::vector<DayInterval>& intervals, const ReadRequest& request, bool wide) {
+    constexpr std::array<double DayInterval::*, 3> PASSES = {&DayInterval::mean, &DayInterval::minimum,
+                                                             &DayInterval::maximum};
+    const std::size_t passes = wide ? PASSES.size() : 1;
+    const double minutes = std::ceil((request.range.to - request.range.from) * MINUTES_PER_DAY - HALF_MINUTE);
+    const double total = std::ceil(minutes / request.interval); // intervals of the range
+    SeriesFill fill(seriesTable(), intervals.size() * passes);
+    const auto startOf = [&request](std::int64_t index) {
+        return intervalStart(request.range.from, index, request.interval);
+    };
+    for (std::size_t pass = 0; pass < passes; ++pass) {
+        fill.startPass();
+        std::int64_t next = 0; // the interval that would follow without a gap
+        for (const DayInterval& interval : intervals) {
+            if (interval.index > next) {
+                fill.add(startOf(next), INVALID_VALUE); // a run of intervals without records
+            }
+            fill.add(startOf(interval.index), interval.*PASSES[pass]);
+            next = interval.index + 1;
+        }
+        if (static_cast<double>(next) < total) {
+            fill.add(startOf(next), INVALID_VALUE);
+        }
+    }
+    return fill.finish();
+}
+
 } // namespace
 
 std::string firstHeadline(const StationConfig& station, std::int32_t channel) {
@@ -40,7 +78,7 @@ std::string secondHeadline(const StationConfig& station, const std::string& inte
 template<typename Consume>
 Reading DataReader::averagePieces(BlockReader& blocks, std::int32_t mode, const ReadingStep& step,
                                   Consume consume) {
-    try {
+    return trapped([&] {
         for (BlockRun run = blocks.next(); !run.empty(); run = blocks.next()) {
             if (step && !step()) {
                 return Reading::givenUp; // before anything of this reading is handed out over a newer one
@@ -52,23 +90,22 @@ Reading DataReader::averagePieces(BlockReader& blocks, std::int32_t mode, const 
             averageBlocks(run, mode, averages);
             consume(run.first, std::span<const double>(averages));
         }
-    } catch (const std::exception&) {
-        // What was read so far stays; a reading ends without a message.
         return Reading::complete;
-    }
-    return Reading::complete;
+    });
 }
 
 Reading DataReader::readList(const StationConfig& station, const ReadRequest& request,
                              const std::function<void(DateTime, double)>& showValue,
                              const ReadingStep& step) {
-    BlockReader blocks(station, request, open_, buffers_);
-    const std::int32_t mode = station.ChannelTable.at(request.channel).Mode;
-    return averagePieces(blocks, mode, step, [&](std::int64_t first, std::span<const double> values) {
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            const std::int64_t number = first + static_cast<std::int64_t>(i);
-            showValue(intervalStart(request.range.from, number, request.interval), values[i]);
-        }
+    return trapped([&] {
+        BlockReader blocks(station, request, open_, buffers_);
+        const std::int32_t mode = station.ChannelTable.at(request.channel).Mode;
+        return averagePieces(blocks, mode, step, [&](std::int64_t first, std::span<const double> values) {
+            for (std::size_t i = 0; i < values.size(); ++i) {
+                const std::int64_t number = first + static_cast<std::int64_t>(i);
+                showValue(intervalStart(request.range.from, number, request.interval), values[i]);
+            }
+        });
     });
 }
 
@@ -77,17 +114,19 @@ Reading DataReader::readDiagram(const StationConfig& station, const ReadRequest&
                                 const ReadingStep& step) {
     diagram.SetArray(0); // a drawing while the table is being filled shows no half curve
     setTexts(station, request.channel, settings, diagram);
-    BlockReader blocks(station, request, open_, buffers_);
-    SeriesFill fill(seriesTable(), static_cast<std::size_t>(blocks.blocks()));
-    const std::int32_t mode = station.ChannelTable.at(request.channel).Mode;
-    const Reading reading =
-        averagePieces(blocks, mode, step, [&](std::int64_t first, std::span<const double> values) {
-            fill.add(request.range.from, first, request.interval, values);
-        });
-    if (reading == Reading::complete) {
-        diagram.SetArray(static_cast<std::int32_t>(fill.finish()));
-    }
-    return reading;
+    return trapped([&] {
+        BlockReader blocks(station, request, open_, buffers_);
+        SeriesFill fill(seriesTable(), static_cast<std::size_t>(blocks.blocks()));
+        const std::int32_t mode = station.ChannelTable.at(request.channel).Mode;
+        const Reading reading =
+            averagePieces(blocks, mode, step, [&](std::int64_t first, std::span<const double> values) {
+                fill.add(request.range.from, first, request.interval, values);
+            });
+        if (reading == Reading::complete) {
+            diagram.SetArray(static_cast<std::int32_t>(fill.finish()));
+        }
+        return reading;
+    });
 }
 
 Reading DataReader::readDayDiagram(const StationConfig& station, const ReadRequest& request,
@@ -95,35 +134,25 @@ Reading DataReader::readDayDiagram(const StationConfig& station, const ReadReque
                                    const ReadingStep& step) {
     diagram.SetArray(0);
     setTexts(station, request.channel, settings, diagram);
-    const auto intervals = readDayIntervals(station, request, open_, step);
-    if (!intervals) {
-        return Reading::givenUp;
-    }
-    constexpr std::array<double DayInterval::*, 3> PASSES = {&DayInterval::mean, &DayInterval::minimum,
-                                                             &DayInterval::maximum};
-    const std::size_t passes = station.WideRecords ? PASSES.size() : 1;
-    const double minutes = std::ceil((request.range.to - request.range.from) * MINUTES_PER_DAY - HALF_MINUTE);
-    const double total = std::ceil(minutes / request.interval); // intervals of the range
-    SeriesFill fill(seriesTable(), intervals->size() * passes);
-    const auto startOf = [&request](std::int64_t index) {
-        return intervalStart(request.range.from, index, request.interval);
-    };
-    for (std::size_t pass = 0; pass < passes; ++pass) {
-        fill.startPass();
-        std::int64_t next = 0; // the interval that would follow without a gap
-        for (const DayInterval& interval : *intervals) {
-            if (interval.index > next) {
-                fill.add(startOf(next), INVALID_VALUE); // a run of intervals without records
-            }
-            fill.add(startOf(interval.index), interval.*PASSES[pass]);
-            next = interval.index + 1;
+    return trapped([&] {
+        const auto intervals = readDayIntervals(station, request, open_, step);
+        if (!intervals) {
+            return Reading::givenUp;
         }
-        if (static_cast<double>(next) < total) {
-            fill.add(startOf(next), INVALID_VALUE);
-        }
-    }
-    diagram.SetArray(static_cast<std::int32_t>(fill.finish()));
-    return Reading::complete;
+        const std::size_t columns = fillPasses(*intervals, request, station.WideRecords);
+        diagram.SetArray(static_cast<std::int32_t>(columns));
+        return Reading::complete;
+    });
+}
+
+std::optional<DayRows> DataReader::readDayList(const StationConfig& station, const TimeRange& range,
+                                               const ReadingStep& step) {
+    std::optional<DayRows> rows = DayRows{};
+    trapped([&] {
+        rows = readDayRows(station, range, open_, step);
+        return Reading::complete;
+    });
+    return rows;
 }
 
 } // namespace kelvrum

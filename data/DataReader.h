@@ -59,9 +59,7 @@ class DataReader {
 
     /// The rows of the day files for the data list; nothing when given up.
     std::optional<DayRows> readDayList(const StationConfig& station, const TimeRange& range,
-                                       const ReadingStep& step) {
-        return readDayRows(station, range, open_, step);
-    }
+                                       const ReadingStep& step);
 
   private:
     /// Averages the blocks piece by piece and hands them to `consume(first, values)`.

@@ -17,6 +17,7 @@ namespace kelvrum {
 namespace {
 
 constexpr std::size_t PIECE_SIZE = 256UL * 1024; // bytes fetched with one read, about
+constexpr double ROUNDING = 1e-6;                // minutes that a difference of two times may lack
 constexpr std::size_t DATE_LENGTH = 8;           // of yyyymmdd
 
 std::optional<DateTime> recordTime(std::span<const std::byte> record) {
@@ -143,7 +144,8 @@ std::optional<std::vector<DayInterval>> readDayIntervals(const StationConfig& st
             if (record.time < request.range.from || record.time >= request.range.to) {
                 return;
             }
-            const double minutes = std::floor((record.time - request.range.from) * MINUTES_PER_DAY + 0.5);
+            const double minutes =
+                std::floor((record.time - request.range.from) * MINUTES_PER_DAY + ROUNDING);
             Gathered& interval = intervals.at(static_cast<std::int64_t>(minutes) / request.interval);
             interval.addMean(record.value(field));
             if (wide) {

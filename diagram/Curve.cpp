@@ -7,7 +7,7 @@ namespace kelvrum {
 
 namespace {
 
-constexpr int PEN_ROOM = 64; // dots around the clip within which a wide pen could still show
+constexpr int PEN_ROOM = 64;             // dots around the clip within which a wide pen could still show
 constexpr std::size_t MANY_SPANS = 4096; // in one column: time to merge them
 
 } // namespace

@@ -193,7 +193,7 @@ class ReducedCurve {
     Surface& surface_;
     std::span<const Colour> colours_;
     std::size_t mergeAt_; // number of spans at which they are merged
-    Box reach_; // what can be seen, with room for the width of the pen
+    Box reach_;           // what can be seen, with room for the width of the pen
     bool hasColumn_ = false;
     int column_ = 0;
     std::vector<Span> spans_; // vertical parts of the column

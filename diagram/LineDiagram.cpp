@@ -236,7 +236,7 @@ class Drawing {
 
         const auto captions = axisCaptions(state_.AchseText());
         if (!captions.empty()) {
-            surface_.text({nearestDot(plot_.left) + dots(layout_.longTick), y}, captions[0]);
+            surface_.text({nearestDot(plot_.left) + dots(2 * layout_.longTick), y}, captions[0]);
         }
         if (captions.size() > 1) {
             surface_.setPen(state_.Y2axe());

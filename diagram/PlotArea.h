@@ -50,7 +50,8 @@ struct PlotArea {
     [[nodiscard]] bool hasTimeScale() const { return dotsPerDay > 0; }
     [[nodiscard]] int x(DateTime t) const { return nearestDot(left + (t - xLow) * dotsPerDay); }
     [[nodiscard]] ValueScale scaleOf(const ValueRange& range) const {
-        return {bottom, range.low, height() / range.height()};
+        // A range so far from 0 that it cannot be widened keeps no height: all lies on the base line then.
+        return {bottom, range.low, range.height() != 0 ? height() / range.height() : 0};
     }
     /// The dots on and between the axes.
     [[nodiscard]] Box clip() const {

@@ -19,6 +19,7 @@ constexpr std::array<StepRule, 4> STEP_RULES = {{
 }};
 constexpr double TENTH = 10;
 constexpr double END_TOLERANCE = 1e-6; // of a step: an end that misses its tick by rounding only
+constexpr double GAP_TOLERANCE = 1e-3; // of a unit of width: a gap that is too small by rounding only
 
 DateTime firstOfMonth(DateTime t) {
     const CalendarTime parts = calendarTime(t);
@@ -74,10 +75,11 @@ std::vector<TimeTick> timeTicks(const TimeAxis& axis, const LocaleTexts& texts) 
     double tick = 0;   // offset of the last tick
     for (const DateTime t : months ? monthSteps(axis.range, step) : plainSteps(axis.range, step)) {
         const double offset = (t - axis.range.from) * perDay;
-        if (label < 0 || offset >= label + axis.minLabelGap) {
+        if (label < 0 || offset >= label + axis.minLabelGap - GAP_TOLERANCE) {
             // Short ticks that would crowd the label give way to it.
             while (!ticks.empty() && !ticks.back().labelled &&
-                   offset - (ticks.back().time - axis.range.from) * perDay < axis.minTickGap) {
+                   offset - (ticks.back().time - axis.range.from) * perDay <
+                       axis.minTickGap - GAP_TOLERANCE) {
                 ticks.pop_back();
             }
             if (months) {
@@ -88,7 +90,7 @@ std::vector<TimeTick> timeTicks(const TimeAxis& axis, const LocaleTexts& texts) 
             }
             label = offset;
             tick = offset;
-        } else if (offset >= tick + axis.minTickGap) {
+        } else if (offset >= tick + axis.minTickGap - GAP_TOLERANCE) {
             ticks.push_back({t, false, {}, {}});
             tick = offset;
         }

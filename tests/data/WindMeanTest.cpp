@@ -1,0 +1,229 @@
+// The wind direction mean against the rule written out minute by minute.
+#include "data/WindMean.h"
+
+#include "util/Validity.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <random>
+#include <vector>
+
+namespace kelvrum {
+namespace {
+
+constexpr double TO_RADIANS = 0.0174532925199433;
+constexpr double TO_DEGREES = 57.2957795130823;
+
+/// The rule as the stations define it, step by step, with north and cancelling vectors as they are settled.
+double literalWindMean(const std::vector<double>& block, const std::vector<double>& paired) {
+    double D = 0;
+    double R = 0;
+    double speeds = 0;
+    bool used = false;
+    for (std::size_t i = 0; i < block.size(); ++i) {
+        const double d = block[i];
+        const double s = paired[i];
+        if (!(std::fabs(d) < 99999900) || d == 0 || !(std::fabs(s) < 99999900) || s == 0) {
+            continue;
+        }
+        const double X = std::sin(D * TO_RADIANS) * R + std::sin(d * TO_RADIANS) * s;
+        const double Y = std::cos(D * TO_RADIANS) * R + std::cos(d * TO_RADIANS) * s;
+        speeds += std::fabs(s);
+        R = std::sqrt(X * X + Y * Y);
+        if (R <= 1e-12 * speeds) {
+            R = 0;
+        }
+        if (R > 0) {
+            const double q = X / R;
+            if (std::fabs(q) < 1) {
+                D = std::atan(q / std::sqrt(1 - q * q)) * TO_DEGREES;
+            } else {
+                D = 90 * q;
+            }
+            if (Y < 0) {
+                D = 180 - D;
+            }
+            if (D < 0) {
+                D = D + 360;
+            }
+        }
+        used = true;
+    }
+    if (!used) {
+        return INVALID_VALUE;
+    }
+    return D <= 1e-9 || D >= 360 - 1e-9 ? 360 : D;
+}
+
+/// How far two directions lie apart, across north too.
+double apart(double a, double b) {
+    const double d = std::fabs(a - b);
+    return std::min(d, std::fabs(360 - d));
+}
+
+TEST(WindMean, Table) {
+    constexpr double NO_NUMBER = std::numeric_limits<double>::quiet_NaN();
+    constexpr double INFINITE = std::numeric_limits<double>::infinity();
+    struct Row {
+        const char* what;
+        std::vector<double> directions;
+        std::vector<double> speeds;
+        double mean;
+    };
+    const Row rows[] = {
+        {"no minutes", {}, {}, INVALID_VALUE},
+        {"north between 350 and 10", {350, 10}, {1, 1}, 360},
+        {"north between 10 and 350", {10, 350}, {3, 3}, 360},
+        {"north itself", {360}, {2.5}, 360},
+        {"one turn more", {720}, {1}, 360},
+        {"a hair before north", {359.9999999999}, {1}, 360},
+        {"a hair behind north", {1e-10}, {1}, 360},
+        {"shortly before north", {359.99}, {1}, 359.99},
+        {"shortly behind north", {0.01}, {1}, 0.01},
+        {"south", {180}, {7}, 180},
+        {"south at any speed", {180, 180}, {0.1, 30}, 180},
+        {"zero direction is absent", {0}, {5}, INVALID_VALUE},
+        {"only zero directions", {0, 0, 0}, {5, 5, 5}, INVALID_VALUE},
+        {"zero direction beside another", {0, 45}, {50, 1}, 45},
+        {"calm", {90}, {0}, INVALID_VALUE},
+        {"calm beside wind", {45, 225}, {5, 0}, 45},
+        {"speed marked", {45, 225}, {5, INVALID_VALUE}, 45},
+        {"speed no number", {45, 225, 200}, {5, NO_NUMBER, INFINITE}, 45},
+        {"direction marked", {INVALID_VALUE, -INVALID_VALUE, 45}, {5, 5, 5}, 45},
+        {"direction no number", {NO_NUMBER, INFINITE, 45}, {5, 5, 5}, 45},
+        {"weighted", {60, 120, 120}, {1, 0.5, 0.5}, 90},
+        {"stronger wins", {90 - 45, 90 + 135}, {1, 3}, 225},
+        {"opposite cancel: the direction stays", {10, 190}, {1, 1}, 10},
+        {"cancel, then another", {10, 190, 100}, {1, 1, 1}, 100},
+        {"cancel with great speeds", {10, 190}, {12345, 12345}, 10},
+        {"east and west cancel", {90, 270}, {4, 4}, 90},
+        {"negative direction", {-45}, {1}, 315},
+        {"negative speed", {45}, {-1}, 225},
+        {"beyond a turn", {540}, {1}, 180},
+        {"east", {90}, {1}, 90},
+        {"west", {270}, {1}, 270},
+    };
+    for (const Row& row : rows) {
+        const double tolerance = row.mean == INVALID_VALUE || row.mean == 360 ? 0 : 1e-6;
+        EXPECT_NEAR(windMean(row.directions, row.speeds), row.mean, tolerance) << row.what;
+        EXPECT_NEAR(windMeanByMinutes(row.directions, row.speeds), row.mean, tolerance) << row.what;
+    }
+}
+
+TEST(WindMean, WithoutThePairThereIsNone) {
+    const std::vector<double> directions = {90, 180};
+    EXPECT_EQ(windMean(directions, {}), INVALID_VALUE);
+    EXPECT_EQ(windMeanByMinutes(directions, {}), INVALID_VALUE);
+}
+
+TEST(WindMean, EveryWholeDegreeOfASingleMinuteIsTheRuleItself) {
+    for (int degree = 1; degree <= 360; ++degree) {
+        for (const double speed : {0.1, 1.0, 3.7, 100.0}) {
+            const std::vector<double> directions = {static_cast<double>(degree)};
+            const std::vector<double> speeds = {speed};
+            EXPECT_EQ(windMean(directions, speeds), literalWindMean(directions, speeds)) << degree;
+            EXPECT_NEAR(windMean(directions, speeds), degree, 2e-6) << degree;
+        }
+    }
+}
+
+/// One of the ways in which the minutes of a block are drawn.
+enum class Weather { any, wholeDegrees, nearEast, nearWest, nearNorth, steady, gaps };
+
+std::vector<double> drawDirections(std::mt19937& random, Weather weather, std::size_t count) {
+    std::uniform_real_distribution<double> any(0, 360);
+    std::uniform_int_distribution<int> whole(1, 360);
+    std::uniform_int_distribution<int> step(-2, 2);
+    const double steady = whole(random);
+    std::vector<double> directions(count);
+    for (double& d : directions) {
+        switch (weather) {
+        case Weather::any:
+        case Weather::gaps:
+            d = any(random);
+            break;
+        case Weather::wholeDegrees:
+            d = whole(random);
+            break;
+        case Weather::nearEast:
+            d = 90 + step(random);
+            break;
+        case Weather::nearWest:
+            d = 270 + step(random);
+            break;
+        case Weather::nearNorth:
+            d = 360 + step(random);
+            break;
+        case Weather::steady:
+            d = steady;
+            break;
+        }
+    }
+    return directions;
+}
+
+std::vector<double> drawSpeeds(std::mt19937& random, Weather weather, std::size_t count) {
+    std::uniform_real_distribution<double> any(0.1, 25);
+    std::uniform_int_distribution<int> tenths(1, 80);
+    std::uniform_int_distribution<int> kind(0, 3);
+    std::vector<double> speeds(count);
+    for (double& s : speeds) {
+        s = weather == Weather::any ? any(random) : tenths(random) / 10.0;
+        if (weather == Weather::gaps) {
+            const int k = kind(random);
+            s = k == 0 ? 0 : k == 1 ? INVALID_VALUE : s;
+        }
+    }
+    return speeds;
+}
+
+TEST(WindMean, AgreesWithTheRuleMinuteByMinute) {
+    std::mt19937 random(20200618); // NOLINT(cert-msc51-cpp): the same blocks at every run
+    for (const Weather weather : {Weather::any, Weather::wholeDegrees, Weather::nearEast, Weather::nearWest,
+                                  Weather::nearNorth, Weather::steady, Weather::gaps}) {
+        for (const std::size_t count : {1U, 5U, 10U, 15U, 60U, 1440U}) {
+            const int trials = count == 1440 ? 25 : 1500;
+            for (int trial = 0; trial < trials; ++trial) {
+                const std::vector<double> directions = drawDirections(random, weather, count);
+                const std::vector<double> speeds = drawSpeeds(random, weather, count);
+                const double rule = literalWindMean(directions, speeds);
+                const double mean = windMean(directions, speeds);
+                const auto which = [&] {
+                    return ::testing::Message()
+                           << "weather " << static_cast<int>(weather) << ", N = " << count << ", trial "
+                           << trial << ": " << mean << " for " << rule;
+                };
+                if (rule == INVALID_VALUE || count == 1) {
+                    ASSERT_EQ(mean, rule) << which();
+                } else {
+                    ASSERT_NE(mean, INVALID_VALUE) << which();
+                    ASSERT_GT(mean, 0) << which();
+                    ASSERT_LE(mean, 360) << which();
+                    ASSERT_LE(apart(mean, rule), 1e-7) << which();
+                    ASSERT_LE(apart(windMeanByMinutes(directions, speeds), rule), 1e-7) << which();
+                }
+            }
+        }
+    }
+}
+
+TEST(WindMean, EveryPairOfWholeDegreesAroundEastAndWest) {
+    for (const double centre : {90.0, 270.0}) {
+        for (int a = -3; a <= 3; ++a) {
+            for (int b = -3; b <= 3; ++b) {
+                for (const double speed : {0.1, 1.0, 2.5, 40.0}) {
+                    const std::vector<double> directions = {centre + a, centre + b, centre - a, centre - b};
+                    const std::vector<double> speeds = {1, speed, 1, speed};
+                    const double rule = literalWindMean(directions, speeds);
+                    EXPECT_LE(apart(windMean(directions, speeds), rule), 1e-7) << a << " " << b;
+                    EXPECT_LE(apart(rule, centre), 2e-6);
+                }
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace kelvrum

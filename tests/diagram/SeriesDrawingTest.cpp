@@ -1,0 +1,191 @@
+// The series of a line diagram as they arrive on the surface: colours, passes, clip, number of primitives.
+#include "diagram/LineDiagram.h"
+
+#include "tests/diagram/RecordingSurface.h"
+#include "tests/diagram/ShowDots.h"
+#include "tests/diagram/TestDiagram.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace kelvrum {
+namespace {
+
+using kelvrum::testing::Column;
+using kelvrum::testing::DAY;
+using kelvrum::testing::fillSeries;
+using kelvrum::testing::RecordingSurface;
+using kelvrum::testing::TestDiagram;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+constexpr Colour OTHER = 0x010101; // of all axes
+constexpr Colour FIRST = 0x040404;
+constexpr Colour SECOND = 0x050505;
+
+/// A day on a plot of 240 x 100 dots, 10 dots an hour, one dot a unit.
+class DayDiagram : public TestDiagram {
+  public:
+    explicit DayDiagram(std::int32_t kind = 0) {
+        setDiagTyp(kind);
+        setXLow(DAY);
+        setXHigh(DAY + 1);
+        setXaxe(OTHER);
+        setY1axe(OTHER);
+        setY2axe(OTHER);
+        setD1(FIRST);
+        setD2(SECOND);
+    }
+};
+
+LineDrawing draw(RecordingSurface& surface, DiagramState& diagram) {
+    return drawLineDiagram(surface, diagram, DiagramLayout(), {});
+}
+
+/// `passes` times the 24 hours of the day, each pass on a height of its own.
+std::vector<Column> hourlyPasses(int passes) {
+    std::vector<Column> columns;
+    for (int pass = 0; pass < passes; ++pass) {
+        for (int hour = 0; hour < 24; ++hour) {
+            columns.push_back({DAY + hour / 24.0, 10.0 + 20.0 * pass + hour % 2});
+        }
+    }
+    return columns;
+}
+
+TEST(SeriesDrawing, BothSeriesOnTheirScales) {
+    for (const std::int32_t kind : {0, 4}) {
+        DayDiagram diagram(kind);
+        diagram.setY2High(200);
+        fillSeries(diagram, {{DAY, 10, 20}, {DAY + 0.25, 30, 60}, {DAY + 0.5, 50}});
+        RecordingSurface surface({310, 190});
+        EXPECT_EQ(draw(surface, diagram).passes, 1);
+        EXPECT_THAT(surface.linesOf(FIRST), Contains(Segment{{40, 140}, {100, 120}}));
+        EXPECT_THAT(surface.linesOf(FIRST), Contains(Segment{{100, 120}, {160, 100}}));
+        EXPECT_THAT(surface.linesOf(SECOND), Contains(Segment{{40, 140}, {100, 120}}));
+        EXPECT_THAT(surface.linesOf(SECOND), SizeIs(::testing::Le(3U))) << "the marker is a gap";
+    }
+}
+
+TEST(SeriesDrawing, OnlyTheColumnsInUse) {
+    DayDiagram diagram;
+    fillSeries(diagram, {{DAY, 10}, {DAY + 0.25, 999999}, {DAY + 0.5, 50}});
+    diagram.SetArray(2);
+    RecordingSurface surface({310, 190});
+    draw(surface, diagram);
+    EXPECT_THAT(surface.linesOf(FIRST), ElementsAre(Segment{{40, 140}, {40, 140}}));
+    for (const std::int32_t count : {0, -1, -2147483647}) {
+        diagram.SetArray(count);
+        RecordingSurface empty({310, 190});
+        draw(empty, diagram);
+        EXPECT_THAT(empty.linesOf(FIRST), IsEmpty()) << count;
+    }
+    diagram.SetArray(2147483647);
+    RecordingSurface all({310, 190});
+    draw(all, diagram);
+    EXPECT_THAT(all.linesOf(FIRST),
+                ElementsAre(Segment{{40, 140}, {40, 140}}, Segment{{160, 100}, {160, 100}}))
+        << "no further than the table";
+}
+
+TEST(SeriesDrawing, ThreePassesHaveThreeColoursAndAFourthIsNotDrawn) {
+    for (const int passes : {1, 2, 3, 4, 5}) {
+        SCOPED_TRACE(passes);
+        DayDiagram diagram;
+        fillSeries(diagram, hourlyPasses(passes));
+        RecordingSurface surface({310, 190});
+        EXPECT_EQ(draw(surface, diagram).passes, std::min(passes, 3));
+        const Colour colours[] = {FIRST, BLUE, RED};
+        for (int pass = 0; pass < 3; ++pass) {
+            const auto lines = surface.linesOf(colours[pass]);
+            EXPECT_EQ(lines.empty(), pass >= passes);
+            for (const Segment& line : lines) {
+                EXPECT_NEAR(line.from.y, 140 - 20 * pass, 1) << "no line joins two passes";
+                EXPECT_NEAR(line.to.y, 140 - 20 * pass, 1);
+            }
+            if (pass < passes) {
+                for (int hour = 0; hour < 23; ++hour) {
+                    const int x = 40 + 10 * hour;
+                    const int y = 140 - 20 * pass - hour % 2;
+                    EXPECT_THAT(lines, Contains(Segment{{x, y}, {x + 10, 140 - 20 * pass - (hour + 1) % 2}}));
+                }
+            }
+        }
+    }
+}
+
+TEST(SeriesDrawing, PrecipitationIsBoxesOnTheBaseLine) {
+    DayDiagram diagram(2);
+    fillSeries(diagram, {{DAY, 10}, {DAY + 1.0 / 24, 0}, {DAY + 2.0 / 24, 999999}, {DAY + 3.0 / 24, 30}});
+    RecordingSurface surface({310, 190});
+    draw(surface, diagram);
+    EXPECT_THAT(surface.boxesOf(FIRST), ElementsAre(Box{40, 140, 50, 150}, Box{70, 120, 80, 150}));
+    EXPECT_THAT(surface.linesOf(FIRST), IsEmpty());
+    EXPECT_THAT(surface.boxesOf(SECOND), IsEmpty());
+}
+
+TEST(SeriesDrawing, DirectionsTakeTheShortWay) {
+    DayDiagram diagram(3);
+    diagram.setY1High(600);
+    fillSeries(diagram, {{DAY, 348}, {DAY + 0.25, 12}});
+    RecordingSurface surface({310, 190});
+    draw(surface, diagram);
+    EXPECT_THAT(surface.linesOf(FIRST), Contains(Segment{{40, 92}, {100, 88}}));
+}
+
+TEST(SeriesDrawing, IsClippedToThePlot) {
+    for (const std::int32_t kind : {0, 2, 3, 4}) {
+        DayDiagram diagram(kind);
+        diagram.setHilfslinie1(50);
+        diagram.setShowMittel(true);
+        diagram.setHeadLine("Titel");
+        fillSeries(diagram, {{DAY - 1, 10, 90}, {DAY + 0.5, 500000, -500000}, {DAY + 3, -400, 20}});
+        RecordingSurface surface({310, 190});
+        draw(surface, diagram);
+        const Box plot{40, 50, 281, 151};
+        std::size_t clipped = 0;
+        for (const auto& line : surface.drawn) {
+            if (line.clip) {
+                EXPECT_EQ(*line.clip, plot);
+                ++clipped;
+            } else {
+                EXPECT_TRUE(line.pen == OTHER) << "only axes are drawn without a clip";
+            }
+        }
+        EXPECT_GT(clipped, 0U);
+        for (const auto& box : surface.boxes) {
+            EXPECT_EQ(box.clip.has_value(), box.colour == FIRST || box.colour == SECOND);
+        }
+        for (const auto& text : surface.texts) {
+            EXPECT_EQ(text.clip, std::nullopt) << text.text;
+        }
+    }
+}
+
+TEST(SeriesDrawing, AMillionColumnsGiveFewPrimitives) {
+    constexpr int COLUMNS = 1000000;
+    std::vector<Column> columns;
+    columns.reserve(COLUMNS);
+    for (int i = 0; i < COLUMNS; ++i) {
+        const double noise = static_cast<double>(i * 7919LL % 1009) / 1009 * std::fabs(std::sin(i * 5e-5));
+        columns.push_back({DAY + i / static_cast<double>(COLUMNS), i % 99991 == 0 ? NoValue : 5 + 90 * noise,
+                           50 + 45 * std::sin(i * 0.01)});
+    }
+    for (const std::int32_t kind : {0, 2, 3, 4}) {
+        DayDiagram diagram(kind);
+        fillSeries(diagram, columns);
+        RecordingSurface surface;
+        draw(surface, diagram);
+        // Two series, each with a span and a connector for a column of dots, and the frame around.
+        EXPECT_LE(surface.primitives(), 4U * 1000U + 300U) << kind;
+        EXPECT_LE(surface.linesOf(FIRST).size(), 2U * 1000U) << kind;
+        EXPECT_GT(surface.linesOf(FIRST).size() + surface.boxesOf(FIRST).size(), 100U) << kind;
+    }
+}
+
+} // namespace
+} // namespace kelvrum
