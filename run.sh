@@ -1,0 +1,112 @@
+#!/bin/sh
+# Builds the viewer and starts it on a sample station. Without a display it starts on a virtual one, takes the
+# picture build/screenshot.png and ends.
+set -eu
+cd -P "$(dirname "$0")"
+. tools/packages.sh
+
+PROGRAM_FOLDER=build/release/app
+WINDOW_LIMIT=120 # seconds until there is a window
+PICTURE_LIMIT=60 # seconds until its picture stands still
+
+has_display() { [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; }
+
+# A station of one's own beside the program stays; the sample is laid anew each day, so that today has values.
+lay_station() {
+    ini=$PROGRAM_FOLDER/QEL.ini
+    if [ -f "$ini" ] && ! grep -q '^# Beispielstation' "$ini"; then
+        return 0
+    fi
+    if [ ! -f "$ini" ] || ! grep -q "^ZEITBIS=$(date +%d.%m.%Y)" "$ini"; then
+        echo "Laying a sample station into $PROGRAM_FOLDER ..."
+        build/release/tools/makestation/makestation "$PROGRAM_FOLDER" --until "$(date +%Y-%m-%d)T23:59"
+    fi
+}
+
+start_on_display() {
+    # A Wayland session without X needs Qt's own plug-in for it.
+    if [ -z "${DISPLAY:-}" ] && [ -z "${QT_QPA_PLATFORM:-}" ]; then
+        QT_QPA_PLATFORM=wayland
+        export QT_QPA_PLATFORM
+    fi
+    exec "$PROGRAM_FOLDER/kelvrum"
+}
+
+scratch=
+server=
+viewer=
+clean_up() {
+    for process in $viewer $server; do
+        kill "$process" 2>/dev/null || true
+        wait "$process" 2>/dev/null || true
+    done
+    [ -z "$scratch" ] || rm -rf "$scratch"
+}
+
+fail() {
+    echo "run.sh: $1" >&2
+    cat "$scratch"/*.log >&2
+    exit 1
+}
+
+# wait_for SECONDS COMMAND... : repeats the command until it succeeds.
+wait_for() {
+    limit=$(($(date +%s) + $1))
+    shift
+    until "$@"; do
+        [ "$(date +%s)" -lt "$limit" ] || return 1
+        sleep 0.3
+    done
+}
+
+display_is_known() { [ -s "$scratch/display" ]; }
+
+window_is_there() {
+    kill -0 "$viewer" 2>/dev/null || fail "the program has ended by itself"
+    window=$(xdotool search --onlyvisible --name '^Kelvrum - Station ' 2>/dev/null | head -n 1)
+    [ -n "$window" ]
+}
+
+# The picture has more than a handful of colours and is the same as the one before.
+picture_stands_still() {
+    kill -0 "$viewer" 2>/dev/null || fail "the program has ended by itself"
+    before=${after:-none}
+    import -window "$window" "$scratch/picture.png" 2>>"$scratch/import.log" || return 1
+    after=$(identify -format '%#' "$scratch/picture.png")
+    [ "$before" = "$after" ] && [ "$(identify -format '%k' "$scratch/picture.png")" -gt 4 ]
+}
+
+take_picture() {
+    scratch=$(mktemp -d)
+    trap clean_up EXIT
+    trap 'exit 1' HUP INT TERM
+    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$scratch/display" 2>"$scratch/server.log" &
+    server=$!
+    wait_for 30 display_is_known || fail "the virtual display does not start"
+    DISPLAY=:$(cat "$scratch/display")
+    export DISPLAY
+    XDG_RUNTIME_DIR=$scratch QT_QPA_PLATFORM=xcb "$PROGRAM_FOLDER/kelvrum" 2>"$scratch/viewer.log" &
+    viewer=$!
+    wait_for $WINDOW_LIMIT window_is_there || fail "the program shows no window"
+    wait_for $PICTURE_LIMIT picture_stands_still || fail "the picture does not stand still"
+    cp "$scratch/picture.png" build/screenshot.png
+    echo "No display here: the program was started on a virtual one and ended again."
+    echo "Its first view is in $PWD/build/screenshot.png"
+}
+
+if has_display; then
+    case ${DISPLAY:-} in
+    "") need_packages $BUILD_PACKAGES qt6-wayland ;;
+    *) need_packages $BUILD_PACKAGES ;;
+    esac
+else
+    need_packages $BUILD_PACKAGES $PICTURE_PACKAGES
+fi
+use_preset release
+cmake --build --preset release --target kelvrum makestation
+lay_station
+if has_display; then
+    start_on_display
+else
+    take_picture
+fi

@@ -1,0 +1,45 @@
+#!/bin/sh
+# Every check there is: format, the core without Qt, both compilers, the linter, and all tests without and with
+# sanitizers. Ends with CTest's closing lines and its exit code; a step before that fails ends it at once.
+set -eu
+cd -P "$(dirname "$0")"
+. tools/packages.sh
+
+CMAKE_BUILD_PARALLEL_LEVEL=${CMAKE_BUILD_PARALLEL_LEVEL:-$(getconf _NPROCESSORS_ONLN)}
+export CMAKE_BUILD_PARALLEL_LEVEL
+
+# step NAME COMMAND...
+step() {
+    name=$1
+    shift
+    echo "== $name"
+    began=$(date +%s)
+    if ! "$@"; then
+        echo "test.sh: step '$name' failed" >&2
+        exit 1
+    fi
+    echo "== $name: $(($(date +%s) - began)) s"
+}
+
+# build PRESET
+build() { use_preset "$1" && cmake --build --preset "$1"; }
+
+plain() { build plain && tools/checks/plain.sh; }
+
+# run_tests PRESET : when a test fails, CTest's closing lines are the last ones.
+run_tests() {
+    echo "== tests ($1)"
+    began=$(date +%s)
+    ctest --preset "$1" -j2 || exit $?
+}
+
+step packages need_packages $BUILD_PACKAGES $TEST_PACKAGES
+step format tools/checks/format.sh
+step plain plain
+step clang build clang
+step tidy tools/checks/tidy.sh
+step "build (debug)" build debug
+step "build (asan)" build asan
+run_tests debug
+echo "== tests (debug): $(($(date +%s) - began)) s"
+run_tests asan

@@ -1,0 +1,47 @@
+#include "Ratios.h"
+
+#include <cstdio>
+#include <utility>
+
+namespace kelvrum::bench {
+
+namespace {
+
+std::vector<Ratio>& ratios() {
+    static std::vector<Ratio> list;
+    return list;
+}
+
+} // namespace
+
+bool addRatio(Ratio ratio) {
+    ratios().push_back(std::move(ratio));
+    return true;
+}
+
+void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
+    for (const Run& run : runs) {
+        constexpr double MS_PER_S = 1000;
+        const double seconds = run.real_accumulated_time / static_cast<double>(run.iterations);
+        milliseconds_[run.benchmark_name()] = seconds * MS_PER_S;
+    }
+    ConsoleReporter::ReportRuns(runs);
+}
+
+void RatioReporter::printRatios() const {
+    std::printf("\n%-58s %10s %10s %8s\n", "ratio", "ms", "beside ms", "times");
+    for (const Ratio& ratio : ratios()) {
+        const auto found = milliseconds_.find(ratio.figure);
+        double beside = 0;
+        for (const std::string& name : ratio.beside) {
+            const auto part = milliseconds_.find(name);
+            beside += part == milliseconds_.end() ? 0 : part->second;
+        }
+        if (found != milliseconds_.end() && beside > 0) {
+            std::printf("%-58s %10.3f %10.3f %8.2f\n", ratio.what.c_str(), found->second, beside,
+                        found->second / beside);
+        }
+    }
+}
+
+} // namespace kelvrum::bench

@@ -1,0 +1,147 @@
+// One year of one channel at every interval, from the file to the SeriesTable, beside one plain read of the
+// file and one plain pass over its values.
+#include "Ratios.h"
+#include "Year.h"
+#include "config/StationConfig.h"
+#include "data/ChannelFormat.h"
+#include "data/DataReader.h"
+#include "diagram/DiagramState.h"
+#include "util/LittleEndian.h"
+#include "util/Validity.h"
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace kelvrum::bench {
+
+namespace {
+
+constexpr int SPEED = 4;
+constexpr int DIRECTION = 5;
+constexpr int DUST = 7;
+constexpr int RAIN = 12;
+
+/// Channel files of a year in a folder of their own, removed at the end.
+class BenchStation {
+  public:
+    BenchStation()
+        : folder_(std::filesystem::temp_directory_path() / "kelvrum-bench") {
+        std::filesystem::create_directories(folder_);
+        config.Kind = ConfigKind::ini;
+        config.DataFolder = folder_.string() + "/";
+        write(SPEED, MODE_MEAN, yearOfMinutes(5, 4));
+        write(DIRECTION, MODE_WIND_DIRECTION, yearOfMinutes(200, 150));
+        write(DUST, MODE_MEAN, yearOfMinutes(40, 30));
+        write(RAIN, MODE_SUM, yearOfMinutes(1, 0.9));
+        config.ChannelTable.grow(DIRECTION).PairedChannel = SPEED;
+    }
+    BenchStation(const BenchStation&) = delete;
+    BenchStation& operator=(const BenchStation&) = delete;
+    ~BenchStation() { std::filesystem::remove_all(folder_); }
+
+    [[nodiscard]] std::string file(int channel) const { return config.DataFolder + channelFileName(channel); }
+
+    StationConfig config;
+
+  private:
+    static std::string channelFileName(int channel) {
+        const std::string number = std::to_string(channel);
+        return "Kanal" + std::string(number.size() < 2 ? "0" : "") + number + "_2019.chn";
+    }
+    void write(int channel, std::int32_t mode, std::vector<double> values) {
+        config.ChannelTable.grow(channel).Mode = mode;
+        fromLittle(values);
+        std::ofstream out(file(channel), std::ios::binary);
+        const std::string header(chn::HEADER_SIZE, '\0');
+        out.write(header.data(), static_cast<std::streamsize>(header.size()));
+        out.write(reinterpret_cast<const char*>(values.data()),
+                  static_cast<std::streamsize>(values.size() * 8));
+    }
+
+    std::filesystem::path folder_;
+};
+
+const BenchStation& station() {
+    static const BenchStation made;
+    return made;
+}
+
+void plainRead(benchmark::State& state) {
+    static std::vector<std::byte> buffer(chn::HEADER_SIZE + YEAR * chn::VALUE_SIZE);
+    for (auto _ : state) {
+        const auto file = openFile(station().file(DUST));
+        benchmark::DoNotOptimize(file->read(0, buffer));
+    }
+}
+BENCHMARK(plainRead)->Unit(benchmark::kMillisecond);
+
+void plainPass(benchmark::State& state) {
+    const auto values = yearOfMinutes(40, 30);
+    for (auto _ : state) {
+        double sum = 0;
+        int count = 0;
+        for (const double v : values) {
+            if (isPresent(v)) {
+                sum += v;
+                ++count;
+            }
+        }
+        benchmark::DoNotOptimize(sum);
+        benchmark::DoNotOptimize(count);
+    }
+}
+BENCHMARK(plainPass)->Unit(benchmark::kMillisecond);
+
+void sineAndCosine(benchmark::State& state) {
+    const auto directions = yearOfMinutes(200, 150);
+    const auto speeds = yearOfMinutes(5, 4);
+    for (auto _ : state) {
+        double x = 0;
+        double y = 0;
+        for (std::size_t i = 0; i < YEAR; ++i) {
+            if (isPresent(directions[i]) && isPresent(speeds[i])) {
+                const double angle = directions[i] * DEGREES_TO_RADIANS;
+                x += std::sin(angle) * speeds[i];
+                y += std::cos(angle) * speeds[i];
+            }
+        }
+        benchmark::DoNotOptimize(x);
+        benchmark::DoNotOptimize(y);
+    }
+}
+BENCHMARK(sineAndCosine)->Unit(benchmark::kMillisecond);
+
+void reader(benchmark::State& state) {
+    const auto channel = static_cast<std::int32_t>(state.range(0));
+    const auto interval = static_cast<std::int32_t>(state.range(1));
+    DataReader data;
+    DiagramState diagram;
+    const ReadRequest request{channel, {}, {dateSerial(2019, 1, 1), dateSerial(2020, 1, 1)}, interval};
+    for (auto _ : state) {
+        data.readDiagram(station().config, request, {}, diagram, {});
+        benchmark::DoNotOptimize(diagram.DataCount());
+    }
+    state.counters["columns"] = static_cast<double>(diagram.DataCount());
+}
+BENCHMARK(reader)
+    ->ArgsProduct({{DUST, RAIN, DIRECTION}, {1, 5, 10, 15, 60, 1440}})
+    ->Unit(benchmark::kMillisecond);
+
+const bool RATIOS = [] {
+    const std::array<int, 6> intervals = {1, 5, 10, 15, 60, 1440};
+    for (const int n : intervals) {
+        const std::string minutes = std::to_string(n);
+        addRatio({"reader, mean, N = " + minutes, "reader/7/" + minutes, {"plainRead", "plainPass"}});
+        addRatio({"reader, sum, N = " + minutes, "reader/12/" + minutes, {"plainRead", "plainPass"}});
+        addRatio({"reader, wind, N = " + minutes,
+                  "reader/5/" + minutes,
+                  {"plainRead", "plainRead", "sineAndCosine"}});
+    }
+    return true;
+}();
+
+} // namespace
+
+} // namespace kelvrum::bench

@@ -1,0 +1,9 @@
+#!/bin/sh
+# Fails when the formatter would change a source file.
+set -eu
+cd -P "$(dirname "$0")/../.."
+. tools/checks/folders.sh
+
+formatter=$(command -v clang-format-14 || command -v clang-format)
+find $SOURCE_FOLDERS tests -type f \( -name '*.h' -o -name '*.cpp' \) -print0 |
+    xargs -0 "$formatter" --dry-run -Werror

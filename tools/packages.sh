@@ -1,0 +1,92 @@
+# shellcheck shell=sh disable=SC2034
+# Sourced by run.sh and test.sh: what they need from the system, and how it gets there.
+
+# To build and to start the viewer.
+BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev fonts-liberation"
+# To start it without a display and to take its picture.
+PICTURE_PACKAGES="xvfb xdotool imagemagick"
+# To test: second compiler, formatter, linter, test and benchmark libraries, a printer's scheduler, readers of its pages.
+TEST_PACKAGES="clang clang-format clang-tidy libgtest-dev libgmock-dev libbenchmark-dev xvfb xdotool imagemagick
+    cups cups-client cups-filters poppler-utils"
+# Qt's own texts in German. The program does without where the distribution has no such package.
+GOOD_PACKAGES="qt6-translations-l10n"
+
+# missing_packages NAME... : those that are not installed, one a line.
+missing_packages() {
+    installed=$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' "$@" 2>/dev/null || true)
+    for package in "$@"; do
+        printf '%s\n' "$installed" | grep -qxF "$package installed" || printf '%s\n' "$package"
+    done
+}
+
+# as_root COMMAND... : asks for a password only where somebody can type one.
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    elif [ -t 0 ]; then
+        sudo "$@"
+    else
+        sudo -n "$@"
+    fi
+}
+
+# apt COMMAND... : apt-get without questions; a lock of somebody else is waited for.
+apt() {
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=300 -o Acquire::Retries=3 "$@"
+}
+
+# need_packages NAME... : installs what is missing. Without apt-get, or without the right to use it, says what is
+# needed and fails only when the chief tools are not there.
+need_packages() {
+    if command -v apt-get >/dev/null && command -v dpkg-query >/dev/null; then
+        missing=$(missing_packages "$@")
+        good=$(missing_packages $GOOD_PACKAGES)
+        if [ -z "$missing$good" ]; then
+            return 0
+        fi
+        if [ "$(id -u)" -eq 0 ] || command -v sudo >/dev/null; then
+            if [ -n "$missing" ]; then
+                apt update || return 1
+            fi
+            for package in $good; do
+                if apt-cache show "$package" >/dev/null 2>&1; then
+                    missing="$missing $package"
+                fi
+            done
+            if [ -n "$missing" ]; then
+                apt install -y --no-install-recommends $missing || return 1
+            fi
+            return 0
+        fi
+        if [ -z "$missing" ]; then
+            return 0
+        fi
+        echo "Not root and no sudo: these packages are to be installed first:" $missing
+    else
+        echo "No apt-get here. Needed: a compiler with C++20, CMake 3.25 or newer, Ninja, Qt 6.4 or newer with"
+        echo "Widgets and PrintSupport, a font with the metrics of Arial (Liberation Sans)."
+        echo "On Debian these are:" "$@"
+    fi
+    for tool in c++ cmake ninja; do
+        if ! command -v "$tool" >/dev/null; then
+            echo "There is no $tool." >&2
+            return 1
+        fi
+    done
+}
+
+# use_preset NAME : configures a build folder when it is new, older than the presets or brought from another place.
+use_preset() {
+    cache=build/$1/CMakeCache.txt
+    if [ -f "$cache" ] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$cache"; then
+        cmake --fresh --preset "$1"
+    elif [ ! -f "build/$1/build.ninja" ] || [ -n "$(find CMakePresets.json -newer "build/$1/build.ninja")" ]; then
+        cmake --preset "$1"
+    fi
+}
+
+# Texts are UTF-8, also where the system names no locale at all.
+if [ -z "${LC_ALL:-}${LC_CTYPE:-}${LANG:-}" ]; then
+    LANG=C.UTF-8
+    export LANG
+fi
