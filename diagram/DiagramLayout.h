@@ -1,6 +1,8 @@
 // The fixed lengths of a diagram: what distinguishes the screen from the page, apart from the surface.
 #pragma once
 
+#include <optional>
+
 namespace kelvrum {
 
 /// All lengths in units of the surface's scale (pixels on the screen, millimetres on the page).
@@ -9,6 +11,7 @@ struct DiagramLayout {
     double right = 30;          // margin right of the time axis
     double top = 50;            // margin above the value axes
     double bottom = 40;         // margin below the time axis (base line of the value axes)
+    double foot = 0;            // height at the foot of the surface that is not used
     double minDivision = 20;    // least height of a division of a value axis
     double minLabelGap = 65;    // least distance of two labels of the time axis
     double minTickGap = 4;      // least distance of short ticks
@@ -19,6 +22,38 @@ struct DiagramLayout {
     double shortTick = 2;
     double textGap = 1;   // between a tick and its label, and at the surface's edges
     double rowPitch = 11; // from the time of a label to the date below it
+    int totalRow = 1;     // row of the precipitation total below the axis; 1 is shared with the dates
+
+    // Sizes in points; nothing: that of SkalaFont.
+    std::optional<double> titlePoints;
+    std::optional<double> title2Points;
+    std::optional<double> textPoints;
+
+    bool titleBand = true;         // the titles stand on a filled band
+    std::optional<double> legendY; // upper edge of the legend of the passes; nothing: no legend
+    double legendInset = 13;       // the first word is centred this much left of the middle
+    double legendGap = 5;          // between the words
+
+    /// A printed page, in millimetres from its upper left corner.
+    static DiagramLayout page() {
+        DiagramLayout layout;
+        layout.left = 20;
+        layout.right = 13;
+        layout.top = 23;
+        layout.bottom = 20;
+        layout.foot = 20;
+        layout.longTick = 2;
+        layout.shortTick = 1;
+        layout.textGap = 0.5;
+        layout.rowPitch = 3.5;
+        layout.totalRow = 2;
+        layout.titlePoints = 12;
+        layout.title2Points = 10;
+        layout.textPoints = 8;
+        layout.titleBand = false;
+        layout.legendY = layout.top - 14;
+        return layout;
+    }
 };
 
 } // namespace kelvrum

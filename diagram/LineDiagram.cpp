@@ -17,6 +17,8 @@ namespace kelvrum {
 namespace {
 
 constexpr Colour TITLE_BAND = 0xF0F0F0;
+constexpr Colour PASS_MINIMA = BLUE; // the means are drawn in D1
+constexpr Colour PASS_MAXIMA = RED;
 constexpr Colour LIMIT_1 = GREEN;
 constexpr Colour LIMIT_2 = RED;
 constexpr Colour MEAN = 0x0080FF; // orange
@@ -58,7 +60,7 @@ class Drawing {
 
     LineDrawing run() {
         surface_.clear(state_.BgCol());
-        surface_.setFont(state_.SkalaFont());
+        surface_.setFont(fontOf(layout_.textPoints));
         scanRanges();
         drawTimeAxis();
         drawValueAxis(left_, plot_.left, -1, state_.Y1axe());
@@ -72,6 +74,7 @@ class Drawing {
         }
         drawTotal();
         drawTexts();
+        drawLegend(result.passes);
         return result;
     }
 
@@ -88,6 +91,13 @@ class Drawing {
     }
 
     [[nodiscard]] int dots(double length) const { return nearestDot(length * scale_); }
+
+    /// SkalaFont, in the layout's size when it has one.
+    [[nodiscard]] DiagramFont fontOf(const std::optional<double>& points) const {
+        DiagramFont font = state_.SkalaFont();
+        font.Size = points.value_or(font.Size);
+        return font;
+    }
 
     void line(Dot from, Dot to) {
         surface_.moveTo(from);
@@ -131,8 +141,7 @@ class Drawing {
     }
 
     int drawSeries() {
-        // Pass 0 means, pass 1 minima, pass 2 maxima.
-        const std::array<Colour, MAX_PASSES> passColours = {state_.D1(), BLUE, RED};
+        const std::array<Colour, MAX_PASSES> passColours = {state_.D1(), PASS_MINIMA, PASS_MAXIMA};
         const std::array<Colour, MAX_PASSES> secondColours = {state_.D2(), state_.D2(), state_.D2()};
         const int passes = drawOne(series_.y1, left_, true, passColours);
         drawOne(series_.y2, right_, false, secondColours);
@@ -185,7 +194,7 @@ class Drawing {
     /// The total stands at the right end of the row of dates; dates that it would cover are left out.
     bool coversTotal(int labelX, const std::string& label) {
         constexpr int GAP = 6;
-        if (state_.DiagTyp() != KIND_PRECIPITATION) {
+        if (state_.DiagTyp() != KIND_PRECIPITATION || layout_.totalRow > 1) {
             return false;
         }
         return labelX + surface_.textExtent(label).width / 2 + dots(GAP * layout_.textGap) > totalLeft();
@@ -194,7 +203,8 @@ class Drawing {
     void drawTotal() {
         if (state_.DiagTyp() == KIND_PRECIPITATION) {
             surface_.setPen(state_.Xaxe());
-            surface_.text({totalLeft(), nearestDot(plot_.bottom) + dots(layout_.longTick + layout_.rowPitch)},
+            surface_.text({totalLeft(), nearestDot(plot_.bottom) +
+                                            dots(layout_.longTick + layout_.totalRow * layout_.rowPitch)},
                           totalText());
         }
     }
@@ -206,22 +216,27 @@ class Drawing {
     }
 
     void drawTexts() {
-        DiagramFont bold = state_.SkalaFont();
+        DiagramFont bold = fontOf(layout_.titlePoints);
         bold.Bold = true;
         surface_.setFont(bold);
         const Extent title = surface_.textExtent(state_.HeadLine());
-        const std::array<Box, 1> band = {Box{0, 0, size_.width, title.height + dots(layout_.bandBelowTitle)}};
-        surface_.fill(band, TITLE_BAND);
+        if (layout_.titleBand) {
+            const std::array<Box, 1> band = {
+                Box{0, 0, size_.width, title.height + dots(layout_.bandBelowTitle)}};
+            surface_.fill(band, TITLE_BAND);
+        }
         surface_.setPen(BLACK);
         surface_.text({(size_.width - title.width) / 2, dots(layout_.titleY)}, state_.HeadLine());
 
-        surface_.setFont(state_.SkalaFont());
+        surface_.setFont(fontOf(layout_.title2Points));
         const Extent second = surface_.textExtent(state_.HeadLine2());
         surface_.text({(size_.width - second.width) / 2, dots(layout_.title2Y)}, state_.HeadLine2());
 
+        surface_.setFont(fontOf(layout_.textPoints));
         const Extent note = surface_.textExtent(state_.Fussnote());
-        surface_.text({nearestDot(plot_.left), size_.height - note.height - dots(layout_.textGap)},
-                      state_.Fussnote());
+        surface_.text(
+            {nearestDot(plot_.left), size_.height - note.height - dots(layout_.foot + layout_.textGap)},
+            state_.Fussnote());
         drawAxisTexts();
     }
 
@@ -241,6 +256,26 @@ class Drawing {
         if (captions.size() > 1) {
             surface_.setPen(state_.Y2axe());
             surface_.text({nearestDot(plot_.right) - surface_.textExtent(captions[1]).width, y}, captions[1]);
+        }
+    }
+
+    /// One word for each pass that is there: the means when they are not alone, the minima, the maxima.
+    void drawLegend(int passes) {
+        struct Word {
+            const char* text;
+            Colour colour;
+        };
+        constexpr std::array<Word, MAX_PASSES> WORDS = {
+            {{"Mittelwerte", BLACK}, {"Minima", PASS_MINIMA}, {"Maxima", PASS_MAXIMA}}};
+        if (!layout_.legendY || passes < 2) {
+            return;
+        }
+        const int half = surface_.textExtent(WORDS[0].text).width / 2;
+        int x = dots(layout_.left - layout_.legendInset) + (size_.width - dots(layout_.left)) / 2 - half;
+        for (const Word& word : std::span(WORDS).first(static_cast<std::size_t>(passes))) {
+            surface_.setPen(word.colour);
+            surface_.text({x, dots(*layout_.legendY)}, word.text);
+            x += surface_.textExtent(word.text).width + dots(layout_.legendGap);
         }
     }
 

@@ -11,7 +11,10 @@ namespace kelvrum {
 
 namespace {
 
-constexpr double DOTS_PER_POINT = 96.0 / 72.0;
+constexpr double POINTS_PER_INCH = 72;
+constexpr double SCREEN_DOTS_PER_INCH = 96;
+constexpr double MM_PER_INCH = 25.4;
+constexpr double PAGE_PEN = 0.15; // millimetres
 
 QString toQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -28,10 +31,30 @@ QColor toQColor(Colour colour) {
             static_cast<int>((colour >> 16U) & 0xFFU)};
 }
 
-PainterSurface::PainterSurface(QPaintDevice& device, Extent size, double scale)
+Resolution Resolution::screen(double devicePixelRatio) {
+    return {devicePixelRatio, devicePixelRatio * SCREEN_DOTS_PER_INCH / POINTS_PER_INCH,
+            std::max(1, static_cast<int>(std::lround(devicePixelRatio)))};
+}
+
+Resolution Resolution::page(double dotsPerInch) {
+    const double scale = dotsPerInch / MM_PER_INCH;
+    return {scale, dotsPerInch / POINTS_PER_INCH,
+            std::max(1, static_cast<int>(std::lround(PAGE_PEN * scale)))};
+}
+
+QFont surfaceFont(const DiagramFont& font, double dotsPerPoint) {
+    QFont face(toQString(font.Name));
+    face.setStyleHint(QFont::SansSerif);
+    face.setPixelSize(std::max(1, static_cast<int>(std::lround(font.Size * dotsPerPoint))));
+    face.setBold(font.Bold);
+    face.setItalic(font.Italic);
+    return face;
+}
+
+PainterSurface::PainterSurface(QPaintDevice& device, Extent size, const Resolution& resolution)
     : painter_(&device)
     , size_(size)
-    , scale_(scale) {
+    , resolution_(resolution) {
     painter_.setRenderHint(QPainter::Antialiasing, false);
     setFont({});
 }
@@ -42,7 +65,7 @@ void PainterSurface::clear(Colour background) {
 
 void PainterSurface::setPen(Colour colour) {
     QPen pen(toQColor(colour));
-    pen.setWidth(std::max(1, static_cast<int>(std::lround(scale_))));
+    pen.setWidth(resolution_.penWidth);
     pen.setCapStyle(Qt::SquareCap); // both ends of a line belong to it
     painter_.setPen(pen);
 }
@@ -71,12 +94,7 @@ void PainterSurface::fill(std::span<const Box> boxes, Colour colour) {
 }
 
 void PainterSurface::setFont(const DiagramFont& font) {
-    QFont face(toQString(font.Name));
-    face.setStyleHint(QFont::SansSerif);
-    face.setPixelSize(std::max(1, static_cast<int>(std::lround(font.Size * DOTS_PER_POINT * scale_))));
-    face.setBold(font.Bold);
-    face.setItalic(font.Italic);
-    painter_.setFont(face);
+    painter_.setFont(surfaceFont(font, resolution_.dotsPerPoint));
 }
 
 void PainterSurface::text(Dot at, std::string_view text) {

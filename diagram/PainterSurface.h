@@ -11,16 +11,37 @@ namespace kelvrum {
 
 QColor toQColor(Colour colour);
 
-/// Draws on a pixmap or image whose pixels are the dots. Lines are not smoothed and as wide as one logical
-/// pixel; text has the size that it has on a screen of 96 dots per inch, times the scale.
+/// How lengths become dots on a device.
+struct Resolution {
+    double scale = 1;        // dots for one unit of the layout
+    double dotsPerPoint = 1; // of font sizes
+    int penWidth = 1;        // dots
+
+    /// A screen of 96 dots per inch, with this many device pixels for each of them; units are pixels.
+    static Resolution screen(double devicePixelRatio);
+    /// A page; units are millimetres.
+    static Resolution page(double dotsPerInch);
+};
+
+/// The font of a surface, its size in dots.
+QFont surfaceFont(const DiagramFont& font, double dotsPerPoint);
+
+/// Draws on a device whose pixels are the dots. Lines are not smoothed.
 class PainterSurface final : public Surface {
   public:
-    /// The device must outlive the surface. `scale` is its device pixel ratio; the painter itself works in
-    /// device pixels.
-    PainterSurface(QPaintDevice& device, Extent size, double scale);
+    /// The device must outlive the surface.
+    PainterSurface(QPaintDevice& device, Extent size, const Resolution& resolution);
+    /// On a picture for the screen.
+    PainterSurface(QPaintDevice& device, Extent size, double devicePixelRatio)
+        : PainterSurface(device, size, Resolution::screen(devicePixelRatio)) {}
+
+    /// Whether the device takes drawing.
+    [[nodiscard]] bool isActive() const { return painter_.isActive(); }
+    /// Ends the drawing; false when the device failed.
+    bool end() { return painter_.end(); }
 
     [[nodiscard]] Extent size() const override { return size_; }
-    [[nodiscard]] double scale() const override { return scale_; }
+    [[nodiscard]] double scale() const override { return resolution_.scale; }
     void clear(Colour background) override;
     void setPen(Colour colour) override;
     void setClip(std::optional<Box> box) override;
@@ -35,7 +56,7 @@ class PainterSurface final : public Surface {
   private:
     QPainter painter_;
     Extent size_;
-    double scale_;
+    Resolution resolution_;
     Dot current_;
 };
 

@@ -41,7 +41,7 @@ struct PlotArea {
         : left(layout.left * scale)
         , top(layout.top * scale)
         , right(size.width - layout.right * scale)
-        , bottom(size.height - layout.bottom * scale)
+        , bottom(size.height - (layout.foot + layout.bottom) * scale)
         , xLow(range.from)
         , dotsPerDay(range.to > range.from ? (right - left) / (range.to - range.from) : 0) {}
 

@@ -2,15 +2,17 @@
 
 #include "diagram/LineDiagram.h"
 #include "diagram/PainterSurface.h"
+#include "diagram/PrintJob.h"
 
 #include <QPainter>
 #include <QPalette>
+#include <utility>
 
 namespace kelvrum {
 
-PolarSys::PolarSys(const LocaleTexts& texts, QWidget* parent)
+PolarSys::PolarSys(LocaleTexts texts, QWidget* parent)
     : QWidget(parent)
-    , texts_(texts) {
+    , texts_(std::move(texts)) {
     setAttribute(Qt::WA_OpaquePaintEvent); // the picture covers the whole control
     initialise();
 }
@@ -22,6 +24,22 @@ void PolarSys::Draw() {
     }
     drawPicture();
     update();
+}
+
+void PolarSys::PrintDiag(bool& finish) {
+    if (printJob_ == nullptr) {
+        throw PrintError("Es ist kein Drucker eingerichtet.");
+    }
+    try {
+        Surface& page = printJob_->newPage(QPageLayout::Landscape);
+        drawLineDiagram(page, *this, DiagramLayout::page(), texts_);
+        if (finish) {
+            printJob_->end();
+        }
+    } catch (const std::exception&) {
+        printJob_->abandon();
+        throw;
+    }
 }
 
 QSize PolarSys::pictureSize() const { return (QSizeF(size()) * devicePixelRatioF()).toSize(); }

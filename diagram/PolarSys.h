@@ -9,16 +9,25 @@
 
 namespace kelvrum {
 
+class PrintJob;
+
 /// Draws a time series or a polar diagram, chosen by DiagTyp, on the picture `pb`, which always fills the
 /// control. A mere repaint of the window shows the finished picture again and draws nothing anew.
 class PolarSys : public QWidget, public DiagramState {
     Q_OBJECT
 
   public:
-    explicit PolarSys(const LocaleTexts& texts, QWidget* parent = nullptr);
+    explicit PolarSys(LocaleTexts texts, QWidget* parent = nullptr);
 
     /// Draws the picture at once. While the control is not on the screen the drawing waits until it is shown.
     void Draw();
+
+    /// The job that PrintDiag prints into; it must outlive the control.
+    void setPrintJob(PrintJob& job) { printJob_ = &job; }
+
+    /// Draws the line diagram on a new page of the print job, landscape. With `finish` the job is ended
+    /// afterwards; otherwise it stays open for further pages. Throws PrintError; the job is closed then.
+    void PrintDiag(bool& finish);
 
     /// The picture as it was drawn last, in device pixels.
     [[nodiscard]] const QPixmap& picture() const { return pb_; }
@@ -42,6 +51,7 @@ class PolarSys : public QWidget, public DiagramState {
     void drawPicture();
 
     LocaleTexts texts_;
+    PrintJob* printJob_ = nullptr;
     QPixmap pb_;
     bool stale_ = true; // the picture is to be drawn before it is shown
     int drawings_ = 0;

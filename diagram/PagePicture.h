@@ -1,0 +1,40 @@
+// A page that is kept as what was drawn on it, until it is printed or dropped.
+#pragma once
+
+#include "diagram/PainterSurface.h"
+#include "diagram/Surface.h"
+
+#include <QFont>
+#include <functional>
+#include <vector>
+
+namespace kelvrum {
+
+class PagePicture final : public Surface {
+  public:
+    PagePicture(Extent size, const Resolution& resolution);
+
+    /// Draws everything again, in the same order, on a surface of the same resolution.
+    void play(Surface& surface) const;
+
+    [[nodiscard]] Extent size() const override { return size_; }
+    [[nodiscard]] double scale() const override { return resolution_.scale; }
+    void clear(Colour background) override;
+    void setPen(Colour colour) override;
+    void setClip(std::optional<Box> box) override;
+    void moveTo(Dot to) override;
+    void lineTo(Dot to) override;
+    void lines(std::span<const Segment> segments) override;
+    void fill(std::span<const Box> boxes, Colour colour) override;
+    void setFont(const DiagramFont& font) override;
+    void text(Dot at, std::string_view text) override;
+    Extent textExtent(std::string_view text) override;
+
+  private:
+    Extent size_;
+    Resolution resolution_;
+    QFont font_;
+    std::vector<std::function<void(Surface&)>> steps_;
+};
+
+} // namespace kelvrum
