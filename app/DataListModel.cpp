@@ -38,6 +38,9 @@ void DataListModel::clear() {
 }
 
 void DataListModel::append(DateTime time, double value) {
+    if (recordWidth_ > 0) {
+        clear(); // rows of one kind only
+    }
     times_.push_back(time);
     values_.push_back(value);
 }
@@ -78,6 +81,9 @@ QString DataListModel::text(int row, int column) const {
 }
 
 QVariant DataListModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid()) {
+        return {};
+    }
     if (role == Qt::DisplayRole) {
         return text(index.row(), index.column());
     }

@@ -4,13 +4,11 @@
 #include "util/Numbers.h"
 
 #include <QComboBox>
-#include <QDateEdit>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QTableView>
-#include <QTimeEdit>
 #include <utility>
 
 namespace kelvrum {
@@ -30,7 +28,12 @@ f::f(Environment environment)
     setCaption();
 }
 
-f::~f() = default;
+f::~f() {
+    // A picker with an unfinished edit reports it when it loses the focus; the window is half gone by then.
+    for (QWidget* control : findChildren<QWidget*>()) {
+        control->disconnect(this);
+    }
+}
 
 void f::Form_Load() {
     KS->Clear();
@@ -50,10 +53,10 @@ void f::Form_Load() {
 
     // Setting a control from code raises no change handling; the one LoadData of the start comes last.
     const QDate today = environment_.today();
-    DTPicker->setDate(today);
-    DTPicker2->setDate(today.addDays(1));
-    DTPicker1->setTime(QTime(0, 0));
-    DTPicker3->setTime(QTime(0, 0));
+    setTime(Side::start, dateSerial(today.year(), today.month(), today.day()));
+    setTime(Side::end, timeOf(Side::start) + 1);
+    previousStartTime_ = 0;
+    previousEndTime_ = 0;
     selInterval->setCurrentIndex(0);
     selScroll->setCurrentIndex(ROW_DAYS);
     optView[0]->setChecked(true);
@@ -70,6 +73,11 @@ void f::Form_Load() {
 
     KS->setHilfslinie2(0);
     KS->setHilfslinie1(0);
+}
+
+void f::closeEvent(QCloseEvent* event) {
+    ++loadNumber_; // a reading that is still under way gives up
+    QMainWindow::closeEvent(event);
 }
 
 void f::channelChosen() { LoadData(); }

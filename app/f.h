@@ -82,6 +82,7 @@ class f : public QMainWindow {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
   private:
     // --- f_controls.cpp: the controls and their design ---
@@ -95,7 +96,7 @@ class f : public QMainWindow {
     QGroupBox* frame(const char* name, const QString& caption, const QRect& place);
 
     // --- f_load.cpp: loading ---
-    bool fillListVarn(const ReadingStep& step);
+    bool fillListVarn(const TimeRange& shown, const ReadingStep& step);
     bool readViews(const ReadRequest& request, const ReadingStep& step);
     void showNothing();
     void showLimitsOf(std::int32_t channel);
@@ -149,6 +150,7 @@ class f : public QMainWindow {
     double manualMaximum_ = 100;
     Colour keptColour1_ = 0x800000; // kept for later use
     Colour keptColour2_ = WHITE;
+    std::string batchFolder_;   // project folder of the batch print
     double lastWindFactor_ = 0; // shown when the correction dialog opens
     double lastDustFactor_ = 0;
     int previousStartTime_ = 0; // minutes; the time pickers' values after their last change handling

@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -21,6 +22,7 @@
 #include <QSlider>
 #include <QTableView>
 #include <QTimeEdit>
+#include <algorithm>
 #include <array>
 
 namespace kelvrum {
@@ -73,8 +75,56 @@ QComboBox* makeChoice(QWidget* parent, const char* name, int y, const std::array
     return box;
 }
 
+/// A full section hands over to the next one by itself. The separator that many type all the same means that
+/// step and not one more.
+class DatePicker : public QDateEdit {
+  public:
+    using QDateEdit::QDateEdit;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        const QString typed = event->text();
+        const bool separator = !typed.isEmpty() && typed[0].isPrint() && !typed[0].isLetterOrNumber();
+        if (separator && handedOver_) {
+            handedOver_ = false;
+            event->accept();
+            return;
+        }
+        const int before = currentSectionIndex();
+        QDateEdit::keyPressEvent(event);
+        handedOver_ = !typed.isEmpty() && typed[0].isDigit() && currentSectionIndex() != before;
+    }
+
+  private:
+    bool handedOver_ = false;
+};
+
+/// Steps of a minute carry over the full hour: 10:00 steps back to 09:59.
+class TimePicker : public QTimeEdit {
+  public:
+    using QTimeEdit::QTimeEdit;
+
+    void stepBy(int steps) override {
+        if (currentSection() != MinuteSection) {
+            QTimeEdit::stepBy(steps);
+            return;
+        }
+        constexpr int LAST_MINUTE = MINUTES_PER_DAY - 1;
+        const QTime now = locale().toTime(text(), displayFormat()); // what was typed is not taken over yet
+        const QTime from = now.isValid() ? now : time();
+        const int minute = std::clamp(from.hour() * 60 + from.minute() + steps, 0, LAST_MINUTE);
+        setTime(QTime(minute / 60, minute % 60));
+        setSelectedSection(MinuteSection);
+    }
+
+  protected:
+    [[nodiscard]] StepEnabled stepEnabled() const override {
+        return currentSection() == MinuteSection ? StepUpEnabled | StepDownEnabled : QTimeEdit::stepEnabled();
+    }
+};
+
 QDateEdit* makeDatePicker(QWidget* parent, const char* name, int y, const LocaleTexts& texts) {
-    auto* picker = make<QDateEdit>(parent, name, row(y));
+    auto* picker = make<DatePicker>(parent, name, row(y));
     picker->setTimeSpec(Qt::UTC); // stations know no summer time
     picker->setDisplayFormat(pickerFormat(texts));
     picker->setCalendarPopup(true);
@@ -84,7 +134,7 @@ QDateEdit* makeDatePicker(QWidget* parent, const char* name, int y, const Locale
 }
 
 QTimeEdit* makeTimePicker(QWidget* parent, const char* name, int y) {
-    auto* picker = make<QTimeEdit>(parent, name, QRect(INNER_LEFT + 25, y, 39, CONTROL_HEIGHT));
+    auto* picker = make<TimePicker>(parent, name, QRect(INNER_LEFT + 25, y, 39, CONTROL_HEIGHT));
     picker->setTimeSpec(Qt::UTC);
     picker->setDisplayFormat(QStringLiteral("HH:mm"));
     picker->setKeyboardTracking(false);
@@ -112,7 +162,7 @@ void f::buildMenus() {
     menProj = entry(menDat, "menProj", QStringLiteral("&Projektauswahl"));
     menPrint = entry(menDat, "menPrint", QStringLiteral("&Drucken"));
     menCPrint = entry(menDat, "menCPrint", QStringLiteral("&Sammeldruck"));
-    menSelP = entry(menDat, "menSelP", QStringLiteral("Drucker &einrichten"));
+    menSelP = entry(menDat, "menSelP", QStringLiteral("Drucker e&inrichten"));
     menDat->addSeparator()->setObjectName(QStringLiteral("Men001"));
     MenEnd = entry(menDat, "MenEnd", QStringLiteral("&Ende"));
     menKor = menuBar()->addMenu(QStringLiteral("&Korrekturfaktoren"));
@@ -156,7 +206,7 @@ void f::buildColumn() {
     optView[1] =
         make<QRadioButton>(client_, "optView(1)", QRect(4, 112, 112, 17), QStringLiteral("Daten&liste"));
     optView[0] =
-        make<QRadioButton>(client_, "optView(0)", QRect(4, 129, 112, 17), QStringLiteral("Linien&diagramm"));
+        make<QRadioButton>(client_, "optView(0)", QRect(4, 129, 112, 17), QStringLiteral("Liniendia&gramm"));
     views->addButton(optView[0], 0);
     views->addButton(optView[1], 1);
     optView[0]->setChecked(true);

@@ -34,7 +34,9 @@ void f::Form_Resize() {
     const int H = client_->height();
     place(*HScroll, VIEW_LEFT, H - 17, W - 120, 16);
     place(*KS, VIEW_LEFT, 2, W - 120, H - 5);
-    KS->Draw();
+    if (isVisible()) {
+        KS->Draw();
+    }
     place(*lView, VIEW_LEFT, 2, W - 120, H - 2);
     Label1->move(Label1->x(), H - 17);
     Frame2->move(Frame2->x(), H - 30);

@@ -64,7 +64,7 @@ bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
     rows_->clear();
     if (station_.Kind == ConfigKind::binary) {
         return reader_.readDayDiagram(station_, request, diagramSettings(), *KS, step) == Reading::complete &&
-               fillListVarn(step);
+               fillListVarn(request.range, step);
     }
     if (diagramSelected()) {
         return reader_.readDiagram(station_, request, diagramSettings(), *KS, step) == Reading::complete;
@@ -80,8 +80,8 @@ bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
     return complete;
 }
 
-bool f::fillListVarn(const ReadingStep& step) {
-    auto rows = reader_.readDayList(station_, range(), step);
+bool f::fillListVarn(const TimeRange& shown, const ReadingStep& step) {
+    auto rows = reader_.readDayList(station_, shown, step);
     if (!rows) {
         return false;
     }
@@ -94,7 +94,7 @@ void f::showNothing() {
     rows_->clear();
     KS->SetArray(0);
     KS->setHeadLine(station_.Title);
-    KS->setHeadLine2("");
+    KS->setHeadLine2(station_.Subtitle);
     KS->setEinheit("");
 }
 
@@ -112,7 +112,9 @@ void f::SetXHigh() {
     const TimeRange shown = range();
     KS->setXLow(shown.from);
     KS->setXHigh(shown.to);
-    KS->Draw();
+    if (isVisible()) { // else the first painting draws
+        KS->Draw();
+    }
 }
 
 bool f::checkMenu(bool allowed) {

@@ -2,6 +2,7 @@
 #include "app/DataListModel.h"
 #include "app/f.h"
 #include "config/ChannelList.h"
+#include "config/DataFolder.h"
 #include "config/Form1.h"
 #include "config/ReadConf.h"
 #include "diagram/PolarSys.h"
@@ -13,9 +14,20 @@
 
 namespace kelvrum {
 
+namespace {
+
+/// Whether the station was read from a file: a start without one leaves an empty station behind.
+bool isOpen(const StationConfig& station) {
+    const char* file = station.Kind == ConfigKind::binary ? "VARNIX.CFG" : "QEL.ini";
+    return station.Kind != ConfigKind::none && fileExists(station.BaseFolder + file);
+}
+
+} // namespace
+
 void f::readConf(std::string_view ConfFile) {
     if (auto station = kelvrum::readConf(ConfFile, environment_.open)) {
         adoptStation(std::move(*station));
+        batchFolder_ = station_.Kind == ConfigKind::ini ? batchFolder(ConfFile) : std::string();
     }
 }
 
@@ -45,8 +57,7 @@ void f::OpenFile() {
         {QStringLiteral("QEL-Datenbank"), QStringLiteral("QEL.ini")},
         {QStringLiteral("Varnix Konfigurationsdateien"), QStringLiteral("VARNIX.CFG")},
     };
-    const auto folder = nativePath(withSeparator(projectFolder()));
-    const QString start = QString::fromStdString(folder ? stationPath(*folder) : std::string());
+    const QString start = QString::fromStdString(nativeText(withSeparator(projectFolder())));
     const QString file =
         environment_.dialogs->chooseFile(this, QStringLiteral("Datei öffnen ..."), start, filters);
     if (!file.isEmpty()) {
@@ -56,8 +67,7 @@ void f::OpenFile() {
 }
 
 void f::showProjects() {
-    const bool opened = station_.Kind != ConfigKind::none;
-    const std::string search = opened ? folderAround(station_.BaseFolder) : projectFolder();
+    const std::string search = isOpen(station_) ? folderAround(station_.BaseFolder) : projectFolder();
     Form1::Owner owner;
     owner.openProject = [this](const std::string& folder) {
         adoptStation(readProjectFolder(folder, environment_.open));

@@ -6,7 +6,6 @@
 #include <QDateEdit>
 #include <QSignalBlocker>
 #include <QTimeEdit>
-#include <cmath>
 
 namespace kelvrum {
 
@@ -47,13 +46,11 @@ TimeRange f::range() const { return {timeOf(Side::start), timeOf(Side::end)}; }
 
 std::int32_t f::interval() const { return selInterval->currentData().toInt(); }
 
-/// The date picker gets the whole-day part, truncated toward zero, the time picker what is left.
+/// The date picker gets the day, the time picker its hour and minute.
 void f::setTime(Side side, DateTime t) {
-    const double day = std::trunc(t);
-    const auto minutes = static_cast<int>(std::lround((t - day) * MINUTES_PER_DAY));
-    setQuietly(datePicker(side), dayZero().addDays(static_cast<qint64>(day)));
-    setQuietly(timePicker(side),
-               timeOfMinutes(((minutes % MINUTES_PER_DAY) + MINUTES_PER_DAY) % MINUTES_PER_DAY));
+    const CalendarTime parts = calendarTime(t);
+    setQuietly(datePicker(side), QDate(parts.year, parts.month, parts.day));
+    setQuietly(timePicker(side), QTime(parts.hour, parts.minute));
 }
 
 /// When the range has crossed, the other side follows the changed one.
@@ -69,7 +66,10 @@ void f::pullOther(Side changed) {
 void f::stepDate(Side side, int days) {
     QDateEdit& picker = datePicker(side);
     setQuietly(picker, picker.date().addDays(days));
-    pullOther(side); // the outward steps cannot cross
+    const bool inward = (side == Side::start) == (days > 0);
+    if (inward) { // an outward step leaves the other side alone
+        pullOther(side);
+    }
     LoadData();
 }
 

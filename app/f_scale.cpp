@@ -5,7 +5,7 @@
 #include "util/Validity.h"
 
 #include <QCheckBox>
-#include <QEvent>
+#include <QFocusEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
@@ -129,7 +129,11 @@ void f::zoomBy(int steps) {
 
 bool f::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusOut && (watched == Text1 || watched == Text2)) {
-        scaleLeft(watched == Text2);
+        // A context menu or another program borrows the focus only.
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) {
+            scaleLeft(watched == Text2);
+        }
     }
     if (event->type() == QEvent::Resize && watched == client_) {
         Form_Resize();

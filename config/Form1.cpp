@@ -1,5 +1,7 @@
 #include "config/Form1.h"
 
+#include "util/Paths.h"
+
 #include <QCoreApplication>
 #include <QLabel>
 #include <QPushButton>
@@ -96,8 +98,9 @@ void Form1::addButton(std::size_t index) {
 }
 
 void Form1::searchByHand() {
-    const QString folder =
-        dialogs_.chooseFolder(this, QStringLiteral("Projektordner auswählen ..."), toQString(folder_));
+    const auto start = nativePath(folder_);
+    const QString folder = dialogs_.chooseFolder(this, QStringLiteral("Projektordner auswählen ..."),
+                                                 start ? toQString(stationPath(*start)) : QString());
     OpenF(folder.toStdString());
 }
 

@@ -99,7 +99,8 @@ class Fields {
 
 /// The channel number of field 0 behind its keyword; 0 when the line is to be ignored.
 std::int32_t channelNumber(std::string_view text) {
-    return std::max(roundToInt32(leadingNumber(text)).value_or(0), 0);
+    const double number = leadingNumber(text);
+    return number < 1 ? 0 : roundToInt32(number).value_or(0);
 }
 
 class IniParser {
@@ -151,7 +152,7 @@ class IniParser {
         const std::int32_t code = fields.whole(8);
         const std::int32_t mode = fields.whole(9);
         const std::int32_t paired = fields.whole(10);
-        const bool flag = fields.whole(11) != 0;
+        const bool flag = leadingNumber(fields.raw(11)) != 0;
         if (channel < 1 || !fields.fits()) {
             return;
         }
@@ -174,7 +175,7 @@ class IniParser {
         const std::int32_t channel = channelNumber(fields.raw(0).substr(4));
         const std::int32_t code = fields.whole(7);
         const std::int32_t mode = fields.whole(8);
-        const bool flag = fields.whole(9) != 0;
+        const bool flag = leadingNumber(fields.raw(9)) != 0;
         if (channel < 1 || !fields.fits()) {
             return;
         }

@@ -3,8 +3,6 @@
 #include "config/IniFile.h"
 #include "util/Paths.h"
 
-#include <filesystem>
-
 namespace kelvrum {
 
 std::vector<FoundProject> findProjects(std::string_view folder, const FileOpener& open) {
@@ -20,15 +18,6 @@ std::vector<FoundProject> findProjects(std::string_view folder, const FileOpener
         }
     }
     return projects;
-}
-
-std::string folderAround(std::string_view folder) {
-    std::error_code error;
-    auto native = std::filesystem::absolute(nativePath(folder).value_or("."), error).lexically_normal();
-    if (!native.has_filename()) {
-        native = native.parent_path(); // a separator at the end
-    }
-    return stationPath(native.parent_path());
 }
 
 } // namespace kelvrum

@@ -21,7 +21,4 @@ struct FoundProject {
 /// only; no open project is touched.
 std::vector<FoundProject> findProjects(std::string_view folder, const FileOpener& open = openFile);
 
-/// The folder around a project's folder; for an empty text the folder around the current one.
-std::string folderAround(std::string_view folder);
-
 } // namespace kelvrum

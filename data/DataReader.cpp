@@ -4,6 +4,7 @@
 #include "diagram/SeriesTable.h"
 #include "util/Validity.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <exception>
@@ -13,6 +14,8 @@ namespace kelvrum {
 namespace {
 
 constexpr double HALF_MINUTE = 0.5;
+constexpr std::int64_t MINUTES_OF_A_YEAR =
+    366LL * MINUTES_PER_DAY; // room made at once; more is made when needed
 
 /// Everything that a diagram shows beside its series.
 void setTexts(const StationConfig& station, std::int32_t channel, const DiagramSettings& settings,
@@ -116,7 +119,8 @@ Reading DataReader::readDiagram(const StationConfig& station, const ReadRequest&
     setTexts(station, request.channel, settings, diagram);
     return trapped([&] {
         BlockReader blocks(station, request, open_, buffers_);
-        SeriesFill fill(seriesTable(), static_cast<std::size_t>(blocks.blocks()));
+        SeriesFill fill(seriesTable(),
+                        static_cast<std::size_t>(std::min(blocks.blocks(), MINUTES_OF_A_YEAR)));
         const std::int32_t mode = station.ChannelTable.at(request.channel).Mode;
         const Reading reading =
             averagePieces(blocks, mode, step, [&](std::int64_t first, std::span<const double> values) {

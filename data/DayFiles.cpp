@@ -18,7 +18,6 @@ namespace {
 
 constexpr std::size_t PIECE_SIZE = 256UL * 1024; // bytes fetched with one read, about
 constexpr double ROUNDING = 1e-6;                // minutes that a difference of two times may lack
-constexpr std::size_t DATE_LENGTH = 8;           // of yyyymmdd
 
 std::optional<DateTime> recordTime(std::span<const std::byte> record) {
     const int year = loadLittle<std::int16_t>(record, kmh::YEAR_AT);
@@ -77,7 +76,9 @@ class Intervals {
 
 } // namespace
 
-std::string dayFileName(DateTime day) { return formatDateTime(day, "yyyymmdd", {}) + ".KMH"; }
+std::string dayFileName(DateTime day) {
+    return formatDateTime(day, "yyyymmdd", {}) + std::string(kmh::EXTENSION);
+}
 
 float DayRecord::value(std::size_t at) const { return loadLittle<float>(fields, at); }
 
@@ -102,12 +103,13 @@ void readDayRecords(FileSource& file, std::size_t recordSize,
 }
 
 std::vector<std::string> dayFilesBetween(const std::string& folder, const TimeRange& range) {
-    const std::string first = dayFileName(range.from).substr(0, DATE_LENGTH);
-    const std::string last = dayFileName(range.to).substr(0, DATE_LENGTH);
+    const std::string first = dayFileName(range.from).substr(0, kmh::DATE_LENGTH);
+    const std::string last = dayFileName(range.to).substr(0, kmh::DATE_LENGTH);
     std::map<std::string, std::string> byDay;
-    for (const std::string& name : filesIn(folder)) {
-        const std::string day = name.substr(0, DATE_LENGTH);
-        const bool named = name.size() == DATE_LENGTH + 4 && upperAscii(name).ends_with(".KMH") &&
+    for (const std::string& name : filesIn(folder.empty() ? "." : folder)) {
+        const std::string day = name.substr(0, kmh::DATE_LENGTH);
+        const bool named = name.size() == kmh::DATE_LENGTH + kmh::EXTENSION.size() &&
+                           upperAscii(name).ends_with(kmh::EXTENSION) &&
                            std::all_of(day.begin(), day.end(), [](char c) { return c >= '0' && c <= '9'; });
         if (named && day >= first && day <= last) {
             byDay.emplace(day, name); // of names that differ in case only, the first in byte order: ".KMH"

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 
 namespace kelvrum::kmh {
 
@@ -16,6 +17,10 @@ inline constexpr std::size_t NARROW_FIELD = 4; //     a single-precision float, 
 inline constexpr std::size_t WIDE_FIELD = 12;  //     three of them: mean, minimum, maximum
 inline constexpr std::size_t MINIMUM_AT = 4;
 inline constexpr std::size_t MAXIMUM_AT = 8;
+
+/// Length of the date (yyyymmdd) at the front of a day file's name, and its extension in capitals.
+inline constexpr std::size_t DATE_LENGTH = 8;
+inline constexpr std::string_view EXTENSION = ".KMH";
 
 /// Bytes of a record.
 constexpr std::size_t recordSize(std::size_t activeSlots, bool wide) {

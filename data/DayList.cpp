@@ -15,8 +15,6 @@ namespace kelvrum {
 
 namespace {
 
-constexpr std::size_t DATE_LENGTH = 8;
-
 /// The minute of a file's first record; 0 when it has none.
 std::int16_t firstMinute(const std::string& path, const FileOpener& open) {
     std::array<std::byte, 2> bytes{};
@@ -29,8 +27,8 @@ std::int16_t firstMinute(const std::string& path, const FileOpener& open) {
 std::map<std::string, std::vector<std::string>> byDate(const std::vector<std::string>& names) {
     std::map<std::string, std::vector<std::string>> result;
     for (const std::string& name : names) {
-        if (name.size() >= DATE_LENGTH && upperAscii(name).ends_with(".KMH")) {
-            result[name.substr(0, DATE_LENGTH)].push_back(name);
+        if (name.size() >= kmh::DATE_LENGTH && upperAscii(name).ends_with(kmh::EXTENSION)) {
+            result[name.substr(0, kmh::DATE_LENGTH)].push_back(name);
         }
     }
     return result;
@@ -40,7 +38,7 @@ std::map<std::string, std::vector<std::string>> byDate(const std::vector<std::st
 
 std::vector<std::string> filesOfDay(const std::string& folder, const std::vector<std::string>& names,
                                     DateTime day, const FileOpener& open) {
-    const std::string date = dayFileName(day).substr(0, DATE_LENGTH);
+    const std::string date = dayFileName(day).substr(0, kmh::DATE_LENGTH);
     auto found = byDate(names)[date];
     if (found.size() > 1 && firstMinute(folder + found[0], open) < firstMinute(folder + found[1], open)) {
         std::swap(found[0], found[1]);
@@ -58,9 +56,9 @@ std::optional<DayRows> readDayRows(const StationConfig& station, const TimeRange
     const std::size_t fieldSize = station.WideRecords ? kmh::WIDE_FIELD : kmh::NARROW_FIELD;
     const std::size_t recordSize = kmh::recordSize(rows.channels, station.WideRecords);
     const std::string folder = dataFolder(station);
-    const std::string first = dayFileName(range.from).substr(0, DATE_LENGTH);
-    const std::string last = dayFileName(range.to).substr(0, DATE_LENGTH);
-    for (const auto& [date, names] : byDate(filesIn(folder))) {
+    const std::string first = dayFileName(range.from).substr(0, kmh::DATE_LENGTH);
+    const std::string last = dayFileName(range.to).substr(0, kmh::DATE_LENGTH);
+    for (const auto& [date, names] : byDate(filesIn(folder.empty() ? "." : folder))) {
         const auto day = parseDateTime(date.substr(0, 4) + "-" + date.substr(4, 2) + "-" + date.substr(6));
         if (date < first || date > last || !day) {
             continue;

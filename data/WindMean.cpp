@@ -2,6 +2,7 @@
 
 #include "util/Validity.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace kelvrum {
@@ -41,7 +42,8 @@ double windMeanByMinutes(std::span<const double> directions, std::span<const dou
     double r = 0;        // running magnitude
     double speedSum = 0; // of the magnitudes added so far
     bool used = false;
-    for (std::size_t i = 0; i < speeds.size(); ++i) {
+    const std::size_t minutes = std::min(directions.size(), speeds.size());
+    for (std::size_t i = 0; i < minutes; ++i) {
         if (!isPresent(directions[i]) || !isPresent(speeds[i])) {
             continue;
         }
@@ -69,7 +71,8 @@ double windMean(std::span<const double> directions, std::span<const double> spee
     double y = 0;
     double speedSum = 0;
     bool used = false;
-    for (std::size_t i = 0; i < speeds.size(); ++i) {
+    const std::size_t minutes = std::min(directions.size(), speeds.size());
+    for (std::size_t i = 0; i < minutes; ++i) {
         if (!isPresent(directions[i]) || !isPresent(speeds[i])) {
             continue;
         }

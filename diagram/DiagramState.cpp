@@ -2,6 +2,7 @@
 
 #include "diagram/SavedProperties.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -10,6 +11,7 @@ namespace kelvrum {
 namespace {
 
 constexpr double MANY_TURNS = 100 * TWO_PI;
+constexpr std::int64_t LOWEST_INDEX = std::numeric_limits<std::int32_t>::min();
 
 void requireIndex(std::int64_t index, std::size_t size) {
     if (index < 0 || static_cast<std::uint64_t>(index) >= size) {
@@ -207,7 +209,7 @@ void DiagramState::Clear() {
 
 void DiagramState::SetArray(std::int32_t DataCount) {
     dataCount_ = DataCount;
-    dataIndex_ = DataCount - 1;
+    dataIndex_ = static_cast<std::int32_t>(std::max<std::int64_t>(std::int64_t{DataCount} - 1, LOWEST_INDEX));
 }
 
 void DiagramState::AddData(DateTime Zeit, double Y1, std::optional<double> Y2,
@@ -216,6 +218,7 @@ void DiagramState::AddData(DateTime Zeit, double Y1, std::optional<double> Y2,
     if (Index) {
         requireIndex(*Index, table.columns());
     } else {
+        requireIndex(dataCount_, std::numeric_limits<std::int32_t>::max());
         Index = dataCount_++;
         table.resize(static_cast<std::size_t>(dataCount_));
     }

@@ -40,8 +40,10 @@ Series seriesInUse(const DiagramState& state) {
 
 /// The axis captions: the parts of AchseText between semicolons.
 std::vector<std::string_view> axisCaptions(const std::string& text) {
-    constexpr std::size_t SHORTEST = 2;
-    return text.size() < SHORTEST ? std::vector<std::string_view>() : split(text, ';');
+    constexpr std::ptrdiff_t SHORTEST = 2; // characters
+    const auto starts = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
+    return std::count_if(text.begin(), text.end(), starts) < SHORTEST ? std::vector<std::string_view>()
+                                                                      : split(text, ';');
 }
 
 /// One drawing: its inputs and what its stages share.
@@ -154,8 +156,7 @@ class Drawing {
         int passes = 1;
         if (state_.DiagTyp() == KIND_PRECIPITATION) {
             ReducedBars bars(surface_, colours, plot_.clip());
-            passes = walkBars(series_.times, values, sampleInterval(series_.times), detectPasses, plot_,
-                              scale, bars);
+            passes = walkBars(series_.times, values, barWidth(), detectPasses, plot_, scale, bars);
             bars.finish();
         } else {
             const bool directions = state_.DiagTyp() == KIND_DIRECTION;
@@ -164,6 +165,11 @@ class Drawing {
             curve.finish();
         }
         return passes;
+    }
+
+    /// The interval of the series in days. A single column stands for the rest of the range.
+    [[nodiscard]] double barWidth() const {
+        return series_.times.size() == 1 ? range_.to - series_.times[0] : sampleInterval(series_.times);
     }
 
     /// Limit lines and mean line, on the left scale.

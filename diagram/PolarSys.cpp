@@ -18,10 +18,6 @@ PolarSys::PolarSys(LocaleTexts texts, QWidget* parent)
 }
 
 void PolarSys::Draw() {
-    if (!isVisible()) {
-        stale_ = true;
-        return;
-    }
     drawPicture();
     update();
 }
@@ -73,13 +69,11 @@ void PolarSys::drawPicture() {
 }
 
 void PolarSys::paintEvent(QPaintEvent* /*event*/) {
-    if (stale_ || pb_.size() != pictureSize()) {
+    if (stale_ || pb_.size() != pictureSize()) { // asked for, or resized since
         drawPicture();
     }
     QPainter(this).drawPixmap(0, 0, pb_);
 }
-
-void PolarSys::resizeEvent(QResizeEvent* /*event*/) { stale_ = true; }
 
 void PolarSys::requestRepaint() {
     stale_ = true;

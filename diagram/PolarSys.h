@@ -19,7 +19,7 @@ class PolarSys : public QWidget, public DiagramState {
   public:
     explicit PolarSys(LocaleTexts texts, QWidget* parent = nullptr);
 
-    /// Draws the picture at once. While the control is not on the screen the drawing waits until it is shown.
+    /// Draws the picture at once.
     void Draw();
 
     /// The job that PrintDiag prints into; it must outlive the control.
@@ -37,7 +37,6 @@ class PolarSys : public QWidget, public DiagramState {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
     void requestRepaint() override;
     void repaintNow() override { Draw(); }

@@ -18,8 +18,9 @@ constexpr std::array<StepRule, 4> STEP_RULES = {{
     {366, 31},
 }};
 constexpr double TENTH = 10;
-constexpr double END_TOLERANCE = 1e-6; // of a step: an end that misses its tick by rounding only
-constexpr double GAP_TOLERANCE = 1e-3; // of a unit of width: a gap that is too small by rounding only
+constexpr double SPAN_TOLERANCE = 1e-6; // days: a span that misses its rule by rounding only
+constexpr double END_TOLERANCE = 1e-6;  // of a step: an end that misses its tick by rounding only
+constexpr double GAP_TOLERANCE = 1e-3;  // of a unit of width: a gap that is too small by rounding only
 
 DateTime firstOfMonth(DateTime t) {
     const CalendarTime parts = calendarTime(t);
@@ -55,7 +56,7 @@ std::vector<DateTime> monthSteps(const TimeRange& range, double step) {
 
 double timeStep(double span) {
     for (const StepRule& rule : STEP_RULES) {
-        if (span <= rule.longestSpan) {
+        if (span <= rule.longestSpan + SPAN_TOLERANCE) {
             return rule.step;
         }
     }
@@ -68,7 +69,7 @@ std::vector<TimeTick> timeTicks(const TimeAxis& axis, const LocaleTexts& texts) 
     if (!(span > 0) || !std::isfinite(span) || !(axis.width > 0)) {
         return ticks;
     }
-    const bool months = span >= MONTH_LABEL_SPAN;
+    const bool months = span >= MONTH_LABEL_SPAN - SPAN_TOLERANCE;
     const double step = timeStep(span);
     const double perDay = axis.width / span;
     double label = -1; // offset of the last label

@@ -79,9 +79,13 @@ bool fileExists(std::string_view path) {
     } else if (lower.size() == 2 && hasDrive(lower)) {
         lower += '\\';
     }
-    const auto native = nativePath(lower);
-    std::error_code error;
-    return native && fs::exists(*native, error) && !error;
+    const auto exists = [](std::string_view text) {
+        const auto native = nativePath(text);
+        std::error_code error;
+        return native && fs::exists(*native, error) && !error;
+    };
+    // Where letters matter the path as written comes first: a folder on the way may not be listed.
+    return exists(lower.size() > 3 ? path : lower) || exists(lower);
 }
 
 std::optional<fs::path> nativePath(std::string_view path) {
@@ -117,6 +121,20 @@ std::optional<fs::path> nativePath(std::string_view path) {
         result = std::move(next);
     }
     return result;
+}
+
+std::string folderAround(std::string_view folder) {
+    std::error_code error;
+    fs::path native = fs::absolute(nativePath(folder).value_or("."), error).lexically_normal();
+    if (!native.has_filename()) {
+        native = native.parent_path(); // a separator at the end, or the dot
+    }
+    return stationPath(native.parent_path());
+}
+
+std::string nativeText(std::string_view path) {
+    const auto native = nativePath(path);
+    return native ? stationPath(*native) : std::string();
 }
 
 std::string stationPath(const fs::path& path) { return toUtf8(path); }

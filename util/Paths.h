@@ -24,6 +24,12 @@ std::optional<std::filesystem::path> nativePath(std::string_view path);
 /// The station path of a machine path (UTF-8, separators as the machine has them).
 std::string stationPath(const std::filesystem::path& path);
 
+/// The machine's path of a station path as a text; empty when there is none.
+std::string nativeText(std::string_view path);
+
+/// The folder around a folder, as a text of the machine; for an empty text that around the current folder.
+std::string folderAround(std::string_view folder);
+
 /// True when a folder text stands for itself and is not relative to the project: it begins with two
 /// backslashes or holds a ":"; on a system without drives also when it begins with "/".
 bool isAbsoluteFolder(std::string_view folder);

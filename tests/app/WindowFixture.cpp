@@ -1,0 +1,199 @@
+#include "tests/app/WindowFixture.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QLocale>
+#include <QSignalBlocker>
+#include <QTimeEdit>
+#include <QTimer>
+#include <cmath>
+#include <utility>
+
+namespace kelvrum::testing {
+
+namespace {
+
+/// Hands every call on, and tells the counters.
+class CountedFile final : public FileSource {
+  public:
+    CountedFile(std::unique_ptr<FileSource> file, CountingFiles& counters)
+        : file_(std::move(file))
+        , counters_(counters) {}
+    std::uint64_t size() override { return file_->size(); }
+    std::size_t read(std::uint64_t offset, std::span<std::byte> into) override {
+        if (counters_.onRead) {
+            counters_.onRead();
+        }
+        return file_->read(offset, into);
+    }
+
+  private:
+    std::unique_ptr<FileSource> file_;
+    CountingFiles& counters_;
+};
+
+std::unique_ptr<TempFolder> lay(const MadeStation& station) {
+    auto folder = std::make_unique<TempFolder>();
+    folder->write("QEL.ini", station.ini);
+    for (const auto& [channel, minutes] : station.minutes) {
+        const std::string number = std::string(channel < 10 ? "0" : "").append(std::to_string(channel));
+        folder->write("Data/Kanal" + number + "_2020.chn", channelFile(minutes));
+    }
+    return folder;
+}
+
+} // namespace
+
+FileOpener CountingFiles::opener() {
+    return [this](std::string_view path) -> std::unique_ptr<FileSource> {
+        auto file = openFile(path);
+        if (!file) {
+            return nullptr;
+        }
+        ++opened;
+        return std::make_unique<CountedFile>(std::move(file), *this);
+    };
+}
+
+MadeStation madeStation() {
+    MadeStation station;
+    station.ini = "PROJEKTNAME=Kläranlage Nord\nSTANDORT=Köln-Süd\nGERAETNUMMER=17\nDATAFOLDER=Data\n"
+                  "CHAN04|Windgeschwindigkeit|m/s|0|40|Anemometer|0|1|2|1|0|0|WG\n"
+                  "CHAN05|Windrichtung|Grad|0|360||0|1|2|36|4|0|WR\n"
+                  "CHAN07|Staub|µg/m³|0|500||0|1|2|1|0|0|ST\n"
+                  "CHAN12|Niederschlag|mm|0|10||0|1|2|0|0|0|NS\n"
+                  "KGW07|50|150.5\n";
+    constexpr int DAYS = 2;
+    constexpr std::size_t END = TEST_DAY_MINUTE + DAYS * 1440;
+    for (const int channel : {4, 5, 7, 12}) {
+        station.minutes[channel].assign(END, 0.0);
+    }
+    for (int i = 0; i < DAYS * 1440; ++i) {
+        const auto at = static_cast<std::size_t>(TEST_DAY_MINUTE + i);
+        const bool outage = i >= 300 && i < 420;
+        station.minutes[4][at] = outage ? 0 : 4 + 3 * std::sin(i / 200.0);
+        station.minutes[5][at] = outage ? 99999900 : std::fmod(330 + i / 10.0, 360);
+        station.minutes[7][at] = i % 97 == 0 ? 0 : 40 + 30 * std::sin(i / 90.0);
+        station.minutes[12][at] = i % 240 < 30 ? 0.1 * (1 + i % 3) : 0;
+    }
+    return station;
+}
+
+QDateTime pickedTime(const QString& text) {
+    return {QDate::fromString(text.left(10), QStringLiteral("dd.MM.yyyy")),
+            QTime::fromString(text.mid(11), QStringLiteral("HH:mm")), Qt::UTC};
+}
+
+WindowFixture::WindowFixture(const MadeStation& station)
+    : WindowFixture(lay(station)) {}
+
+WindowFixture::WindowFixture(std::unique_ptr<TempFolder> laid)
+    : folder(std::move(laid))
+    , before_(std::filesystem::current_path()) {
+    start();
+}
+
+WindowFixture::~WindowFixture() = default;
+
+void WindowFixture::start() {
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany)); // whatever the machine's is
+    Environment environment;
+    environment.today = [] { return TEST_DAY; };
+    environment.programFolder = QString::fromStdString(folder->path().string());
+    environment.open = files.opener();
+    environment.dialogs = dialogs;
+    window = std::make_unique<f>(environment);
+    window->resize(1000, 700);
+    window->Form_Load();
+    window->show();
+    window->activateWindow();
+    if (!QTest::qWaitForWindowExposed(window.get()) || !QTest::qWaitForWindowActive(window.get())) {
+        qFatal("the window does not show");
+    }
+}
+
+void WindowFixture::click(const char* button) const {
+    auto& control = the<QAbstractButton>(button);
+    QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(8, control.height() / 2));
+}
+
+void WindowFixture::chooseChannel(int row) const {
+    auto& list = the<QListWidget>("selChan");
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(row)).center());
+}
+
+void WindowFixture::chooseInterval(int row) const {
+    auto& box = the<QComboBox>("selInterval");
+    while (box.currentIndex() != row) {
+        QTest::keyClick(&box, box.currentIndex() < row ? Qt::Key_Down : Qt::Key_Up);
+    }
+}
+
+void WindowFixture::trigger(const char* action) const {
+    window->findChild<QAction*>(QString::fromUtf8(action))->trigger();
+}
+
+void WindowFixture::type(const char* box, const QString& text) const {
+    auto& field = the<QLineEdit>(box);
+    field.setFocus();
+    field.selectAll();
+    QTest::keyClick(&field, Qt::Key_Delete);
+    QTest::keyClicks(&field, text);
+}
+
+void WindowFixture::typePicker(const char* picker, const QString& text) const {
+    auto& field = the<QDateTimeEdit>(picker);
+    field.clearFocus();
+    field.setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(&field, text);
+}
+
+void WindowFixture::arrange(const ShownRange& range, int interval) const {
+    const auto date = [&](const char* name, const QString& text) {
+        auto& picker = the<QDateEdit>(name);
+        const QSignalBlocker quiet(&picker);
+        picker.setDate(pickedTime(text).date());
+    };
+    const auto time = [&](const char* name, const QString& text) {
+        typePicker(name, text.mid(11));
+        QTest::keyClick(&the<QTimeEdit>(name), Qt::Key_Return);
+    };
+    date("DTPicker", range.from);
+    date("DTPicker2", range.to);
+    time("DTPicker3", range.to);
+    time("DTPicker1", range.from);
+    chooseInterval(interval);
+}
+
+ShownRange WindowFixture::shownRange() const {
+    const auto text = [&](const char* date, const char* time) {
+        return the<QDateEdit>(date).text() + QLatin1Char(' ') + the<QTimeEdit>(time).text();
+    };
+    return {text("DTPicker", "DTPicker1"), text("DTPicker2", "DTPicker3")};
+}
+
+void WindowFixture::inWindowOf(const std::function<void()>& open,
+                               const std::function<void(QWidget&)>& act) const {
+    constexpr int LOOK_AGAIN = 10; // milliseconds
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (modal != nullptr && modal->isVisible()) {
+            timer.stop();
+            act(*modal);
+            modal->close();
+        }
+    });
+    timer.start(LOOK_AGAIN);
+    open();
+    if (timer.isActive()) {
+        qFatal("no modal window opened");
+    }
+}
+
+} // namespace kelvrum::testing

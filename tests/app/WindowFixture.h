@@ -1,0 +1,101 @@
+// The real main window on a station made for the test, and hands to work it with.
+#pragma once
+
+#include "app/f.h"
+#include "tests/app/AnsweredDialogs.h"
+#include "tests/testing/TempFolder.h"
+
+#include <QDate>
+#include <QDateTime>
+#include <QObject>
+#include <QString>
+#include <QTest>
+#include <QWidget>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kelvrum::testing {
+
+/// The first day of the made station; the clock of the window stands on it.
+inline const QDate TEST_DAY(2020, 6, 18);
+
+/// Minute of the year 2020 at which the data of the test day begin.
+inline constexpr int TEST_DAY_MINUTE = (31 + 29 + 31 + 30 + 31 + 17) * 1440;
+
+/// What a station holds: the ini text, and for each channel its minutes of 2020, from 1 January 00:00 on.
+struct MadeStation {
+    std::string ini;
+    std::map<int, std::vector<double>> minutes;
+};
+
+/// Channels 4 (wind speed), 5 (wind direction, paired with 4), 7 (dust, with limits) and 12 (precipitation, a
+/// sum) with values on the test day and the day after, some of them missing. The data folder is "Data".
+MadeStation madeStation();
+
+/// Start and end as the pickers show them, "dd.mm.yyyy hh:mm".
+struct ShownRange {
+    QString from;
+    QString to;
+};
+
+/// The time of such a text.
+QDateTime pickedTime(const QString& text);
+
+/// Counts what is opened; a hook may run whenever a file is read.
+struct CountingFiles {
+    int opened = 0;
+    std::function<void()> onRead;
+
+    [[nodiscard]] FileOpener opener();
+};
+
+class WindowFixture {
+  public:
+    explicit WindowFixture(const MadeStation& station = madeStation());
+    /// A window whose program folder is `folder` as it stands.
+    explicit WindowFixture(std::unique_ptr<TempFolder> folder);
+
+    WindowFixture(const WindowFixture&) = delete;
+    WindowFixture& operator=(const WindowFixture&) = delete;
+    ~WindowFixture();
+
+    /// A control by its object name; the test ends when there is none.
+    template<typename Control>
+    Control& the(const char* name) const {
+        auto* control = window->findChild<Control*>(QString::fromUtf8(name));
+        if (control == nullptr) {
+            qFatal("no control %s", name);
+        }
+        return *control;
+    }
+    void click(const char* button) const;
+    void chooseChannel(int row) const;
+    void chooseInterval(int row) const;
+    /// Chooses an entry of the menus.
+    void trigger(const char* action) const;
+    /// Selects what a text box holds and types over it.
+    void type(const char* box, const QString& text) const;
+    /// Comes into a picker with the tab key and types a date or time over its sections, from the first on.
+    void typePicker(const char* picker, const QString& text) const;
+    /// Brings the window to a range and an interval: dates from code, times as typed by the user.
+    void arrange(const ShownRange& range, int interval) const;
+    [[nodiscard]] ShownRange shownRange() const;
+    /// Runs `open`, which opens a modal window, and `act` in that window; a window that is still open
+    /// afterwards is closed.
+    void inWindowOf(const std::function<void()>& open, const std::function<void(QWidget&)>& act) const;
+
+    std::unique_ptr<TempFolder> folder;
+    CountingFiles files;
+    std::shared_ptr<AnsweredDialogs> dialogs = std::make_shared<AnsweredDialogs>();
+    std::unique_ptr<f> window;
+
+  private:
+    void start();
+    CurrentFolder before_;
+};
+
+} // namespace kelvrum::testing
