@@ -5,8 +5,11 @@
 
 #include <QComboBox>
 #include <QDir>
+#include <QFocusEvent>
+#include <QItemSelectionModel>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QRadioButton>
 #include <QTableView>
 #include <utility>
@@ -75,12 +78,40 @@ void f::Form_Load() {
     KS->setHilfslinie1(0);
 }
 
+bool f::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusOut && (watched == Text1 || watched == Text2)) {
+        // A context menu or another program borrows the focus only.
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) {
+            scaleLeft(watched == Text2);
+        }
+    }
+    if (event->type() == QEvent::MouseButtonPress && watched == selChan->viewport()) {
+        pressLoaded_ = false; // channelChosen tells when the press chooses
+    }
+    if (event->type() == QEvent::Resize && watched == client_) {
+        Form_Resize();
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
 void f::closeEvent(QCloseEvent* event) {
     ++loadNumber_; // a reading that is still under way gives up
     QMainWindow::closeEvent(event);
 }
 
-void f::channelChosen() { LoadData(); }
+void f::channelChosen() {
+    pressLoaded_ = true;
+    LoadData();
+}
+
+/// A click on the channel that is already shown loads it again. No click takes the selection away.
+void f::channelClicked(QListWidgetItem* item) {
+    selChan->setCurrentItem(item, QItemSelectionModel::ClearAndSelect);
+    if (!pressLoaded_) {
+        LoadData();
+    }
+}
 
 void f::viewChosen() {
     lView->setVisible(!diagramSelected());

@@ -24,6 +24,7 @@ class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
+class QListWidgetItem;
 class QMenu;
 class QPushButton;
 class QRadioButton;
@@ -123,6 +124,8 @@ class f : public QMainWindow {
     void scaleManual();
     void scaleEdited(bool maximum);
     void scaleLeft(bool maximum);
+    /// The number of a limit box; a NaN when it holds none, which the validity test turns into INVALID_VALUE.
+    static double limitOf(const QLineEdit& box);
     void limitsToggled();
     void limitEdited(int number);
     void meanToggled();
@@ -137,11 +140,13 @@ class f : public QMainWindow {
 
     void viewChosen();
     void channelChosen();
+    void channelClicked(QListWidgetItem* item);
     void setCaption();
 
     Environment environment_;
     StationConfig station_;
     DataReader reader_;
+    bool pressLoaded_ = false;     // the press of the mouse has chosen another channel
     bool collecting_ = false;      // rows are being read; they are shown together at the end
     unsigned loadNumber_ = 0;      // of the newest LoadData
     std::int32_t limitsShown_ = 0; // the channel whose limits the boxes were filled with; 0 = none

@@ -1,7 +1,7 @@
 // The controls of the main window: what there is, where it stands, what it calls.
 #include "app/DataListModel.h"
 #include "app/ListView.h"
-#include "app/SystemLocale.h"
+#include "app/Pickers.h"
 #include "app/f.h"
 #include "data/RangeSteps.h"
 #include "diagram/PolarSys.h"
@@ -9,9 +9,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QGroupBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -21,8 +19,6 @@
 #include <QScrollBar>
 #include <QSlider>
 #include <QTableView>
-#include <QTimeEdit>
-#include <algorithm>
 #include <array>
 
 namespace kelvrum {
@@ -66,6 +62,9 @@ Control* make(QWidget* parent, const char* name, const QRect& place, Arguments&&
 
 QRect row(int y) { return {INNER_LEFT, y, INNER_WIDTH, CONTROL_HEIGHT}; }
 
+/// The place of a time picker, between its label and its buttons.
+QRect timePlace(int y) { return {INNER_LEFT + 25, y, 39, CONTROL_HEIGHT}; }
+
 template<std::size_t COUNT>
 QComboBox* makeChoice(QWidget* parent, const char* name, int y, const std::array<Choice, COUNT>& choices) {
     auto* box = make<QComboBox>(parent, name, row(y));
@@ -73,75 +72,6 @@ QComboBox* makeChoice(QWidget* parent, const char* name, int y, const std::array
         box->addItem(QString::fromUtf8(choice.caption), choice.data);
     }
     return box;
-}
-
-/// A full section hands over to the next one by itself. The separator that many type all the same means that
-/// step and not one more.
-class DatePicker : public QDateEdit {
-  public:
-    using QDateEdit::QDateEdit;
-
-  protected:
-    void keyPressEvent(QKeyEvent* event) override {
-        const QString typed = event->text();
-        const bool separator = !typed.isEmpty() && typed[0].isPrint() && !typed[0].isLetterOrNumber();
-        if (separator && handedOver_) {
-            handedOver_ = false;
-            event->accept();
-            return;
-        }
-        const int before = currentSectionIndex();
-        QDateEdit::keyPressEvent(event);
-        handedOver_ = !typed.isEmpty() && typed[0].isDigit() && currentSectionIndex() != before;
-    }
-
-  private:
-    bool handedOver_ = false;
-};
-
-/// Steps of a minute carry over the full hour: 10:00 steps back to 09:59.
-class TimePicker : public QTimeEdit {
-  public:
-    using QTimeEdit::QTimeEdit;
-
-    void stepBy(int steps) override {
-        if (currentSection() != MinuteSection) {
-            QTimeEdit::stepBy(steps);
-            return;
-        }
-        constexpr int LAST_MINUTE = MINUTES_PER_DAY - 1;
-        const QTime now = locale().toTime(text(), displayFormat()); // what was typed is not taken over yet
-        const QTime from = now.isValid() ? now : time();
-        const int minute = std::clamp(from.hour() * 60 + from.minute() + steps, 0, LAST_MINUTE);
-        setTime(QTime(minute / 60, minute % 60));
-        setSelectedSection(MinuteSection);
-    }
-
-  protected:
-    [[nodiscard]] StepEnabled stepEnabled() const override {
-        return currentSection() == MinuteSection ? StepUpEnabled | StepDownEnabled : QTimeEdit::stepEnabled();
-    }
-};
-
-QDateEdit* makeDatePicker(QWidget* parent, const char* name, int y, const LocaleTexts& texts) {
-    auto* picker = make<DatePicker>(parent, name, row(y));
-    picker->setTimeSpec(Qt::UTC); // stations know no summer time
-    picker->setDisplayFormat(pickerFormat(texts));
-    picker->setCalendarPopup(true);
-    picker->setKeyboardTracking(false); // a change is a finished edit
-    picker->setDateRange(QDate(100, 1, 1), QDate(9999, 12, 31));
-    return picker;
-}
-
-QTimeEdit* makeTimePicker(QWidget* parent, const char* name, int y) {
-    auto* picker = make<TimePicker>(parent, name, QRect(INNER_LEFT + 25, y, 39, CONTROL_HEIGHT));
-    picker->setTimeSpec(Qt::UTC);
-    picker->setDisplayFormat(QStringLiteral("HH:mm"));
-    picker->setKeyboardTracking(false);
-    picker->setWrapping(false);
-    picker->setButtonSymbols(QAbstractSpinBox::NoButtons);
-    picker->setAlignment(Qt::AlignHCenter);
-    return picker;
 }
 
 } // namespace
@@ -229,16 +159,18 @@ void f::buildRangeFrames() {
         return make<QPushButton>(parent, name, place, QString::fromUtf8(caption));
     };
     QGroupBox* date = frame("Frame3", QStringLiteral("Datum"), {COLUMN_LEFT, 147, COLUMN_WIDTH, 109});
-    make<QLabel>(date, "Label2", QRect(INNER_LEFT, 19, 24, CONTROL_HEIGHT), QStringLiteral("von:"));
-    DTPicker1 = makeTimePicker(date, "DTPicker1", 19);
+    DTPicker1 = make<TimePicker>(date, "DTPicker1", timePlace(19));
+    make<QLabel>(date, "Label2", QRect(INNER_LEFT, 19, 24, CONTROL_HEIGHT), QStringLiteral("&von:"))
+        ->setBuddy(DTPicker1);
     Command3 = button(date, "Command3", {INNER_LEFT + 65, 19, 19, CONTROL_HEIGHT}, "<<");
     Command4 = button(date, "Command4", {INNER_LEFT + 85, 19, 19, CONTROL_HEIGHT}, ">>");
-    DTPicker = makeDatePicker(date, "DTPicker", 40, environment_.texts);
-    make<QLabel>(date, "Label3", QRect(INNER_LEFT, 63, 24, CONTROL_HEIGHT), QStringLiteral("bis:"));
-    DTPicker3 = makeTimePicker(date, "DTPicker3", 63);
+    DTPicker = make<DatePicker>(date, "DTPicker", row(40), environment_.texts);
+    DTPicker3 = make<TimePicker>(date, "DTPicker3", timePlace(63));
+    make<QLabel>(date, "Label3", QRect(INNER_LEFT, 63, 24, CONTROL_HEIGHT), QStringLiteral("&bis:"))
+        ->setBuddy(DTPicker3);
     Command6 = button(date, "Command6", {INNER_LEFT + 65, 63, 19, CONTROL_HEIGHT}, "<<");
     Command5 = button(date, "Command5", {INNER_LEFT + 85, 63, 19, CONTROL_HEIGHT}, ">>");
-    DTPicker2 = makeDatePicker(date, "DTPicker2", 84, environment_.texts);
+    DTPicker2 = make<DatePicker>(date, "DTPicker2", row(84), environment_.texts);
 
     QGroupBox* scroll = frame("Frame6", QStringLiteral("Scrollen"), {COLUMN_LEFT, 258, COLUMN_WIDTH, 66});
     selScroll = makeChoice(scroll, "selScroll", 19, SCROLL_UNITS);
@@ -302,25 +234,26 @@ void f::buildScaleFrames() {
 
 /// Accessible names and tool tips, for those who cannot see captions or frames.
 void f::nameForReaders() {
+    static constexpr const char* NO_TIP = nullptr;
     struct Name {
         QWidget* control;
         const char* name;
-        const char* tip;
+        const char* tip; // empty: the name serves
     };
     const std::initializer_list<Name> names = {
-        {KS, "Diagramm", ""},
-        {lView, "Datenliste", ""},
+        {KS, "Diagramm", NO_TIP},
+        {lView, "Datenliste", NO_TIP},
         {HScroll, "Zeitachse", "Zeichnet das Diagramm neu"},
         {selChan, "Kanal", "Angezeigter Kanal"},
         {optView[1], "Datenliste", "Werte als Liste zeigen"},
         {optView[0], "Liniendiagramm", "Werte als Diagramm zeigen"},
         {DTPicker1, "von: Uhrzeit", "Beginn des Zeitraums, Uhrzeit"},
-        {Command3, "Beginn einen Tag früher", "Beginn einen Tag früher"},
-        {Command4, "Beginn einen Tag später", "Beginn einen Tag später"},
+        {Command3, "Beginn einen Tag früher", ""},
+        {Command4, "Beginn einen Tag später", ""},
         {DTPicker, "von: Datum", "Beginn des Zeitraums, Datum"},
         {DTPicker3, "bis: Uhrzeit", "Ende des Zeitraums, Uhrzeit"},
-        {Command6, "Ende einen Tag früher", "Ende einen Tag früher"},
-        {Command5, "Ende einen Tag später", "Ende einen Tag später"},
+        {Command6, "Ende einen Tag früher", ""},
+        {Command5, "Ende einen Tag später", ""},
         {DTPicker2, "bis: Datum", "Ende des Zeitraums, Datum"},
         {selScroll, "Scrolleinheit", "Einheit, um die der Zeitraum verschoben wird"},
         {Command7, "Zeitraum zurück", "Zeitraum um eine Einheit zurück"},
@@ -334,15 +267,18 @@ void f::nameForReaders() {
         {Text3, "Grenzwert 1", "Erste Hilfslinie (grün)"},
         {Text4, "Grenzwert 2", "Zweite Hilfslinie (rot)"},
         {Check2, "Mittelwert anzeigen", "Mittelwert als Linie zeigen"},
-        {Command1, "Zoom kleiner", "Zoom kleiner"},
+        {Command1, "Zoom kleiner", ""},
         {lZoom, "Zoom", "Zoomstufe"},
-        {Command2, "Zoom größer", "Zoom größer"},
+        {Command2, "Zoom größer", ""},
         {Slider1, "Zoom-Schieber", "Zeichnet das Diagramm neu"},
     };
     QWidget* before = nullptr;
     for (const Name& entry : names) {
         entry.control->setAccessibleName(QString::fromUtf8(entry.name));
-        entry.control->setToolTip(QString::fromUtf8(entry.tip));
+        if (entry.tip != NO_TIP) {
+            const bool named = *entry.tip == '\0';
+            entry.control->setToolTip(QString::fromUtf8(named ? entry.name : entry.tip));
+        }
         if (before != nullptr) {
             setTabOrder(before, entry.control);
         }
@@ -356,6 +292,8 @@ void f::connectControls() {
     connect(menProj, &QAction::triggered, this, &f::showProjects);
     connect(MenEnd, &QAction::triggered, this, &QWidget::close);
     connect(selChan, &QListWidget::currentRowChanged, this, &f::channelChosen);
+    connect(selChan, &QListWidget::itemClicked, this, &f::channelClicked);
+    selChan->viewport()->installEventFilter(this);
     for (QRadioButton* view : optView) {
         connect(view, &QRadioButton::clicked, this, &f::viewChosen);
     }

@@ -14,7 +14,6 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QRadioButton>
-#include <limits>
 
 namespace kelvrum {
 
@@ -28,11 +27,6 @@ class BusyPointer {
     BusyPointer& operator=(const BusyPointer&) = delete;
     ~BusyPointer() { QApplication::restoreOverrideCursor(); }
 };
-
-/// The number of a limit box; a NaN when it holds none, which the validity test turns into INVALID_VALUE.
-double limitOf(const QLineEdit& box) {
-    return wholeNumber(box.text().toStdString()).value_or(std::numeric_limits<double>::quiet_NaN());
-}
 
 } // namespace
 

@@ -5,7 +5,6 @@
 #include "util/Validity.h"
 
 #include <QCheckBox>
-#include <QFocusEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
@@ -33,11 +32,6 @@ void setEntryValid(QLineEdit& box, bool valid) {
 void setEntryEnabled(QLineEdit& box, bool enabled) {
     box.setEnabled(enabled);
     box.setReadOnly(!enabled);
-}
-
-/// The value that a limit box sets; 99999900 when it holds no usable number, 1e-300 for 0.
-double validatedLimit(const QLineEdit& box) {
-    return validate(wholeNumber(box.text().toStdString()).value_or(std::numeric_limits<double>::quiet_NaN()));
 }
 
 } // namespace
@@ -89,22 +83,26 @@ void f::scaleLeft(bool maximum) {
     }
 }
 
+double f::limitOf(const QLineEdit& box) {
+    return wholeNumber(box.text().toStdString()).value_or(std::numeric_limits<double>::quiet_NaN());
+}
+
 void f::limitsToggled() {
     const bool shown = Check1->isChecked();
     setEntryEnabled(*Text3, shown);
     setEntryEnabled(*Text4, shown);
     Label6->setEnabled(shown);
     Label7->setEnabled(shown);
-    KS->setHilfslinie2(shown ? validatedLimit(*Text4) : 0);
-    KS->setHilfslinie1(shown ? validatedLimit(*Text3) : 0);
+    KS->setHilfslinie2(shown ? validate(limitOf(*Text4)) : 0);
+    KS->setHilfslinie1(shown ? validate(limitOf(*Text3)) : 0);
     KS->Draw();
 }
 
 void f::limitEdited(int number) {
     if (number == 1) {
-        KS->setHilfslinie1(validatedLimit(*Text3));
+        KS->setHilfslinie1(validate(limitOf(*Text3)));
     } else {
-        KS->setHilfslinie2(validatedLimit(*Text4));
+        KS->setHilfslinie2(validate(limitOf(*Text4)));
     }
     if (KS->isVisible()) {
         KS->Draw();
@@ -125,20 +123,6 @@ void f::zoomBy(int steps) {
     }
     Command1->setEnabled(zoom_ > ZOOM_LOWEST);
     Command2->setEnabled(zoom_ < ZOOM_GREYED);
-}
-
-bool f::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusOut && (watched == Text1 || watched == Text2)) {
-        // A context menu or another program borrows the focus only.
-        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) {
-            scaleLeft(watched == Text2);
-        }
-    }
-    if (event->type() == QEvent::Resize && watched == client_) {
-        Form_Resize();
-    }
-    return QMainWindow::eventFilter(watched, event);
 }
 
 } // namespace kelvrum

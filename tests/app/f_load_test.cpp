@@ -8,6 +8,7 @@
 #include <QCheckBox>
 #include <QCursor>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QTableView>
 #include <QTest>
 #include <array>
@@ -157,6 +158,25 @@ class f_load_test : public QObject {
         QTest::qWait(50);
         QCOMPARE(fixture.files.opened, 1);
         QCOMPARE(ks.drawings(), drawings + 1);
+    }
+
+    /// The channel that is shown is read again by a click, and no click takes its selection away.
+    void clickOnTheShownChannelLoadsAgain() {
+        WindowFixture fixture;
+        auto& list = fixture.the<QListWidget>("selChan");
+        fixture.files.opened = 0;
+        fixture.chooseChannel(0);
+        QCOMPARE(fixture.files.opened, 1);
+        fixture.chooseChannel(2); // another one: once, not once for the choice and once for the click
+        QCOMPARE(fixture.files.opened, 2);
+        QTest::keyClick(&list, Qt::Key_Down);
+        QCOMPARE(fixture.files.opened, 3);
+        fixture.chooseChannel(3);
+        QCOMPARE(fixture.files.opened, 4);
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                          list.visualItemRect(list.item(3)).center());
+        QCOMPARE(list.selectedItems().size(), 1);
+        QCOMPARE(list.currentRow(), 3);
     }
 
     void limitsFollowTheChannel() {

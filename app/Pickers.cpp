@@ -1,0 +1,60 @@
+#include "app/Pickers.h"
+
+#include "app/SystemLocale.h"
+#include "util/DateTime.h"
+
+#include <QKeyEvent>
+#include <algorithm>
+
+namespace kelvrum {
+
+DatePicker::DatePicker(const LocaleTexts& texts, QWidget* parent)
+    : QDateEdit(parent) {
+    setTimeSpec(Qt::UTC); // stations know no summer time
+    setDisplayFormat(pickerFormat(texts));
+    setCalendarPopup(true);
+    setKeyboardTracking(false);
+    setDateRange(QDate(100, 1, 1), QDate(9999, 12, 31));
+}
+
+void DatePicker::keyPressEvent(QKeyEvent* event) {
+    const QString typed = event->text();
+    const bool separator = !typed.isEmpty() && typed[0].isPrint() && !typed[0].isLetterOrNumber();
+    if (separator && handedOver_) {
+        handedOver_ = false;
+        event->accept();
+        return;
+    }
+    const int before = currentSectionIndex();
+    QDateEdit::keyPressEvent(event);
+    handedOver_ = !typed.isEmpty() && typed[0].isDigit() && currentSectionIndex() != before;
+}
+
+TimePicker::TimePicker(QWidget* parent)
+    : QTimeEdit(parent) {
+    setTimeSpec(Qt::UTC);
+    setDisplayFormat(QStringLiteral("HH:mm"));
+    setKeyboardTracking(false);
+    setWrapping(false);
+    setButtonSymbols(QAbstractSpinBox::NoButtons);
+    setAlignment(Qt::AlignHCenter);
+}
+
+void TimePicker::stepBy(int steps) {
+    if (currentSection() != MinuteSection) {
+        QTimeEdit::stepBy(steps);
+        return;
+    }
+    constexpr int LAST_MINUTE = MINUTES_PER_DAY - 1;
+    const QTime now = locale().toTime(text(), displayFormat()); // what was typed is not taken over yet
+    const QTime from = now.isValid() ? now : time();
+    const int minute = std::clamp(from.hour() * 60 + from.minute() + steps, 0, LAST_MINUTE);
+    setTime(QTime(minute / 60, minute % 60));
+    setSelectedSection(MinuteSection);
+}
+
+QAbstractSpinBox::StepEnabled TimePicker::stepEnabled() const {
+    return currentSection() == MinuteSection ? StepUpEnabled | StepDownEnabled : QTimeEdit::stepEnabled();
+}
+
+} // namespace kelvrum

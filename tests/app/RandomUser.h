@@ -1,0 +1,110 @@
+// A user who does anything at random on the main window, the same for the same seed on every system.
+#pragma once
+
+#include "app/f.h"
+#include "config/Dialogs.h"
+
+#include <QString>
+#include <QStringList>
+#include <cstdint>
+#include <deque>
+#include <iterator>
+#include <random>
+#include <vector>
+
+class QDialog;
+
+namespace kelvrum::testing {
+
+/// Answers every dialog at once with `answer`; empty = cancelled.
+class AnsweredDialogs final : public Dialogs {
+  public:
+    QString chooseFile(QWidget* /*parent*/, const QString& /*title*/, const QString& /*folder*/,
+                       const std::vector<FileFilter>& /*filters*/) override {
+        return answer;
+    }
+    QString chooseFolder(QWidget* /*parent*/, const QString& /*title*/, const QString& /*folder*/) override {
+        return answer;
+    }
+
+    QString answer;
+};
+
+/// Works the controls with mouse and keys as far as they can be reached: a control outside of the window or
+/// below another one is worked with keys alone, a disabled one is let alone. Now and then a second action is
+/// queued, which the window meets while it reads for the first one.
+class RandomUser {
+  public:
+    /// `files` are the files that may be chosen for "Öffnen"; `opened` is the configuration of the project
+    /// that is open now. Window and dialogs must outlive the user.
+    RandomUser(f& window, AnsweredDialogs& dialogs, QStringList files, QString opened, std::uint64_t seed);
+
+    /// One action, and all that follows from it.
+    void act();
+
+    /// The configuration file of the open project.
+    [[nodiscard]] const QString& opened() const { return opened_; }
+
+    /// What was done last, one action a line, the newest at the end.
+    [[nodiscard]] QString lastActions() const;
+
+  private:
+    using Action = void (RandomUser::*)();
+    static const std::vector<Action>& actions();
+
+    void perform();
+    void pressButton();
+    void typeText();
+    void typeDate();
+    void typeTime();
+    void dateKeys();
+    void timeKeys();
+    void chooseChannel();
+    void channelKeys() { stepThrough("selChan"); }
+    void chooseInterval() { stepThrough("selInterval"); }
+    void chooseScrollUnit() { stepThrough("selScroll"); }
+    void moveSlider() { stepThrough("Slider1"); }
+    void moveScrollBar();
+    void workList();
+    void resizeWindow();
+    void openFile();
+    void selectProject();
+    void answerSelection(QDialog& selection, bool byButton, const QString& file);
+
+    /// A key that moves a list, a choice or the slider.
+    void stepThrough(const char* name);
+    void pickerKeys(const char* name);
+    void typeInto(const char* picker, const QString& text);
+    void leaveField(QWidget& field);
+    void resizeTo(int width, int height);
+    bool bringDateBack();
+
+    template<typename Control>
+    Control& the(const char* name) const;
+    /// Gives a control the focus, by mouse when it can be reached, else as the tab key does. False when it
+    /// has not got it: a queued action may have taken it away meanwhile.
+    bool enter(QWidget& control); // NOLINT(modernize-use-nodiscard)
+    [[nodiscard]] QWidget* reachable(const QWidget& control, const QPoint& at) const;
+    /// Clicks at a point of a control; does nothing, and is false, when it cannot be reached.
+    bool click(const QWidget& control, const QPoint& at) const; // NOLINT(modernize-use-nodiscard)
+    /// Writes an action down before it is done.
+    void note(const QString& action);
+
+    int below(int limit) { return static_cast<int>(numbers_() % static_cast<std::uint64_t>(limit)); }
+    bool chance(int percent) { return below(100) < percent; }
+    template<typename List>
+    auto oneOf(const List& list) {
+        return *std::next(std::begin(list), below(static_cast<int>(std::size(list))));
+    }
+
+    f& window_;
+    AnsweredDialogs& dialogs_;
+    QStringList files_;
+    QString opened_;
+    std::mt19937_64 numbers_;
+    std::deque<QString> done_;
+    int depth_ = 0;     // of actions within actions
+    bool huge_ = false; // the window has a size at which each drawing is slow
+};
+
+} // namespace kelvrum::testing

@@ -1,0 +1,353 @@
+// A thousand random user actions on the real main window. After each of them the window must show what a
+// fresh window with the same settings shows: nothing may depend on the way that led there.
+//
+// The actions follow from a fixed seed. Others are tried with the environment variable KELVRUM_RANDOM_SEED,
+// a longer run with KELVRUM_RANDOM_ACTIONS.
+#include "diagram/PolarSys.h"
+#include "diagram/SeriesTable.h"
+#include "tests/app/RandomUser.h"
+#include "tests/app/WindowFixture.h"
+#include "util/Validity.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QRegularExpression>
+#include <QSignalBlocker>
+#include <QTableView>
+#include <QTest>
+#include <QTimeEdit>
+#include <array>
+#include <cmath>
+#include <filesystem>
+#include <limits>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace kelvrum {
+
+using namespace kelvrum::testing;
+
+namespace {
+
+constexpr std::uint64_t SEED = 20200618;
+constexpr int ACTIONS = 1000;
+
+template<typename Control>
+Control& the(const f& window, const char* name) {
+    auto* control = window.findChild<Control*>(QString::fromUtf8(name));
+    if (control == nullptr) {
+        qFatal("no control %s", name);
+    }
+    return *control;
+}
+
+bool diagramShown(const f& window) { return the<QRadioButton>(window, "optView(0)").isChecked(); }
+
+// --- the stations ---
+
+/// Records of a day, one every `step` minutes, some of them without a value.
+std::string dayFile(int day, int step, std::size_t fields) {
+    std::string bytes;
+    for (int minute = 0; minute < 1440; minute += step) {
+        std::vector<float> values;
+        for (std::size_t i = 0; i < fields; ++i) {
+            const auto wave = static_cast<float>(std::sin(minute / 100.0 + static_cast<double>(i)));
+            const bool marked = minute % 130 < 20 && i % 2 == 0;
+            values.push_back(marked ? 99999900.0F : 20 + static_cast<float>(day) * wave);
+        }
+        values[0] = minute % 70 == 0 ? 0 : values[0];
+        values[0] = minute % 350 == 10 ? std::numeric_limits<float>::quiet_NaN() : values[0];
+        if (minute < 300 || minute > 420) {
+            bytes += dayRecord(2020, 6, day, minute, values);
+        }
+    }
+    return bytes;
+}
+
+std::string randomBytes(std::size_t count) {
+    std::mt19937 numbers(1); // always the same file
+    std::string bytes;
+    while (bytes.size() < count) {
+        bytes += static_cast<char>(numbers() & 0xFFU);
+    }
+    return bytes;
+}
+
+/// Lays all stations into a folder; returns the files that the user may choose, the ini station's first.
+QStringList layStations(const TempFolder& root) {
+    const MadeStation nord = madeStation();
+    std::vector<std::string> files = {root.write("Nord/QEL.ini", nord.ini)};
+    for (const auto& [channel, minutes] : nord.minutes) {
+        const std::string number = std::string(channel < 10 ? "0" : "").append(std::to_string(channel));
+        root.write("Nord/Data/Kanal" + number + "_2020.chn", channelFile(minutes));
+    }
+    const std::vector<std::string> narrow = {"Ozon", "-", "Druck", "Feuchte"};
+    files.push_back(root.write("Schmal/VARNIX.CFG", varnixFile("Schmal", narrow, false)));
+    root.write("Schmal/20200618.KMH", dayFile(18, 2, 3));
+    root.write("Schmal/20200619.KMH", dayFile(19, 5, 3));
+    root.write("Schmal/20200619b.kmh", dayFile(19, 60, 3)); // a second file of the day
+    const std::vector<std::string> wide = {"-", "Temperatur", "Wind"};
+    files.push_back(root.write("Breit/varnix.cfg", varnixFile("Breit", wide, true)));
+    root.write("Breit/20200618.KMH", dayFile(18, 3, 6));
+    root.write("Breit/20200619.KMH", dayFile(19, 10, 6) + "torn");
+    files.push_back(root.write("Kaputt/QEL.ini", randomBytes(5000)));
+    files.push_back(root.write("Kaputt/VARNIX.CFG", varnixFile("Kaputt", narrow, false).substr(0, 6544)));
+    files.push_back(root.at("Fort/QEL.ini")); // is not there
+    QStringList result;
+    for (const std::string& file : files) {
+        result << QString::fromStdString(file);
+    }
+    return QStringList(4, result[0]) + QStringList(2, result[1]) + QStringList(2, result[2]) + result;
+}
+
+// --- what a window shows ---
+
+struct Shown {
+    QString caption;
+    QStringList texts; // headlines, unit, channels, columns of the list
+    std::vector<QStringList> rows;
+    std::array<std::vector<double>, SeriesTable::ROWS> series;
+};
+
+Shown shownBy(const f& window) {
+    Shown shown;
+    shown.caption = window.windowTitle();
+    const auto& ks = the<PolarSys>(window, "KS");
+    if (diagramShown(window)) { // the diagram below the list is renewed when it is shown again
+        shown.texts << QString::fromStdString(ks.HeadLine()) << QString::fromStdString(ks.Einheit());
+        if (window.station().ChannelTable.count() > 0) { // else it tells which way the project was opened
+            shown.texts << QString::fromStdString(ks.HeadLine2());
+        }
+    }
+    const auto& channels = the<QListWidget>(window, "selChan");
+    for (int row = 0; row < channels.count(); ++row) {
+        shown.texts << channels.item(row)->text();
+    }
+    const QAbstractItemModel& list = *the<QTableView>(window, "lView").model();
+    for (int column = 0; column < list.columnCount(); ++column) {
+        shown.texts << list.headerData(column, Qt::Horizontal).toString();
+    }
+    for (int row = 0; row < list.rowCount(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < list.columnCount(); ++column) {
+            cells << list.index(row, column).data().toString();
+        }
+        shown.rows.push_back(cells);
+    }
+    for (std::size_t row = 0; row < SeriesTable::ROWS; ++row) {
+        const auto values = seriesTable().row(static_cast<SeriesTable::Row>(row));
+        const auto used = values.first(static_cast<std::size_t>(ks.DataCount()));
+        shown.series[row].assign(used.begin(), used.end());
+    }
+    return shown;
+}
+
+/// A window that was never used, with the settings of another one.
+Shown shownByFresh(const f& window, const Environment& environment, const QString& configuration) {
+    f fresh(environment);
+    fresh.Form_Load();
+    fresh.readConf(configuration.toStdString());
+    for (const char* name : {"DTPicker", "DTPicker1", "DTPicker2", "DTPicker3"}) {
+        auto& picker = the<QDateTimeEdit>(fresh, name);
+        const QSignalBlocker silent(picker);
+        picker.setDateTime(the<QDateTimeEdit>(window, name).dateTime());
+    }
+    the<QComboBox>(fresh, "selInterval")
+        .setCurrentIndex(the<QComboBox>(window, "selInterval").currentIndex());
+    for (const char* name : {"optView(0)", "optView(1)"}) {
+        if (the<QRadioButton>(window, name).isChecked()) {
+            the<QRadioButton>(fresh, name).setChecked(true);
+        }
+    }
+    auto& channels = the<QListWidget>(fresh, "selChan");
+    {
+        const QSignalBlocker silent(channels);
+        channels.setCurrentRow(the<QListWidget>(window, "selChan").currentRow());
+    }
+    fresh.LoadData();
+    return shownBy(fresh);
+}
+
+/// The table of all windows, given back as it was.
+class KeptSeries {
+  public:
+    KeptSeries()
+        : kept_(seriesTable()) {}
+    KeptSeries(const KeptSeries&) = delete;
+    KeptSeries& operator=(const KeptSeries&) = delete;
+    ~KeptSeries() { seriesTable() = kept_; }
+
+  private:
+    SeriesTable kept_;
+};
+
+/// The first place where two windows differ; empty when they show the same.
+QString difference(const Shown& used, const Shown& fresh) {
+    if (used.caption != fresh.caption || used.texts != fresh.texts) {
+        return QStringLiteral("texts: %1 %2 | fresh: %3 %4")
+            .arg(used.caption, used.texts.join(u"; "), fresh.caption, fresh.texts.join(u"; "));
+    }
+    if (used.rows.size() != fresh.rows.size()) {
+        return QStringLiteral("%1 list rows | fresh: %2").arg(used.rows.size()).arg(fresh.rows.size());
+    }
+    for (std::size_t i = 0; i < used.rows.size(); ++i) {
+        if (used.rows[i] != fresh.rows[i]) {
+            return QStringLiteral("list row %1: %2 | fresh: %3")
+                .arg(i)
+                .arg(used.rows[i].join(u"; "), fresh.rows[i].join(u"; "));
+        }
+    }
+    for (std::size_t row = 0; row < SeriesTable::ROWS; ++row) {
+        if (used.series[row].size() != fresh.series[row].size()) {
+            return QStringLiteral("%1 columns | fresh: %2")
+                .arg(used.series[row].size())
+                .arg(fresh.series[row].size());
+        }
+        for (std::size_t i = 0; i < used.series[row].size(); ++i) {
+            if (used.series[row][i] != fresh.series[row][i]) {
+                return QStringLiteral("series row %1, column %2: %3 | fresh: %4")
+                    .arg(row)
+                    .arg(i)
+                    .arg(used.series[row][i], 0, 'g', 17)
+                    .arg(fresh.series[row][i], 0, 'g', 17);
+            }
+        }
+    }
+    return {};
+}
+
+// --- what holds after every action ---
+
+bool isNumber(const QString& text) {
+    static const QRegularExpression form(QRegularExpression::anchoredPattern(
+        QStringLiteral("[+-]?([0-9]+\\.?[0-9]*|\\.[0-9]+)([eE][+-]?[0-9]+)?")));
+    const QString trimmed = text.trimmed();
+    return form.match(trimmed).hasMatch() && std::isfinite(trimmed.toDouble()); // an overflow is infinite
+}
+
+/// The limit line that a box stands for.
+double limitLine(const f& window, const char* box) {
+    if (!the<QCheckBox>(window, "Check1").isChecked()) {
+        return 0;
+    }
+    const QString text = the<QLineEdit>(window, box).text().trimmed();
+    const double value = isNumber(text) ? text.toDouble() : INVALID_VALUE;
+    if (std::fabs(value) >= INVALID_VALUE) {
+        return INVALID_VALUE;
+    }
+    return value == 0 ? 1e-300 : value;
+}
+
+/// What is wrong with a window by itself; empty when nothing is.
+QString wrongWith(const f& window) {
+    const auto& ks = the<PolarSys>(window, "KS");
+    const auto red = [&](const char* box) {
+        return the<QLineEdit>(window, box).palette().color(QPalette::Base) == QColor(255, 0, 0);
+    };
+    const auto number = [&](const char* box) { return isNumber(the<QLineEdit>(window, box).text()); };
+    const auto left = [&](const char* box) { return !the<QLineEdit>(window, box).hasFocus(); };
+    const bool diagram = diagramShown(window);
+    const struct {
+        bool holds;
+        const char* otherwise;
+    } rules[] = {
+        {QApplication::activeModalWidget() == nullptr, "a modal window is open"},
+        {QApplication::activePopupWidget() == nullptr, "a popup is open"},
+        {QGuiApplication::overrideCursor() == nullptr, "the pointer is still busy"},
+        {the<QLabel>(window, "Label8").isHidden(), "the loading notice is still there"},
+        {ks.XLow() == window.range().from, "XLow is not the start of the range"},
+        {ks.XHigh() == window.range().to, "XHigh is not the end of the range"},
+        {window.range().from <= window.range().to, "the range is crossed"},
+        {the<QTableView>(window, "lView").isVisible() != diagram, "the wrong view is shown"},
+        {red("Text1") == !number("Text1"), "Text1 has the wrong background"},
+        {red("Text2") == !number("Text2"), "Text2 has the wrong background"},
+        {number("Text1") || !left("Text1"), "Text1 was left without a number"},
+        {number("Text2") || !left("Text2"), "Text2 was left without a number"},
+        {!diagram || ks.Hilfslinie1() == limitLine(window, "Text3"), "limit line 1 is not that of Text3"},
+        {!diagram || ks.Hilfslinie2() == limitLine(window, "Text4"), "limit line 2 is not that of Text4"},
+        {ks.showMittel() == the<QCheckBox>(window, "Check2").isChecked(), "the mean line is not as ticked"},
+    };
+    for (const auto& rule : rules) {
+        if (!rule.holds) {
+            return QString::fromUtf8(rule.otherwise);
+        }
+    }
+    return {};
+}
+
+std::uint64_t setting(const char* name, std::uint64_t usual) {
+    bool ok = false;
+    const std::uint64_t value = qEnvironmentVariable(name).toULongLong(&ok);
+    return ok ? value : usual;
+}
+
+} // namespace
+
+class f_random_test : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void showsWhatAFreshWindowShows() {
+        const std::uint64_t seed = setting("KELVRUM_RANDOM_SEED", SEED);
+        const std::uint64_t count = setting("KELVRUM_RANDOM_ACTIONS", ACTIONS);
+        qInfo("seed %s", qPrintable(QString::number(seed))); // also seen when the program breaks down
+        const TempFolder root;
+        const QStringList files = layStations(root);
+        const CurrentFolder kept(root.path()); // windows change it
+        Environment environment;
+        environment.today = [] { return TEST_DAY; };
+        environment.programFolder = QString::fromStdString(root.at("Nord"));
+        const auto dialogs = std::make_shared<AnsweredDialogs>();
+        environment.dialogs = dialogs;
+
+        f window(environment);
+        window.resize(1000, 700);
+        window.Form_Load();
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        RandomUser user(window, *dialogs, files, files[0], seed);
+        std::uint64_t withData = 0;
+        for (std::uint64_t i = 1; i <= count; ++i) {
+            user.act();
+            QString finding = wrongWith(window);
+            if (finding.isEmpty()) {
+                const KeptSeries series;
+                const Shown used = shownBy(window);
+                withData += used.series[0].empty() && used.rows.empty() ? 0 : 1;
+                finding = difference(used, shownByFresh(window, environment, user.opened()));
+            }
+            if (!finding.isEmpty()) {
+                QFAIL(qPrintable(QStringLiteral("seed %1, action %2: %3\nThe last actions:%4")
+                                     .arg(seed)
+                                     .arg(i)
+                                     .arg(finding, user.lastActions())));
+            }
+        }
+        QVERIFY2(withData > count / 3, qPrintable(QStringLiteral("values after %1 actions").arg(withData)));
+    }
+
+    /// A window that ends with a half-typed date reads nothing any more.
+    void unfinishedEditAtTheEnd() {
+        WindowFixture fixture;
+        QVERIFY(QTest::qWaitForWindowActive(fixture.window.get()));
+        auto& picker = fixture.the<QDateEdit>("DTPicker");
+        picker.setFocus();
+        QTest::keyClick(&picker, Qt::Key_1);
+        fixture.files.opened = 0;
+        fixture.window.reset();
+        QCOMPARE(fixture.files.opened, 0);
+    }
+};
+
+} // namespace kelvrum
+
+QTEST_MAIN(kelvrum::f_random_test)
+#include "f_random_test.moc"
