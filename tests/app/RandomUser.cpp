@@ -312,10 +312,10 @@ void RandomUser::resizeTo(int width, int height) {
 }
 
 void RandomUser::openFile() {
-    dialogs_.answer = chance(10) ? QString() : oneOf(files_);
-    note(QStringLiteral("open \"%1\"").arg(dialogs_.answer));
-    if (!dialogs_.answer.isEmpty()) {
-        opened_ = dialogs_.answer;
+    dialogs_.file = chance(10) ? QString() : oneOf(files_);
+    note(QStringLiteral("open \"%1\"").arg(dialogs_.file));
+    if (!dialogs_.file.isEmpty()) {
+        opened_ = dialogs_.file;
     }
     window_.findChild<QAction*>(QStringLiteral("menOpen"))->trigger();
 }
@@ -345,7 +345,7 @@ void RandomUser::answerSelection(QDialog& selection, bool byButton, const QStrin
     const QString folder = file.left(file.lastIndexOf(QLatin1Char('/')));
     auto* button = selection.findChild<QAbstractButton*>(byButton ? QStringLiteral("Button(0)")
                                                                   : QStringLiteral("Command2"));
-    dialogs_.answer = folder;
+    dialogs_.folder = folder;
     if (button != nullptr) {
         const QString chosen = byButton ? button->toolTip() : folder;
         if (!chosen.isEmpty()) {

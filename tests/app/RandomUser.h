@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/f.h"
-#include "config/Dialogs.h"
+#include "tests/app/AnsweredDialogs.h"
 
 #include <QString>
 #include <QStringList>
@@ -15,20 +15,6 @@
 class QDialog;
 
 namespace kelvrum::testing {
-
-/// Answers every dialog at once with `answer`; empty = cancelled.
-class AnsweredDialogs final : public Dialogs {
-  public:
-    QString chooseFile(QWidget* /*parent*/, const QString& /*title*/, const QString& /*folder*/,
-                       const std::vector<FileFilter>& /*filters*/) override {
-        return answer;
-    }
-    QString chooseFolder(QWidget* /*parent*/, const QString& /*title*/, const QString& /*folder*/) override {
-        return answer;
-    }
-
-    QString answer;
-};
 
 /// Works the controls with mouse and keys as far as they can be reached: a control outside of the window or
 /// below another one is worked with keys alone, a disabled one is let alone. Now and then a second action is
