@@ -1,5 +1,7 @@
 #include "app/SystemLocale.h"
 
+#include <QString>
+
 namespace kelvrum {
 
 LocaleTexts localeTexts(const QLocale& locale) {
@@ -22,10 +24,6 @@ LocaleTexts localeTexts(const QLocale& locale) {
         }
     }
     return texts;
-}
-
-QString pickerFormat(const LocaleTexts& texts) {
-    return QString::fromStdString(texts.shortDate).replace(QLatin1Char('m'), QLatin1Char('M'));
 }
 
 } // namespace kelvrum

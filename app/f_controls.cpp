@@ -1,10 +1,11 @@
 // The controls of the main window: what there is, where it stands, what it calls.
 #include "app/DataListModel.h"
 #include "app/ListView.h"
-#include "app/Pickers.h"
 #include "app/f.h"
+#include "data/IntervalChoices.h"
 #include "data/RangeSteps.h"
 #include "diagram/PolarSys.h"
+#include "util/Pickers.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -32,19 +33,11 @@ constexpr int INNER_LEFT = 5; // within a frame
 constexpr int INNER_WIDTH = 104;
 constexpr int CONTROL_HEIGHT = 20;
 
-struct Choice {
+struct ScrollChoice {
     const char* caption;
-    int data;
+    int unit; // item data of its row
 };
-constexpr std::array<Choice, 6> INTERVALS = {{
-    {"1 Minute", 1},
-    {"5 Minuten", 5},
-    {"10 Minuten", 10},
-    {"15 Minuten", 15},
-    {"1 Stunde", 60},
-    {"1 Tag", MINUTES_PER_DAY},
-}};
-constexpr std::array<Choice, 4> SCROLL_UNITS = {{
+constexpr std::array<ScrollChoice, 4> SCROLL_UNITS = {{
     {"Minuten", SCROLL_MINUTE},
     {"Stunden", SCROLL_HOUR},
     {"Tage", SCROLL_DAY},
@@ -65,13 +58,8 @@ QRect row(int y) { return {INNER_LEFT, y, INNER_WIDTH, CONTROL_HEIGHT}; }
 /// The place of a time picker, between its label and its buttons.
 QRect timePlace(int y) { return {INNER_LEFT + 25, y, 39, CONTROL_HEIGHT}; }
 
-template<std::size_t COUNT>
-QComboBox* makeChoice(QWidget* parent, const char* name, int y, const std::array<Choice, COUNT>& choices) {
-    auto* box = make<QComboBox>(parent, name, row(y));
-    for (const Choice& choice : choices) {
-        box->addItem(QString::fromUtf8(choice.caption), choice.data);
-    }
-    return box;
+QComboBox* makeChoice(QWidget* parent, const char* name, int y) {
+    return make<QComboBox>(parent, name, row(y));
 }
 
 } // namespace
@@ -173,13 +161,19 @@ void f::buildRangeFrames() {
     DTPicker2 = make<DatePicker>(date, "DTPicker2", row(84), environment_.texts);
 
     QGroupBox* scroll = frame("Frame6", QStringLiteral("Scrollen"), {COLUMN_LEFT, 258, COLUMN_WIDTH, 66});
-    selScroll = makeChoice(scroll, "selScroll", 19, SCROLL_UNITS);
+    selScroll = makeChoice(scroll, "selScroll", 19);
+    for (const ScrollChoice& choice : SCROLL_UNITS) {
+        selScroll->addItem(QString::fromUtf8(choice.caption), choice.unit);
+    }
     Command7 = button(scroll, "Command7", {INNER_LEFT, 41, 51, CONTROL_HEIGHT}, "<-");
     Command8 = button(scroll, "Command8", {INNER_LEFT + 53, 41, 51, CONTROL_HEIGHT}, "->");
 
     QGroupBox* average =
         frame("Frame4", QStringLiteral("Mittelwerte-Intervall"), {COLUMN_LEFT, 326, COLUMN_WIDTH, 45});
-    selInterval = makeChoice(average, "selInterval", 19, INTERVALS);
+    selInterval = makeChoice(average, "selInterval", 19);
+    for (const IntervalChoice& choice : INTERVAL_CHOICES) {
+        selInterval->addItem(QString::fromUtf8(choice.caption), choice.minutes);
+    }
 }
 
 void f::buildScaleFrames() {

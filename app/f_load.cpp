@@ -3,6 +3,7 @@
 #include "app/f.h"
 #include "correction/CorrectionMenu.h"
 #include "diagram/PolarSys.h"
+#include "util/BusyPointer.h"
 #include "util/Numbers.h"
 #include "util/Validity.h"
 
@@ -16,19 +17,6 @@
 #include <QRadioButton>
 
 namespace kelvrum {
-
-namespace {
-
-/// The hourglass, for as long as this lives.
-class BusyPointer {
-  public:
-    BusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
-    ~BusyPointer() { QApplication::restoreOverrideCursor(); }
-};
-
-} // namespace
 
 void f::LoadData() {
     const unsigned request = ++loadNumber_;

@@ -1,6 +1,9 @@
 #include "config/Dialogs.h"
 
 #include <QFileDialog>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
 
 namespace kelvrum {
 
@@ -39,6 +42,17 @@ QString Dialogs::chooseFile(QWidget* parent, const QString& title, const QString
 
 QString Dialogs::chooseFolder(QWidget* parent, const QString& title, const QString& folder) {
     return QFileDialog::getExistingDirectory(parent, title, folder);
+}
+
+void Dialogs::message(QWidget* parent, const QString& text, const QString& title) {
+    QMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::Ok, parent);
+    box.exec();
+}
+
+bool Dialogs::setUpPrinter(QWidget* parent, QPrinter& printer) {
+    QPrintDialog dialog(&printer, parent);
+    dialog.setWindowTitle(QStringLiteral("Drucker einrichten"));
+    return dialog.exec() == QDialog::Accepted;
 }
 
 } // namespace kelvrum

@@ -6,6 +6,7 @@
 #include <vector>
 
 class QFileDialog;
+class QPrinter;
 class QWidget;
 
 namespace kelvrum {
@@ -30,6 +31,12 @@ class Dialogs {
 
     /// A folder (FolderBrowse); an empty text when the user cancels.
     virtual QString chooseFolder(QWidget* parent, const QString& title, const QString& folder);
+
+    /// A message with an OK button.
+    virtual void message(QWidget* parent, const QString& text, const QString& title);
+
+    /// The printer set-up dialog, which changes the printer's settings; false when the user cancels.
+    virtual bool setUpPrinter(QWidget* parent, QPrinter& printer);
 };
 
 /// Sets up the dialog of chooseFile.

@@ -4,6 +4,7 @@
 #include "config/Dialogs.h"
 
 #include <QString>
+#include <QStringList>
 #include <vector>
 
 namespace kelvrum::testing {
@@ -27,9 +28,16 @@ class AnsweredDialogs : public Dialogs {
         return folder;
     }
 
-    QString file;                // the next answers
-    QString folder;              //
+    void message(QWidget* /*parent*/, const QString& text, const QString& title) override {
+        messages.push_back(title + QStringLiteral(": ") + text);
+    }
+    bool setUpPrinter(QWidget* /*parent*/, QPrinter& /*printer*/) override { return printerChosen; }
+
+    QString file;   // the next answers
+    QString folder; //
+    bool printerChosen = true;
     std::vector<Question> asked; // in order
+    QStringList messages;        // "title: text", in order
 };
 
 } // namespace kelvrum::testing

@@ -1,12 +1,15 @@
-#include "app/Pickers.h"
+#include "util/Pickers.h"
 
-#include "app/SystemLocale.h"
 #include "util/DateTime.h"
 
 #include <QKeyEvent>
 #include <algorithm>
 
 namespace kelvrum {
+
+QString pickerFormat(const LocaleTexts& texts) {
+    return QString::fromStdString(texts.shortDate).replace(QLatin1Char('m'), QLatin1Char('M'));
+}
 
 DatePicker::DatePicker(const LocaleTexts& texts, QWidget* parent)
     : QDateEdit(parent) {

@@ -8,6 +8,9 @@
 
 namespace kelvrum {
 
+/// A short date format in the letters of Qt's pickers.
+QString pickerFormat(const LocaleTexts& texts);
+
 /// A date with a calendar to fold out. Its change is a finished edit. A full section hands over to the next
 /// one by itself; the separator that many type all the same means that step and not one more.
 class DatePicker : public QDateEdit {

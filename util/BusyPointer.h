@@ -1,0 +1,17 @@
+// The hourglass.
+#pragma once
+
+#include <QGuiApplication>
+
+namespace kelvrum {
+
+/// The pointer shows the hourglass for as long as this lives.
+class BusyPointer {
+  public:
+    BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+    ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
+};
+
+} // namespace kelvrum
