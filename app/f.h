@@ -5,6 +5,7 @@
 #include "config/StationConfig.h"
 #include "data/DataReader.h"
 #include "diagram/Colour.h"
+#include "diagram/PrintJob.h"
 #include "util/DateTime.h"
 
 #include <QMainWindow>
@@ -134,6 +135,12 @@ class f : public QMainWindow {
     // --- f_layout.cpp ---
     void Form_Resize();
 
+    // --- f_print.cpp: printing ---
+    bool printerReady();
+    void printView();
+    void setUpPrinterAndPrint();
+    void printList();
+
     // --- f_project.cpp: opening projects ---
     void adoptStation(StationConfig station);
     [[nodiscard]] std::string projectFolder() const;
@@ -146,6 +153,7 @@ class f : public QMainWindow {
     Environment environment_;
     StationConfig station_;
     DataReader reader_;
+    PrintJob printJob_;
     bool pressLoaded_ = false;     // the press of the mouse has chosen another channel
     bool collecting_ = false;      // rows are being read; they are shown together at the end
     unsigned loadNumber_ = 0;      // of the newest LoadData

@@ -88,8 +88,8 @@ void f::buildMenus() {
     menWind = entry(menKor, "menWind", QStringLiteral("&Wind"));
     menStaub = entry(menKor, "menStaub", QStringLiteral("&Staub"));
 
-    // Not there yet: printing and corrections.
-    for (QAction* action : {menPrint, menCPrint, menSelP, menWind, menStaub}) {
+    // Not there yet: batch print and corrections.
+    for (QAction* action : {menCPrint, menWind, menStaub}) {
         action->setEnabled(false);
     }
 }
@@ -105,6 +105,7 @@ void f::buildViews() {
 
     KS = new PolarSys(environment_.texts, client_);
     KS->setObjectName(QStringLiteral("KS"));
+    KS->setPrintJob(printJob_);
     HScroll = new QScrollBar(Qt::Horizontal, client_);
     HScroll->setObjectName(QStringLiteral("HScroll"));
 
@@ -284,6 +285,8 @@ void f::nameForReaders() {
 void f::connectControls() {
     connect(menOpen, &QAction::triggered, this, &f::OpenFile);
     connect(menProj, &QAction::triggered, this, &f::showProjects);
+    connect(menPrint, &QAction::triggered, this, &f::printView);
+    connect(menSelP, &QAction::triggered, this, &f::setUpPrinterAndPrint);
     connect(MenEnd, &QAction::triggered, this, &QWidget::close);
     connect(selChan, &QListWidget::currentRowChanged, this, &f::channelChosen);
     connect(selChan, &QListWidget::itemClicked, this, &f::channelClicked);

@@ -30,4 +30,20 @@ std::vector<ListColumn> listColumns(const StationConfig& station) {
     return columns;
 }
 
+std::string tableHeader(const StationConfig& station, std::int32_t selected) {
+    std::string header = "Uhrzeit";
+    const auto add = [&](std::int32_t channel) {
+        const ChannelInfo& info = station.ChannelTable.at(channel);
+        header += "|" + info.Name + " [" + info.Unit + "]";
+    };
+    if (station.Kind == ConfigKind::binary) {
+        for (const ListedChannel& listed : listedChannels(station)) {
+            add(listed.channel);
+        }
+    } else if (station.Kind == ConfigKind::ini) {
+        add(selected);
+    }
+    return header;
+}
+
 } // namespace kelvrum

@@ -34,4 +34,8 @@ struct ListColumn {
 /// else: "Zeit" and "Wert".
 std::vector<ListColumn> listColumns(const StationConfig& station);
 
+/// The header line of the printed list, cells separated by "|": "Uhrzeit", then in the binary form each
+/// listed channel, in the ini form the selected one, as "Name [Unit]". Without a project "Uhrzeit" alone.
+std::string tableHeader(const StationConfig& station, std::int32_t selected);
+
 } // namespace kelvrum

@@ -1,0 +1,59 @@
+// The data list as a printed table: row printer and cell fitter, on any surface.
+#pragma once
+
+#include "diagram/Surface.h"
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelvrum {
+
+/// The width of a text in millimetres, as it is printed.
+using TextWidth = std::function<double(std::string_view text)>;
+
+/// One entry of a column specification: a number in millimetres, optionally behind an alignment mark.
+struct ColumnEntry {
+    char mark = 0; // '>' right, '^' centred, 0 left
+    double millimetres = 0;
+
+    bool operator==(const ColumnEntry&) const = default;
+};
+
+/// Reads an entry such as "20", ">57" or "^12.5"; what is no number counts as 0.
+ColumnEntry parseColumnEntry(std::string_view entry);
+
+/// Fits a text into a column: `entry` is the column's mark and width. The text is cut from the right until
+/// its width does not exceed the column's, then padded with blanks until it reaches it: on the left for ">",
+/// in turns on both sides, left first, for "^", and not at all for a left-aligned cell.
+std::string fitCell(std::string_view text, std::string_view entry, const TextWidth& width);
+
+/// One cell as it is printed.
+struct PlacedCell {
+    double x = 0; // millimetres from the paper's left edge
+    std::string text;
+
+    bool operator==(const PlacedCell&) const = default;
+};
+
+/// The cells of one line: row text and specification are split at "|". A column is as wide as the distance to
+/// the next one's position; the last one is `lastWidth` (mm) wide. Cells without an entry are left out.
+std::vector<PlacedCell> placeRow(std::string_view row, std::string_view specification, double lastWidth,
+                                 const TextWidth& width);
+
+/// What is printed.
+struct Table {
+    std::string title;  // the station's name
+    std::string header; // row text of the header line
+    std::size_t valueColumns = 1;
+    std::size_t rows = 0;
+    std::function<std::string(std::size_t row)> rowText; // cells separated by "|"
+};
+
+/// Prints a table on as many pages as it needs; each further page repeats the header line. `newPage` starts a
+/// page and gives its surface in millimetres. Columns beyond the paper's right edge are not wrapped.
+void printTable(const Table& table, const std::function<Surface&()>& newPage);
+
+} // namespace kelvrum

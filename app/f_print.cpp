@@ -1,0 +1,70 @@
+// Printing what the window shows.
+#include "app/DataListModel.h"
+#include "app/TablePrintout.h"
+#include "app/f.h"
+#include "config/ChannelList.h"
+#include "diagram/PolarSys.h"
+#include "util/BusyPointer.h"
+
+#include <QPrinter>
+#include <exception>
+
+namespace kelvrum {
+
+/// Says so when the system has no printer or the current one no name.
+bool f::printerReady() {
+    if (printJob_.hasPrinter()) {
+        return true;
+    }
+    environment_.dialogs->message(this, QStringLiteral("Driver missing"), QStringLiteral("Printer"));
+    return false;
+}
+
+void f::printView() {
+    if (!printerReady()) {
+        return;
+    }
+    QString failure;
+    try {
+        const BusyPointer busy;
+        if (diagramSelected()) {
+            bool finish = true;
+            KS->PrintDiag(finish);
+        } else {
+            printList();
+        }
+    } catch (const std::exception& error) {
+        printJob_.abandon();
+        failure = QString::fromUtf8(error.what());
+    }
+    if (!failure.isEmpty()) {
+        environment_.dialogs->message(this, failure, QStringLiteral("Drucken"));
+    }
+}
+
+void f::setUpPrinterAndPrint() {
+    // Cancelling ends it silently.
+    if (environment_.dialogs->setUpPrinter(this, printJob_.printer())) {
+        printView();
+    }
+}
+
+void f::printList() {
+    Table table;
+    table.title = station_.Title;
+    table.header = tableHeader(station_, selectedChannel());
+    table.valueColumns = listedChannels(station_).size();
+    table.rows = static_cast<std::size_t>(rows_->rowCount());
+    table.rowText = [this](std::size_t row) {
+        std::string text;
+        for (int column = 0; column < rows_->columnCount(); ++column) {
+            text += (column > 0 ? "|" : "") + rows_->text(static_cast<int>(row), column).toStdString();
+        }
+        return text;
+    };
+    const auto orientation = printJob_.printer().pageLayout().orientation();
+    printTable(table, [&]() -> Surface& { return printJob_.newPage(orientation); });
+    printJob_.end();
+}
+
+} // namespace kelvrum
