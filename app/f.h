@@ -3,6 +3,7 @@
 
 #include "app/Environment.h"
 #include "config/StationConfig.h"
+#include "correction/Recalculation.h"
 #include "data/DataReader.h"
 #include "diagram/Colour.h"
 #include "diagram/PrintJob.h"
@@ -144,6 +145,7 @@ class f : public QMainWindow {
     // --- f_project.cpp: opening projects ---
     void adoptStation(StationConfig station);
     [[nodiscard]] std::string projectFolder() const;
+    void correct(CorrectionMode mode);
 
     void viewChosen();
     void channelChosen();

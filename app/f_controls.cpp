@@ -88,10 +88,7 @@ void f::buildMenus() {
     menWind = entry(menKor, "menWind", QStringLiteral("&Wind"));
     menStaub = entry(menKor, "menStaub", QStringLiteral("&Staub"));
 
-    // Not there yet: batch print and corrections.
-    for (QAction* action : {menCPrint, menWind, menStaub}) {
-        action->setEnabled(false);
-    }
+    menCPrint->setEnabled(false); // not there yet
 }
 
 /// The view area, from the lowest layer up: diagram, scroll bar, list.
@@ -287,6 +284,8 @@ void f::connectControls() {
     connect(menProj, &QAction::triggered, this, &f::showProjects);
     connect(menPrint, &QAction::triggered, this, &f::printView);
     connect(menSelP, &QAction::triggered, this, &f::setUpPrinterAndPrint);
+    connect(menWind, &QAction::triggered, this, [this] { correct(CorrectionMode::wind); });
+    connect(menStaub, &QAction::triggered, this, [this] { correct(CorrectionMode::dust); });
     connect(MenEnd, &QAction::triggered, this, &QWidget::close);
     connect(selChan, &QListWidget::currentRowChanged, this, &f::channelChosen);
     connect(selChan, &QListWidget::itemClicked, this, &f::channelClicked);

@@ -1,7 +1,6 @@
 // Loading: from the chosen channel, range and interval to list rows or a diagram.
 #include "app/DataListModel.h"
 #include "app/f.h"
-#include "correction/CorrectionMenu.h"
 #include "diagram/PolarSys.h"
 #include "util/BusyPointer.h"
 #include "util/Numbers.h"
@@ -13,7 +12,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMenu>
 #include <QRadioButton>
 
 namespace kelvrum {
@@ -97,15 +95,6 @@ void f::SetXHigh() {
     if (isVisible()) { // else the first painting draws
         KS->Draw();
     }
-}
-
-bool f::checkMenu(bool allowed) {
-    const CorrectionMenu state = correctionMenu(allowed, station_.WindFactor);
-    if (state.visible) {
-        menKor->menuAction()->setVisible(*state.visible);
-    }
-    menKor->setEnabled(state.enabled);
-    return state.enabled;
 }
 
 /// The limits of a channel are written into the boxes when it comes into view; a reload keeps what the user

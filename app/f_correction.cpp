@@ -1,0 +1,26 @@
+// The menu "Korrekturfaktoren".
+#include "app/f.h"
+#include "correction/CorrectionMenu.h"
+#include "correction/fChange.h"
+
+#include <QMenu>
+
+namespace kelvrum {
+
+bool f::checkMenu(bool allowed) {
+    const CorrectionMenu state = correctionMenu(allowed, station_.WindFactor);
+    if (state.visible) {
+        menKor->menuAction()->setVisible(*state.visible);
+    }
+    menKor->setEnabled(state.enabled);
+    return state.enabled;
+}
+
+void f::correct(CorrectionMode mode) {
+    double& lastFactor = mode == CorrectionMode::wind ? lastWindFactor_ : lastDustFactor_;
+    fChange dialog({station_, mode, range(), lastFactor, [this] { LoadData(); }, *environment_.dialogs},
+                   this);
+    dialog.exec();
+}
+
+} // namespace kelvrum

@@ -1,0 +1,155 @@
+#include "correction/Recalculation.h"
+
+#include "config/DataFolder.h"
+#include "data/ChannelFiles.h"
+#include "data/ChannelFormat.h"
+#include "util/LittleEndian.h"
+#include "util/Numbers.h"
+
+#include <algorithm>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace kelvrum {
+
+namespace {
+
+constexpr std::size_t PIECE_VALUES = 64UL * 1024; // minutes read and written at once
+constexpr std::int64_t TO_THE_END = 8'000'000;    // an end position behind every year's file
+
+/// The channels of a correction; they are fixed and do not come from the configuration.
+struct CorrectedChannels {
+    std::vector<std::int32_t> sources;
+    std::int32_t target;
+};
+
+CorrectedChannels channelsOf(CorrectionMode mode) {
+    return mode == CorrectionMode::wind ? CorrectedChannels{{4, 5}, 6} : CorrectedChannels{{7}, 15};
+}
+
+/// The byte offsets of the values of one year: from the first up to and with the last.
+struct YearRange {
+    int year = 0;
+    std::int64_t first = 0;
+    std::int64_t last = 0;
+};
+
+std::vector<YearRange> yearsOf(const TimeRange& range) {
+    const int firstYear = calendarTime(range.from).year;
+    const int lastYear = calendarTime(range.to).year;
+    std::vector<YearRange> years;
+    for (int year = firstYear; year <= lastYear; ++year) {
+        years.push_back({year, chn::valueOffset(year == firstYear ? MinuteIndex(range.from) : 0),
+                         year == lastYear ? chn::valueOffset(MinuteIndex(range.to)) : TO_THE_END});
+    }
+    return years;
+}
+
+/// One year's files.
+class YearRecalculation {
+  public:
+    YearRecalculation(const StationConfig& station, const Correction& correction,
+                      const CorrectionFiles& files, const YearRange& range)
+        : factor_(correction.factor)
+        , files_(files)
+        , range_(range) {
+        const CorrectedChannels channels = channelsOf(correction.mode);
+        for (const std::int32_t channel : channels.sources) {
+            sources_.push_back(files.openSource(channelPath(station, channel, {}, range.year)));
+        }
+        targetPath_ = channelPath(station, channels.target, {}, range.year);
+    }
+
+    std::optional<std::string> run() {
+        const std::int64_t count = values();
+        if (count <= 0) {
+            return std::nullopt;
+        }
+        OpenedTarget target = files_.openTarget(targetPath_);
+        if (!target.file) {
+            return failure(target.reason);
+        }
+        std::vector<double> results(std::min<std::size_t>(PIECE_VALUES, static_cast<std::size_t>(count)));
+        std::vector<double> values(results.size());
+        for (std::int64_t done = 0; done < count;) {
+            const std::size_t n = std::min(results.size(), static_cast<std::size_t>(count - done));
+            const std::int64_t offset = range_.first + done * static_cast<std::int64_t>(chn::VALUE_SIZE);
+            const std::size_t got =
+                compute(std::span(results).first(n), values, static_cast<std::uint64_t>(offset));
+            const auto bytes = std::as_bytes(std::span(results).first(got));
+            const std::string reason = target.file->write(static_cast<std::uint64_t>(offset), bytes);
+            if (!reason.empty()) {
+                return failure(reason);
+            }
+            if (got < n) {
+                break; // a source has become shorter meanwhile
+            }
+            done += static_cast<std::int64_t>(n);
+        }
+        return std::nullopt;
+    }
+
+  private:
+    /// The number of values: up to the end of the range, but only whole values that every source has.
+    [[nodiscard]] std::int64_t values() const {
+        const auto size = static_cast<std::int64_t>(chn::VALUE_SIZE);
+        std::int64_t count = (range_.last - range_.first) / size + 1;
+        for (const auto& source : sources_) {
+            const std::int64_t length = source ? static_cast<std::int64_t>(source->size()) : 0;
+            count = std::min(count, length > range_.first ? (length - range_.first) / size : 0);
+        }
+        return count;
+    }
+
+    /// The new values from a byte offset on; fewer when a source ends early.
+    std::size_t compute(std::span<double> results, std::vector<double>& values, std::uint64_t offset) {
+        std::size_t count = results.size();
+        for (std::size_t i = 0; i < sources_.size(); ++i) {
+            const std::span<double> read = i == 0 ? results.first(count) : std::span(values).first(count);
+            count = sources_[i]->read(offset, std::as_writable_bytes(read)) / chn::VALUE_SIZE;
+            fromLittle(read.first(count));
+            for (std::size_t k = 0; i > 0 && k < count; ++k) {
+                results[k] = results[k] == 0 || values[k] == 0 ? 0 : results[k] * values[k];
+            }
+        }
+        for (double& v : results.first(count)) {
+            v = v == 0 ? 0 : v * factor_;
+        }
+        fromLittle(results.first(count)); // back to the file's byte order
+        return count;
+    }
+
+    [[nodiscard]] std::string failure(const std::string& reason) const {
+        return "Die Datei „" + targetPath_ + "“ kann nicht geschrieben werden: " + reason;
+    }
+
+    double factor_;
+    const CorrectionFiles& files_;
+    YearRange range_;
+    std::vector<std::unique_ptr<FileSource>> sources_;
+    std::string targetPath_;
+};
+
+} // namespace
+
+double factorOf(const std::string& text) {
+    std::string number = text;
+    std::replace(number.begin(), number.end(), ',', '.');
+    return leadingNumber(number);
+}
+
+std::optional<std::string> recalculate(const StationConfig& station, const Correction& correction,
+                                       const CorrectionFiles& files) {
+    for (const YearRange& year : yearsOf(correction.range)) {
+        if (auto message = YearRecalculation(station, correction, files, year).run()) {
+            return message;
+        }
+        if (files.afterYear) {
+            files.afterYear();
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace kelvrum

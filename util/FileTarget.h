@@ -1,0 +1,38 @@
+// Writing into files at byte offsets behind a small interface, so that tests can let a write fail.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace kelvrum {
+
+class FileTarget {
+  public:
+    FileTarget() = default;
+    FileTarget(const FileTarget&) = delete;
+    FileTarget& operator=(const FileTarget&) = delete;
+    virtual ~FileTarget() = default;
+
+    /// Writes at a byte offset; what lies outside stays as it is, a gap before it reads as zeros. Gives an
+    /// empty text, or the system's reason why not all was written.
+    virtual std::string write(std::uint64_t offset, std::span<const std::byte> bytes) = 0;
+};
+
+/// A target that was opened, or the system's reason why not.
+struct OpenedTarget {
+    std::unique_ptr<FileTarget> file;
+    std::string reason;
+};
+
+/// Opens the file of a path as the station writes it for writing in place; a missing one is created.
+using TargetOpener = std::function<OpenedTarget(std::string_view path)>;
+
+/// The opener for real files.
+OpenedTarget openTarget(std::string_view path);
+
+} // namespace kelvrum
