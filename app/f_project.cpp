@@ -42,6 +42,7 @@ void f::adoptStation(StationConfig station) {
         for (const ListedChannel& entry : listedChannels(station_)) {
             auto* item = new QListWidgetItem(QString::fromStdString(entry.name), selChan);
             item->setData(Qt::UserRole, entry.channel);
+            item->setToolTip(item->text()); // a long name does not fit the column
         }
         selChan->setCurrentRow(selChan->count() > 0 ? 0 : -1);
     }
