@@ -78,6 +78,8 @@ class DiagramState {
     /// Screen angle of direction 0. Repaints at once.
     [[nodiscard]] double AngelOffset() const { return fromRadians(angelOffset_); }
     void setAngelOffset(double angle);
+    /// The same in radians, whatever the unit of Bogenmass.
+    [[nodiscard]] double angelOffsetRadians() const { return angelOffset_; }
     /// Number of rings and of direction classes, at least 1; less throws InvalidPropertyValue. Repaint.
     [[nodiscard]] std::int32_t LongRaster() const { return longRaster_; }
     void setLongRaster(std::int32_t rings);

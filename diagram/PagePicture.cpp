@@ -47,6 +47,14 @@ void PagePicture::fill(std::span<const Box> boxes, Colour colour) {
         [kept = std::vector<Box>(boxes.begin(), boxes.end()), colour](Surface& s) { s.fill(kept, colour); });
 }
 
+void PagePicture::ellipse(const Box& box, std::optional<Colour> fill) {
+    steps_.emplace_back([box, fill](Surface& s) { s.ellipse(box, fill); });
+}
+
+void PagePicture::pie(const Box& box, Dot from, Dot to, Colour fill) {
+    steps_.emplace_back([box, from, to, fill](Surface& s) { s.pie(box, from, to, fill); });
+}
+
 void PagePicture::setFont(const DiagramFont& font) {
     font_ = surfaceFont(font, resolution_.dotsPerPoint);
     steps_.emplace_back([font](Surface& s) { s.setFont(font); });

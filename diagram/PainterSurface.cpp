@@ -2,7 +2,9 @@
 
 #include <QFontMetrics>
 #include <QLine>
+#include <QRectF>
 #include <QString>
+#include <QtMath>
 #include <algorithm>
 #include <cmath>
 #include <type_traits>
@@ -18,6 +20,12 @@ constexpr double PAGE_PEN = 0.15; // millimetres
 
 QString toQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// The middle of the outline's pen, for a smooth outline within the box.
+QRectF outlineOf(const Box& box) {
+    constexpr double HALF_DOT = 0.5;
+    return {box.left + HALF_DOT, box.top + HALF_DOT, box.right - box.left - 1.0, box.bottom - box.top - 1.0};
 }
 
 // A batch of segments is handed to the painter as it stands.
@@ -91,6 +99,33 @@ void PainterSurface::fill(std::span<const Box> boxes, Colour colour) {
     for (const Box& box : boxes) {
         painter_.fillRect(box.left, box.top, box.right - box.left, box.bottom - box.top, brush);
     }
+}
+
+void PainterSurface::ellipse(const Box& box, std::optional<Colour> fill) {
+    painter_.setBrush(fill ? QBrush(toQColor(*fill)) : QBrush(Qt::NoBrush));
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.drawEllipse(outlineOf(box));
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+}
+
+void PainterSurface::pie(const Box& box, Dot from, Dot to, Colour fill) {
+    constexpr double FULL_CIRCLE = 360;
+    constexpr double STEPS_PER_DEGREE = 16; // of the painter's angles
+    if (box.right <= box.left || box.bottom <= box.top) {
+        return;
+    }
+    const double xc = (box.left + box.right) / 2.0;
+    const double yc = (box.top + box.bottom) / 2.0;
+    const auto angle = [&](Dot dot) { return qRadiansToDegrees(std::atan2(yc - dot.y, dot.x - xc)); };
+    double span = angle(to) - angle(from);
+    if (span <= 0) {
+        span += FULL_CIRCLE;
+    }
+    painter_.setBrush(toQColor(fill));
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.drawPie(outlineOf(box), static_cast<int>(std::lround(angle(from) * STEPS_PER_DEGREE)),
+                     static_cast<int>(std::lround(span * STEPS_PER_DEGREE)));
+    painter_.setRenderHint(QPainter::Antialiasing, false);
 }
 
 void PainterSurface::setFont(const DiagramFont& font) {

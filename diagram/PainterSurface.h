@@ -49,6 +49,8 @@ class PainterSurface final : public Surface {
     void lineTo(Dot to) override;
     void lines(std::span<const Segment> segments) override;
     void fill(std::span<const Box> boxes, Colour colour) override;
+    void ellipse(const Box& box, std::optional<Colour> fill) override;
+    void pie(const Box& box, Dot from, Dot to, Colour fill) override;
     void setFont(const DiagramFont& font) override;
     void text(Dot at, std::string_view text) override;
     Extent textExtent(std::string_view text) override;

@@ -2,6 +2,7 @@
 
 #include "diagram/LineDiagram.h"
 #include "diagram/PainterSurface.h"
+#include "diagram/PolarDiagram.h"
 #include "diagram/PrintJob.h"
 
 #include <QPainter>
@@ -53,6 +54,12 @@ void PolarSys::drawPicture() {
     }
     pb_.setDevicePixelRatio(1);
     switch (DiagTyp()) {
+    case KIND_POLAR: {
+        PainterSurface surface(pb_, {wanted.width(), wanted.height()}, ratio);
+        drawPolarDiagram(surface, *this, texts_);
+        ++drawings_;
+        break;
+    }
     case KIND_LINE:
     case KIND_PRECIPITATION:
     case KIND_DIRECTION:

@@ -72,6 +72,12 @@ class Surface {
     /// Fills boxes with a colour, without outline.
     virtual void fill(std::span<const Box> boxes, Colour colour) = 0;
 
+    /// Draws the outline of an ellipse within a box, filled when there is a colour.
+    virtual void ellipse(const Box& box, std::optional<Colour> fill) = 0;
+    /// Draws a filled sector of the ellipse within a box, with outline: counter-clockwise, as it is seen,
+    /// from the radial through `from` to the one through `to`; the whole ellipse when both are the same.
+    virtual void pie(const Box& box, Dot from, Dot to, Colour fill) = 0;
+
     virtual void setFont(const DiagramFont& font) = 0;
     /// Draws UTF-8 text in the pen's colour with its upper left corner at a dot.
     virtual void text(Dot at, std::string_view text) = 0;

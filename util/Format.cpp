@@ -3,8 +3,6 @@
 #include "util/Numbers.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 
 namespace kelvrum {
@@ -130,13 +128,7 @@ std::string shownNumber(double v, const LocaleTexts& texts) {
     return text;
 }
 
-std::string shownNumber(float v, const LocaleTexts& texts) {
-    // The shortest text that names the float, read as a double: 0.1F is 0.1, not 0.100000001490116.
-    std::array<char, 40> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), v).ptr;
-    const double value = std::isfinite(v) ? leadingNumber({text.data(), end}) : static_cast<double>(v);
-    return shownNumber(value, texts);
-}
+std::string shownNumber(float v, const LocaleTexts& texts) { return shownNumber(decimalValue(v), texts); }
 
 std::string rowTime(DateTime t, const LocaleTexts& texts) {
     return formatDateTime(t, texts.shortDate, texts) + formatDateTime(t, " hh:mm", texts);

@@ -129,6 +129,15 @@ DecimalDigits decimalDigits(double v) {
     return result;
 }
 
+double decimalValue(float v) {
+    if (!std::isfinite(v)) {
+        return v;
+    }
+    std::array<char, 40> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), v).ptr;
+    return leadingNumber({text.data(), end});
+}
+
 std::string plainNumber(double v) {
     if (std::isnan(v)) {
         return "nan";

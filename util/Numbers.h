@@ -27,6 +27,9 @@ std::optional<std::int32_t> roundToInt32(double v);
 /// digits before the point or 15 behind it. "nan" and "inf" for what is no number.
 std::string plainNumber(double v);
 
+/// The double that is written like a float, with no more digits than it has: 0.1F gives 0.1.
+double decimalValue(float v);
+
 /// The decimal digits of a number, rounded to 15 significant ones: 0.d1d2d3... times 10^exponent.
 struct DecimalDigits {
     bool negative = false;

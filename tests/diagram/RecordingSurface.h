@@ -33,6 +33,20 @@ struct RecordedText {
     std::optional<Box> clip;
 };
 
+struct RecordedEllipse {
+    Box at;
+    Colour pen = BLACK;
+    std::optional<Colour> fill;
+};
+
+struct RecordedPie {
+    Box at;
+    Dot from;
+    Dot to;
+    Colour pen = BLACK;
+    Colour fill = BLACK;
+};
+
 /// Every character (code point) is 6 units wide, a bold one 7, and a line is 12 units high, whatever the
 /// font.
 class RecordingSurface final : public Surface {
@@ -54,6 +68,14 @@ class RecordingSurface final : public Surface {
     void lineTo(Dot to) override;
     void lines(std::span<const Segment> segments) override;
     void fill(std::span<const Box> areas, Colour colour) override;
+    void ellipse(const Box& box, std::optional<Colour> fill) override {
+        ellipses.push_back({box, pen_, fill});
+        order.emplace_back("ellipse");
+    }
+    void pie(const Box& box, Dot from, Dot to, Colour fill) override {
+        pies.push_back({box, from, to, pen_, fill});
+        order.emplace_back("pie");
+    }
     void setFont(const DiagramFont& font) override { font_ = font; }
     void text(Dot at, std::string_view text) override;
     Extent textExtent(std::string_view text) override;
@@ -63,6 +85,9 @@ class RecordingSurface final : public Surface {
     std::vector<RecordedLine> drawn;
     std::vector<RecordedBox> boxes;
     std::vector<RecordedText> texts;
+    std::vector<RecordedEllipse> ellipses;
+    std::vector<RecordedPie> pies;
+    std::vector<std::string> order; // of ellipses and pies
 
     /// How many lines, boxes and texts were drawn.
     [[nodiscard]] std::size_t primitives() const { return drawn.size() + boxes.size() + texts.size(); }

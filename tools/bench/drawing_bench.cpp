@@ -54,6 +54,8 @@ class CountedSurface final : public Surface {
         primitives += boxes.size();
         surface_.fill(boxes, colour);
     }
+    void ellipse(const Box& box, std::optional<Colour> fill) override { surface_.ellipse(box, fill); }
+    void pie(const Box& box, Dot from, Dot to, Colour fill) override { surface_.pie(box, from, to, fill); }
     void setFont(const DiagramFont& font) override { surface_.setFont(font); }
     void text(Dot at, std::string_view text) override { surface_.text(at, text); }
     Extent textExtent(std::string_view text) override { return surface_.textExtent(text); }

@@ -1,0 +1,238 @@
+#include "diagram/PolarDiagram.h"
+
+#include "util/Numbers.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <stdexcept>
+#include <string>
+
+namespace kelvrum {
+
+namespace {
+
+constexpr Colour SECTOR_LINE = RED;
+constexpr Colour SECTOR_FILL = 0x00FFFF; // yellow
+constexpr double CALM_BELOW = 0.5;       // speed
+
+/// Every float becomes an integer by rounding halves to even.
+int rounded(double v) { return roundToInt32(v).value_or(0); }
+
+/// Count times radius, formed as a 32-bit integer.
+double product(std::int32_t count, int radius) {
+    const std::int64_t value = std::int64_t{count} * radius;
+    if (value > std::numeric_limits<std::int32_t>::max()) {
+        throw std::overflow_error("Überlauf");
+    }
+    return static_cast<double>(value);
+}
+
+/// One drawing: its inputs and what its stages share.
+class PolarDrawing {
+  public:
+    PolarDrawing(Surface& surface, DiagramState& state, const LocaleTexts& texts)
+        : surface_(surface)
+        , state_(state)
+        , texts_(texts)
+        , size_(surface.size())
+        , head_(headExtent())
+        , geometry_(size_, head_.height, state.LongRaster(), surface.scale()) {}
+
+    void run() {
+        if (size_.width > 0 && size_.height > 0) {
+            state_.setYcenter(rounded(geometry_.yCentre / surface_.scale()));
+            surface_.clear(state_.BgCol());
+            surface_.setPen(BLACK);
+            drawGrid();
+            if (state_.sampleCount() > 0) {
+                const DirectionClasses classes = classify(state_);
+                if (classes.maxCount > 0) {
+                    drawSectors(classes);
+                }
+                surface_.setPen(BLACK);
+                drawRingLabels(classes);
+            }
+        }
+        surface_.setPen(BLACK);
+        drawCompass();
+        drawFootnote();
+        drawFrame();
+        drawHeadLine();
+    }
+
+  private:
+    [[nodiscard]] DiagramFont bold() const {
+        DiagramFont font = state_.SkalaFont();
+        font.Bold = true;
+        return font;
+    }
+
+    Extent headExtent() {
+        surface_.setFont(bold()); // as the head line is written
+        const Extent extent = surface_.textExtent(state_.HeadLine());
+        surface_.setFont(state_.SkalaFont());
+        return extent;
+    }
+
+    /// Drawing units as dots.
+    [[nodiscard]] int units(int length) const { return rounded(length * surface_.scale()); }
+
+    [[nodiscard]] double sector() const { return TWO_PI / state_.RadRaster(); }
+    [[nodiscard]] int outerX() const { return geometry_.dx(geometry_.rings); }
+    [[nodiscard]] int outerY() const { return geometry_.dy(geometry_.rings); }
+    /// The screen angle of direction 0, in radians.
+    [[nodiscard]] double startAngle() const { return state_.angelOffsetRadians(); }
+
+    void line(Dot from, Dot to) {
+        surface_.moveTo(from);
+        surface_.lineTo(to);
+    }
+
+    /// Rings, spokes, and the white disc that covers the spokes inside of the first ring.
+    void drawGrid() {
+        const int xc = geometry_.xCentre;
+        const int yc = geometry_.yCentre;
+        for (std::int32_t i = 1; i <= geometry_.rings; ++i) {
+            const int dx = geometry_.dx(i);
+            const int dy = geometry_.dy(i);
+            surface_.ellipse({xc - dx, yc - dy, xc + dx, yc + dy}, {});
+        }
+        double a = startAngle();
+        for (std::int32_t k = 0; k < state_.RadRaster(); ++k) {
+            line({xc, yc}, {xc + rounded(outerX() * std::cos(a)), yc + rounded(outerY() * std::sin(a))});
+            a += sector();
+        }
+        surface_.ellipse({rounded(xc - geometry_.stepX), rounded(yc - geometry_.stepY),
+                          rounded(xc + geometry_.stepX), rounded(yc + geometry_.stepY)},
+                         WHITE);
+    }
+
+    /// Each sector is centred on its spoke; the fullest class reaches the outermost ring.
+    void drawSectors(const DirectionClasses& classes) {
+        const int xc = geometry_.xCentre;
+        const int yc = geometry_.yCentre;
+        double a = startAngle() - sector() / 2;
+        surface_.setPen(SECTOR_LINE);
+        for (std::int32_t j = 0; j < state_.RadRaster(); ++j) {
+            const std::int32_t c = classes.counts[static_cast<std::size_t>(j)];
+            const double rx = product(c, outerX()) / classes.maxCount;
+            const double ry = product(c, outerY()) / classes.maxCount;
+            const auto end = [&](double angle) {
+                return Dot{rounded(xc + outerX() * std::cos(angle) * c / classes.maxCount),
+                           rounded(yc + outerY() * std::sin(angle) * c / classes.maxCount)};
+            };
+            const Dot first = end(a);
+            a += sector();
+            const Dot second = end(a);
+            surface_.pie({rounded(xc - rx), rounded(yc - ry), rounded(xc + rx), rounded(yc + ry)}, second,
+                         first, SECTOR_FILL);
+        }
+    }
+
+    /// The share of all samples, calms included, that a sector reaching the ring represents.
+    void drawRingLabels(const DirectionClasses& classes) {
+        for (std::int32_t i = 1; i <= geometry_.rings; ++i) {
+            const auto share =
+                static_cast<float>(classes.maxCount * 100 / state_.sampleCount() * i / geometry_.rings);
+            const std::string label = formatNumber(decimalValue(share), "#0.0", texts_);
+            const Extent extent = surface_.textExtent(label);
+            surface_.text(
+                {size_.width / 2 - extent.width / 2, geometry_.yCentre - geometry_.dy(i) - extent.height},
+                label);
+        }
+    }
+
+    /// The letters stay at their places whatever the screen angle of direction 0 is.
+    void drawCompass() {
+        constexpr int BOLD_FROM = 12; // points
+        const int points = rounded(size_.height / surface_.scale()) / 40;
+        DiagramFont font = state_.SkalaFont();
+        font.Size = points;
+        font.Bold = font.Bold || points >= BOLD_FROM;
+        surface_.setFont(font);
+        const int fs = units(points);
+        const int middle = geometry_.top + (size_.height - geometry_.top) / 2 - fs / 2;
+        surface_.text({size_.width / 2 - units(3), geometry_.top + fs / 2}, "N");
+        surface_.text({size_.width / 2 - units(3), size_.height - fs - units(10)}, "S");
+        surface_.text({units(9), middle}, "W");
+        surface_.text({size_.width - units(18), middle}, "E");
+        surface_.setFont(state_.SkalaFont());
+    }
+
+    void drawFootnote() {
+        if (!state_.Fussnote().empty()) {
+            const int width = surface_.textExtent(state_.Fussnote()).width;
+            surface_.text({size_.width - width - units(8), size_.height - units(16)}, state_.Fussnote());
+        }
+    }
+
+    void drawFrame() {
+        const int right = size_.width - 1;
+        const int bottom = size_.height - 1;
+        line({0, 0}, {0, bottom});
+        line({0, bottom}, {right, bottom});
+        line({right, 0}, {right, bottom});
+        line({0, 0}, {right, 0}); // the box around the head band
+        line({right, 0}, {right, geometry_.top});
+        line({right, geometry_.top}, {0, geometry_.top});
+        line({0, geometry_.top}, {0, 0});
+    }
+
+    void drawHeadLine() {
+        surface_.setFont(bold());
+        surface_.text({(size_.width - head_.width) / 2, units(3)}, state_.HeadLine());
+        surface_.setFont(state_.SkalaFont());
+    }
+
+    Surface& surface_;
+    DiagramState& state_;
+    const LocaleTexts& texts_;
+    Extent size_;
+    Extent head_;
+    PolarGeometry geometry_;
+};
+
+} // namespace
+
+DirectionClasses classify(const DiagramState& state) {
+    const double sector = TWO_PI / state.RadRaster();
+    const double half = sector / 2;
+    DirectionClasses classes;
+    classes.counts.assign(static_cast<std::size_t>(state.RadRaster()) + 1, 0);
+    for (std::size_t i = 0; i < static_cast<std::size_t>(state.sampleCount()); ++i) {
+        if (state.speedList()[i] < CALM_BELOW) {
+            ++classes.calm;
+            continue;
+        }
+        const double angle = DiagramState::NormWinkel(state.directionList()[i] + half);
+        ++classes.counts[std::min(static_cast<std::size_t>(angle / sector), classes.counts.size() - 1)];
+    }
+    const auto fullest = std::max_element(classes.counts.begin(), classes.counts.end() - 1);
+    classes.maxCount = *fullest;
+    return classes;
+}
+
+PolarGeometry::PolarGeometry(Extent size, int headHeight, std::int32_t ringCount, double scale)
+    : top(headHeight + rounded(7 * scale))
+    , xCentre(size.width / 2)
+    , yCentre(top + (size.height - top) / 2)
+    , rings(ringCount) {
+    const int margin = rounded(12 * scale);
+    const auto step = [&](int length) {
+        return ((length - top) / 2 - margin) / (static_cast<double>(rings) + 1) * 0.99;
+    };
+    // The head band is taken off the width as well: so the rings are round on a square.
+    stepX = step(size.width);
+    stepY = step(size.height);
+}
+
+int PolarGeometry::dx(std::int32_t i) const { return rounded(i * stepX); }
+
+int PolarGeometry::dy(std::int32_t i) const { return rounded(i * stepY); }
+
+void drawPolarDiagram(Surface& surface, DiagramState& state, const LocaleTexts& texts) {
+    PolarDrawing(surface, state, texts).run();
+}
+
+} // namespace kelvrum

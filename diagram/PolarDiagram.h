@@ -1,0 +1,45 @@
+// The polar diagram: a wind rose of the control's samples, on any surface.
+#pragma once
+
+#include "diagram/DiagramState.h"
+#include "diagram/Surface.h"
+#include "util/Format.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace kelvrum {
+
+/// How many samples fall into each direction class. Class k holds the directions from k · sector − half up
+/// to, but not including, (k + 1) · sector − half.
+struct DirectionClasses {
+    std::vector<std::int32_t> counts; // one for each class, and one spare at the end
+    std::int32_t calm = 0;            // samples slower than 0.5; kept, but shown nowhere
+    double maxCount = 0;              // of the classes, the spare one left out
+};
+
+/// Classifies the samples of a control into its RadRaster classes.
+DirectionClasses classify(const DiagramState& state);
+
+/// The fixed points of the drawing, in dots.
+struct PolarGeometry {
+    int top = 0; // height of the head band
+    int xCentre = 0;
+    int yCentre = 0;
+    double stepX = 0; // distance of two rings
+    double stepY = 0;
+    std::int32_t rings = 1;
+
+    /// `headHeight` is the height of the head line's text; `scale` the dots of a drawing unit.
+    PolarGeometry(Extent size, int headHeight, std::int32_t rings, double scale);
+
+    /// Radii of ring i, from 1.
+    [[nodiscard]] int dx(std::int32_t i) const;
+    [[nodiscard]] int dy(std::int32_t i) const;
+};
+
+/// Draws rings, spokes, sectors, labels, compass letters, frame and head line, and sets the control's
+/// Ycenter. Throws std::overflow_error when a sector's radius passes through more than 32 bits.
+void drawPolarDiagram(Surface& surface, DiagramState& state, const LocaleTexts& texts);
+
+} // namespace kelvrum

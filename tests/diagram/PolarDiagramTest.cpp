@@ -1,0 +1,182 @@
+#include "diagram/PolarDiagram.h"
+#include "tests/diagram/RecordingSurface.h"
+
+#include <algorithm>
+#include <cmath>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+namespace kelvrum {
+
+namespace {
+
+using ::testing::ElementsAre;
+using testing::RecordingSurface;
+
+constexpr int HEAD_TEXT = RecordingSurface::LINE_HEIGHT; // the head band is 7 higher
+constexpr int TOP = HEAD_TEXT + 7;
+
+class Rose : public DiagramState {
+  public:
+    explicit Rose(std::int32_t classes = 8, std::int32_t rings = 4) {
+        initialise();
+        setRadRaster(classes);
+        setLongRaster(rings);
+        setHeadLine("Wind");
+    }
+    void add(int times, double speed, double degrees) {
+        setBogenmass(UNIT_DEGREES);
+        for (int i = 0; i < times; ++i) {
+            AddItem(speed, degrees);
+        }
+    }
+};
+
+TEST(PolarGeometry, FollowsTheSizeAndTheHeadBand) {
+    // 400 x 400 with a head band of 20.
+    const PolarGeometry g({400, 400}, 13, 4, 1);
+    EXPECT_EQ(g.top, 20);
+    EXPECT_EQ(g.xCentre, 200);
+    EXPECT_EQ(g.yCentre, 210);
+    EXPECT_NEAR(g.stepX, 35.244, 1e-9);
+    EXPECT_NEAR(g.stepY, 35.244, 1e-9);
+    EXPECT_THAT((std::vector{g.dx(1), g.dx(2), g.dx(3), g.dx(4)}), ElementsAre(35, 70, 106, 141));
+}
+
+TEST(DirectionClasses, AreCentredOnTheirDirections) {
+    struct Case {
+        double degrees;
+        std::size_t expected;
+    };
+    const Case cases[] = {
+        {-22.5, 0}, {22.4999, 0}, {22.5, 1},     {0, 0},     {360, 0},
+        {45, 1},    {180, 4},     {337.4999, 7}, {337.5, 0}, {-90, 6},
+    };
+    for (const Case& c : cases) {
+        Rose rose;
+        // The samples are given in radians, as they are kept.
+        rose.AddItem(1, c.degrees / 8 * (TWO_PI / 45));
+        const DirectionClasses classes = classify(rose);
+        EXPECT_EQ(classes.counts[c.expected], 1) << c.degrees;
+        EXPECT_EQ(classes.counts.size(), 9U);
+        EXPECT_EQ(classes.maxCount, 1);
+    }
+}
+
+TEST(DirectionClasses, LeaveCalmsOut) {
+    Rose rose;
+    rose.add(2, 0.4999, 0);
+    rose.add(1, 0.5, 0); // no calm
+    const DirectionClasses classes = classify(rose);
+    EXPECT_EQ(classes.calm, 2);
+    EXPECT_EQ(classes.counts[0], 1);
+}
+
+TEST(PolarDiagram, WithoutSamplesDrawsTheGridAndNoSector) {
+    Rose rose;
+    rose.setFussnote("Fuß");
+    RecordingSurface surface({400, 400});
+    drawPolarDiagram(surface, rose, {});
+    // Four rings, then the white centre disc.
+    ASSERT_EQ(surface.ellipses.size(), 5U);
+    EXPECT_FALSE(surface.ellipses[0].fill.has_value());
+    EXPECT_EQ(surface.ellipses[4].fill, WHITE);
+    EXPECT_TRUE(surface.pies.empty());
+    EXPECT_THAT(surface.wordsOf(BLACK), ElementsAre("N", "S", "W", "E", "Fuß", "Wind"));
+    // Eight spokes and seven lines of frame and head band.
+    EXPECT_EQ(surface.drawn.size(), 15U);
+    EXPECT_EQ(rose.Ycenter(), TOP + (400 - TOP) / 2);
+}
+
+TEST(PolarDiagram, LettersFootnoteAndHeadLineHaveTheirPlaces) {
+    Rose rose;
+    rose.setFussnote("Fuß");
+    RecordingSurface surface({400, 480});
+    drawPolarDiagram(surface, rose, {});
+    const int fs = 12; // 480 \ 40: bold from here on
+    const int middle = TOP + (480 - TOP) / 2 - fs / 2;
+    EXPECT_EQ(surface.only("N")->at, (Dot{197, TOP + 6}));
+    EXPECT_EQ(surface.only("S")->at, (Dot{197, 480 - fs - 10}));
+    EXPECT_EQ(surface.only("W")->at, (Dot{9, middle}));
+    EXPECT_EQ(surface.only("E")->at, (Dot{382, middle}));
+    EXPECT_EQ(surface.only("N")->font, (DiagramFont{"Arial", 12, true, false}));
+    EXPECT_EQ(surface.only("Fuß")->at, (Dot{400 - 18 - 8, 464}));
+    EXPECT_EQ(surface.only("Wind")->at.y, 3);
+    EXPECT_EQ(surface.only("Wind")->at.x, (400 - 4 * RecordingSurface::BOLD_CHARACTER) / 2);
+    EXPECT_TRUE(surface.only("Wind")->font.Bold);
+
+    RecordingSurface lower({400, 479});
+    drawPolarDiagram(lower, rose, {});
+    EXPECT_FALSE(lower.only("N")->font.Bold);
+    RecordingSurface flat({400, 39});
+    drawPolarDiagram(flat, rose, {});
+    EXPECT_EQ(flat.only("N")->font.Size, 0);
+}
+
+TEST(PolarDiagram, AZeroSizedControlHasOnlyTextsAndFrame) {
+    Rose rose;
+    rose.add(3, 2, 90);
+    RecordingSurface surface({0, 0});
+    drawPolarDiagram(surface, rose, {});
+    EXPECT_TRUE(surface.backgrounds.empty());
+    EXPECT_TRUE(surface.ellipses.empty());
+    EXPECT_TRUE(surface.pies.empty());
+    EXPECT_EQ(surface.drawn.size(), 7U);
+}
+
+TEST(PolarDiagram, OnlyCalmsHaveNoSectorsAndLabelsOfZero) {
+    Rose rose;
+    rose.add(5, 0.1, 90);
+    RecordingSurface surface({400, 400});
+    drawPolarDiagram(surface, rose, {});
+    EXPECT_TRUE(surface.pies.empty());
+    const auto words = surface.wordsOf(BLACK);
+    EXPECT_EQ(std::count(words.begin(), words.end(), "0,0"), 4);
+}
+
+TEST(PolarDiagram, TheFullestClassesReachTheOutermostRing) {
+    Rose rose;
+    rose.add(4, 2, 0);
+    rose.add(4, 2, 180);
+    rose.add(1, 2, 90);
+    rose.add(1, 0.1, 90);
+    RecordingSurface surface({400, 400});
+    drawPolarDiagram(surface, rose, {});
+    const PolarGeometry g({400, 400}, HEAD_TEXT, 4, 1);
+    ASSERT_EQ(surface.pies.size(), 8U);
+    for (const std::size_t full : {0U, 4U}) {
+        EXPECT_EQ(surface.pies[full].at,
+                  (Box{g.xCentre - g.dx(4), g.yCentre - g.dy(4), g.xCentre + g.dx(4), g.yCentre + g.dy(4)}));
+    }
+    EXPECT_EQ(surface.pies[0].pen, RED);
+    EXPECT_EQ(surface.pies[0].fill, Colour{0xFFFF});
+    // Direction 0 points up: its sector begins right of it and ends left of it.
+    EXPECT_GT(surface.pies[0].from.x, g.xCentre);
+    EXPECT_LT(surface.pies[0].to.x, g.xCentre);
+    EXPECT_LT(surface.pies[0].from.y, g.yCentre);
+    // A quarter turn points right.
+    EXPECT_GT(surface.pies[2].from.x, g.xCentre);
+    EXPECT_EQ(surface.pies[2].at.right - g.xCentre, static_cast<int>(std::nearbyint(g.dx(4) / 4.0)));
+    // An empty class has a box of no size.
+    EXPECT_EQ(surface.pies[1].at, (Box{g.xCentre, g.yCentre, g.xCentre, g.yCentre}));
+    // 4 of 10 samples at the outermost of 4 rings.
+    for (const char* label : {"10,0", "20,0", "30,0", "40,0"}) {
+        EXPECT_TRUE(surface.only(label).has_value()) << label;
+    }
+    EXPECT_EQ(surface.only("40,0")->at, (Dot{200 - 12, g.yCentre - g.dy(4) - RecordingSurface::LINE_HEIGHT}));
+}
+
+TEST(PolarDiagram, AMillionSamplesDrawAndTooManyOverflow) {
+    Rose rose;
+    rose.add(1'000'000, 3, 45);
+    RecordingSurface surface({900, 600});
+    drawPolarDiagram(surface, rose, {});
+    EXPECT_EQ(surface.pies.size(), 8U);
+    RecordingSurface huge({9000, 6000});
+    EXPECT_THROW(drawPolarDiagram(huge, rose, {}), std::overflow_error);
+}
+
+} // namespace
+
+} // namespace kelvrum
