@@ -102,7 +102,7 @@ class f : public QMainWindow {
     bool fillListVarn(const TimeRange& shown, const ReadingStep& step);
     bool readViews(const ReadRequest& request, const ReadingStep& step);
     void showNothing();
-    void showLimitsOf(std::int32_t channel);
+    void showChannel(std::int32_t channel);
     [[nodiscard]] bool diagramSelected() const;
     [[nodiscard]] std::int32_t selectedChannel() const;
     [[nodiscard]] DiagramSettings diagramSettings() const;
@@ -133,6 +133,13 @@ class f : public QMainWindow {
     void meanToggled();
     void zoomBy(int steps);
 
+    // --- f_kinds.cpp: the kinds of diagram ---
+    void buildKindMenu();
+    void showKinds();
+    void chooseKind(std::int32_t kind);
+    void setKind(std::int32_t kind);
+    void setAutomaticRange();
+
     // --- f_layout.cpp ---
     void Form_Resize();
 
@@ -156,11 +163,11 @@ class f : public QMainWindow {
     StationConfig station_;
     DataReader reader_;
     PrintJob printJob_;
-    bool pressLoaded_ = false;     // the press of the mouse has chosen another channel
-    bool collecting_ = false;      // rows are being read; they are shown together at the end
-    unsigned loadNumber_ = 0;      // of the newest LoadData
-    std::int32_t limitsShown_ = 0; // the channel whose limits the boxes were filled with; 0 = none
-    int zoom_ = 1;                 // 1 to 25, read by nothing but the two zoom buttons
+    bool pressLoaded_ = false;      // the press of the mouse has chosen another channel
+    bool collecting_ = false;       // rows are being read; they are shown together at the end
+    unsigned loadNumber_ = 0;       // of the newest LoadData
+    std::int32_t channelShown_ = 0; // the channel that came into view last; 0 = none
+    int zoom_ = 1;                  // 1 to 25, read by nothing but the two zoom buttons
     double manualMinimum_ = 0;
     double manualMaximum_ = 100;
     Colour keptColour1_ = 0x800000; // kept for later use
@@ -181,6 +188,7 @@ class f : public QMainWindow {
     QAction* menSelP = nullptr;
     QAction* MenEnd = nullptr;
     QMenu* menKor = nullptr;
+    QMenu* menKS = nullptr; // context menu of KS
     QAction* menWind = nullptr;
     QAction* menStaub = nullptr;
 

@@ -103,6 +103,7 @@ void f::buildViews() {
     KS = new PolarSys(environment_.texts, client_);
     KS->setObjectName(QStringLiteral("KS"));
     KS->setPrintJob(printJob_);
+    buildKindMenu();
     HScroll = new QScrollBar(Qt::Horizontal, client_);
     HScroll->setObjectName(QStringLiteral("HScroll"));
 

@@ -28,7 +28,7 @@ void f::LoadData() {
     if (channel == 0) {
         showNothing();
     } else {
-        showLimitsOf(channel);
+        showChannel(channel);
         if (!readViews({channel, {}, range(), interval()}, step)) {
             return; // a newer request has shown its view meanwhile
         }
@@ -45,6 +45,9 @@ bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
     if (station_.Kind == ConfigKind::binary) {
         return reader_.readDayDiagram(station_, request, diagramSettings(), *KS, step) == Reading::complete &&
                fillListVarn(request.range, step);
+    }
+    if (diagramSelected() && KS->DiagTyp() == KIND_POLAR) {
+        return reader_.readPolar(station_, request, diagramSettings(), *KS, step) == Reading::complete;
     }
     if (diagramSelected()) {
         return reader_.readDiagram(station_, request, diagramSettings(), *KS, step) == Reading::complete;
@@ -97,13 +100,14 @@ void f::SetXHigh() {
     }
 }
 
-/// The limits of a channel are written into the boxes when it comes into view; a reload keeps what the user
-/// typed.
-void f::showLimitsOf(std::int32_t channel) {
-    if (channel == limitsShown_) {
+/// A channel comes into view as a line diagram, and its limits are written into the boxes; a reload keeps
+/// what the user chose and typed.
+void f::showChannel(std::int32_t channel) {
+    if (channel == channelShown_) {
         return;
     }
-    limitsShown_ = channel;
+    channelShown_ = channel;
+    setKind(KIND_LINE);
     const ChannelInfo& info = station_.ChannelTable.at(channel);
     Text3->setText(QString::fromStdString(plainNumber(info.Limit1)));
     Text4->setText(QString::fromStdString(plainNumber(info.Limit2)));

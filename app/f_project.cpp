@@ -34,7 +34,7 @@ void f::readConf(std::string_view ConfFile) {
 void f::adoptStation(StationConfig station) {
     ++loadNumber_; // a reading of the old project that is still under way gives up
     station_ = std::move(station);
-    limitsShown_ = 0;
+    channelShown_ = 0;
     rows_->setColumns(listColumns(station_));
     {
         const QSignalBlocker silent(selChan);

@@ -42,8 +42,7 @@ void f::scaleAutomatic() {
     }
     Label4->setEnabled(false);
     Label5->setEnabled(false);
-    KS->setY1Low(AUTOMATIC_RANGE);
-    KS->setY1High(AUTOMATIC_RANGE);
+    setAutomaticRange();
     KS->Draw();
 }
 

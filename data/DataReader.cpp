@@ -8,6 +8,8 @@
 #include <array>
 #include <cmath>
 #include <exception>
+#include <utility>
+#include <vector>
 
 namespace kelvrum {
 
@@ -130,6 +132,38 @@ Reading DataReader::readDiagram(const StationConfig& station, const ReadRequest&
             diagram.SetArray(static_cast<std::int32_t>(fill.finish()));
         }
         return reading;
+    });
+}
+
+Reading DataReader::readPolar(const StationConfig& station, const ReadRequest& request,
+                              const DiagramSettings& settings, DiagramState& diagram,
+                              const ReadingStep& step) {
+    diagram.Clear();
+    setTexts(station, request.channel, settings, diagram);
+    return trapped([&] {
+        std::vector<std::pair<double, double>> samples; // speed, direction
+        BlockReader blocks(station, request, open_, buffers_);
+        const auto n = static_cast<std::size_t>(std::max(request.interval, 1));
+        for (BlockRun run = blocks.next(); !run.empty(); run = blocks.next()) {
+            if (step && !step()) {
+                return Reading::givenUp;
+            }
+            for (std::size_t i = 0; i < run.blocks && !run.paired.empty(); ++i) {
+                const auto speeds = run.paired.subspan(i * n, n);
+                const double direction =
+                    blockAverage(run.values.subspan(i * n, n), MODE_WIND_DIRECTION, speeds);
+                if (direction != INVALID_VALUE) {
+                    samples.emplace_back(blockAverage(speeds, MODE_MEAN, {}), direction);
+                }
+            }
+        }
+        const std::int32_t unit = diagram.Bogenmass();
+        diagram.setBogenmass(UNIT_DEGREES);
+        for (const auto& [speed, direction] : samples) {
+            diagram.AddItem(speed, direction);
+        }
+        diagram.setBogenmass(unit);
+        return Reading::complete;
     });
 }
 

@@ -57,6 +57,12 @@ class DataReader {
     Reading readDayDiagram(const StationConfig& station, const ReadRequest& request,
                            const DiagramSettings& settings, DiagramState& diagram, const ReadingStep& step);
 
+    /// Polar reader: empties the control and adds a sample for each interval with a wind direction: the
+    /// direction in degrees and the mean speed of the paired channel. Sets the headlines as the diagram
+    /// reader does.
+    Reading readPolar(const StationConfig& station, const ReadRequest& request,
+                      const DiagramSettings& settings, DiagramState& diagram, const ReadingStep& step);
+
     /// The rows of the day files for the data list; nothing when given up.
     std::optional<DayRows> readDayList(const StationConfig& station, const TimeRange& range,
                                        const ReadingStep& step);

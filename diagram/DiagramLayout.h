@@ -21,6 +21,7 @@ struct DiagramLayout {
     double longTick = 4;
     double shortTick = 2;
     double textGap = 1;   // between a tick and its label, and at the surface's edges
+    double unitDrop = 1;  // unit and captions stand one and a half lines above the plot, less this
     double rowPitch = 11; // from the time of a label to the date below it
     int totalRow = 1;     // row of the precipitation total below the axis; 1 is shared with the dates
 
@@ -44,7 +45,8 @@ struct DiagramLayout {
         layout.foot = 20;
         layout.longTick = 2;
         layout.shortTick = 1;
-        layout.textGap = 0.5;
+        layout.textGap = 1; // at less a tick before a number reads as its minus sign
+        layout.unitDrop = 0;
         layout.rowPitch = 3.5;
         layout.totalRow = 2;
         layout.titlePoints = 12;

@@ -251,7 +251,7 @@ class Drawing {
     void drawAxisTexts() {
         const std::string unit = " " + state_.Einheit();
         const Extent extent = surface_.textExtent(unit);
-        const int y = nearestDot(plot_.top) - extent.height - extent.height / 2 + dots(layout_.textGap);
+        const int y = nearestDot(plot_.top) - extent.height - extent.height / 2 + dots(layout_.unitDrop);
         surface_.setPen(state_.Y1axe());
         surface_.text({nearestDot(plot_.left) - extent.width, y}, unit);
 

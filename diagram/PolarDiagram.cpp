@@ -1,5 +1,6 @@
 #include "diagram/PolarDiagram.h"
 
+#include "diagram/PlacedSurface.h"
 #include "util/Numbers.h"
 
 #include <algorithm>
@@ -233,6 +234,24 @@ int PolarGeometry::dy(std::int32_t i) const { return rounded(i * stepY); }
 
 void drawPolarDiagram(Surface& surface, DiagramState& state, const LocaleTexts& texts) {
     PolarDrawing(surface, state, texts).run();
+}
+
+void printPolarDiagram(Surface& page, Extent picture, DiagramState& state, const LocaleTexts& texts) {
+    constexpr double MARGIN = 20;                    // millimetres
+    constexpr double POINTS_PER_MM = 72 / 25.4;      // of the page's fonts
+    constexpr double PIXELS_PER_POINT = 96.0 / 72.0; // of the picture's fonts
+    const Extent paper = page.size();
+    const double margin = 2 * MARGIN * page.scale();
+    if (picture.width < 1 || picture.height < 1) {
+        return;
+    }
+    const double dotsPerPixel =
+        std::min((paper.width - margin) / picture.width, (paper.height - margin) / picture.height);
+    const Extent size{rounded(picture.width * dotsPerPixel), rounded(picture.height * dotsPerPixel)};
+    const Dot corner{(paper.width - size.width) / 2, (paper.height - size.height) / 2};
+    const double dotsPerPoint = page.scale() / POINTS_PER_MM;
+    PlacedSurface placed(page, corner, size, dotsPerPixel, dotsPerPixel * PIXELS_PER_POINT / dotsPerPoint);
+    drawPolarDiagram(placed, state, texts);
 }
 
 } // namespace kelvrum

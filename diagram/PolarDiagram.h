@@ -42,4 +42,8 @@ struct PolarGeometry {
 /// Ycenter. Throws std::overflow_error when a sector's radius passes through more than 32 bits.
 void drawPolarDiagram(Surface& surface, DiagramState& state, const LocaleTexts& texts);
 
+/// Draws the diagram on a printed page (units: millimetres), centred and as large as the margins allow, in
+/// the proportions of a picture of `picture` pixels.
+void printPolarDiagram(Surface& page, Extent picture, DiagramState& state, const LocaleTexts& texts);
+
 } // namespace kelvrum

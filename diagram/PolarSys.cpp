@@ -29,7 +29,11 @@ void PolarSys::PrintDiag(bool& finish) {
     }
     try {
         Surface& page = printJob_->newPage(QPageLayout::Landscape);
-        drawLineDiagram(page, *this, DiagramLayout::page(), texts_);
+        if (DiagTyp() == KIND_POLAR) {
+            printPolarDiagram(page, {width(), height()}, *this, texts_);
+        } else {
+            drawLineDiagram(page, *this, DiagramLayout::page(), texts_);
+        }
         if (finish) {
             printJob_->end();
         }

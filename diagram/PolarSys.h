@@ -25,7 +25,7 @@ class PolarSys : public QWidget, public DiagramState {
     /// The job that PrintDiag prints into; it must outlive the control.
     void setPrintJob(PrintJob& job) { printJob_ = &job; }
 
-    /// Draws the line diagram on a new page of the print job, landscape. With `finish` the job is ended
+    /// Draws the diagram on a new page of the print job, landscape. With `finish` the job is ended
     /// afterwards; otherwise it stays open for further pages. Throws PrintError; the job is closed then.
     void PrintDiag(bool& finish);
 

@@ -39,6 +39,7 @@ QPrinter& PrintJob::printer() {
     if (!printer_) {
         printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
         printer_->setFullPage(true);
+        printer_->setColorMode(QPrinter::Color); // a queue without a description counts as grey otherwise
         printer_->setCreator(QStringLiteral("Kelvrum"));
     }
     return *printer_;

@@ -1,0 +1,72 @@
+// A part of another surface that is drawn on like a surface of its own.
+#pragma once
+
+#include "diagram/Surface.h"
+
+#include <vector>
+
+namespace kelvrum {
+
+/// Hands every primitive on, moved to a corner of the other surface. Lengths and fonts count in units of its
+/// own scale, so that a picture keeps its proportions on a page.
+class PlacedSurface final : public Surface {
+  public:
+    /// `fontFactor` is what a font size is multiplied with on the other surface, which must outlive this one.
+    PlacedSurface(Surface& surface, Dot corner, Extent size, double scale, double fontFactor)
+        : surface_(surface)
+        , corner_(corner)
+        , size_(size)
+        , scale_(scale)
+        , fontFactor_(fontFactor) {}
+
+    [[nodiscard]] Extent size() const override { return size_; }
+    [[nodiscard]] double scale() const override { return scale_; }
+    void clear(Colour /*background*/) override {} // the paper is white
+    void setPen(Colour colour) override { surface_.setPen(colour); }
+    void setClip(std::optional<Box> box) override {
+        surface_.setClip(box ? std::optional(moved(*box)) : std::nullopt);
+    }
+    void moveTo(Dot to) override { surface_.moveTo(moved(to)); }
+    void lineTo(Dot to) override { surface_.lineTo(moved(to)); }
+    void lines(std::span<const Segment> segments) override {
+        std::vector<Segment> there;
+        there.reserve(segments.size());
+        for (const Segment& segment : segments) {
+            there.push_back({moved(segment.from), moved(segment.to)});
+        }
+        surface_.lines(there);
+    }
+    void fill(std::span<const Box> boxes, Colour colour) override {
+        std::vector<Box> there;
+        there.reserve(boxes.size());
+        for (const Box& box : boxes) {
+            there.push_back(moved(box));
+        }
+        surface_.fill(there, colour);
+    }
+    void ellipse(const Box& box, std::optional<Colour> fill) override { surface_.ellipse(moved(box), fill); }
+    void pie(const Box& box, Dot from, Dot to, Colour fill) override {
+        surface_.pie(moved(box), moved(from), moved(to), fill);
+    }
+    void setFont(const DiagramFont& font) override {
+        DiagramFont there = font;
+        there.Size *= fontFactor_;
+        surface_.setFont(there);
+    }
+    void text(Dot at, std::string_view text) override { surface_.text(moved(at), text); }
+    Extent textExtent(std::string_view text) override { return surface_.textExtent(text); }
+
+  private:
+    [[nodiscard]] Dot moved(Dot dot) const { return {dot.x + corner_.x, dot.y + corner_.y}; }
+    [[nodiscard]] Box moved(const Box& box) const {
+        return {box.left + corner_.x, box.top + corner_.y, box.right + corner_.x, box.bottom + corner_.y};
+    }
+
+    Surface& surface_;
+    Dot corner_;
+    Extent size_;
+    double scale_;
+    double fontFactor_;
+};
+
+} // namespace kelvrum
