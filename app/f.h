@@ -147,6 +147,7 @@ class f : public QMainWindow {
     bool printerReady();
     void printView();
     void setUpPrinterAndPrint();
+    void showBatchPrint();
     void printList();
 
     // --- f_project.cpp: opening projects ---

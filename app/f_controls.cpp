@@ -87,8 +87,6 @@ void f::buildMenus() {
     menKor->setObjectName(QStringLiteral("menKor"));
     menWind = entry(menKor, "menWind", QStringLiteral("&Wind"));
     menStaub = entry(menKor, "menStaub", QStringLiteral("&Staub"));
-
-    menCPrint->setEnabled(false); // not there yet
 }
 
 /// The view area, from the lowest layer up: diagram, scroll bar, list.
@@ -284,6 +282,7 @@ void f::connectControls() {
     connect(menOpen, &QAction::triggered, this, &f::OpenFile);
     connect(menProj, &QAction::triggered, this, &f::showProjects);
     connect(menPrint, &QAction::triggered, this, &f::printView);
+    connect(menCPrint, &QAction::triggered, this, &f::showBatchPrint);
     connect(menSelP, &QAction::triggered, this, &f::setUpPrinterAndPrint);
     connect(menWind, &QAction::triggered, this, [this] { correct(CorrectionMode::wind); });
     connect(menStaub, &QAction::triggered, this, [this] { correct(CorrectionMode::dust); });

@@ -2,10 +2,12 @@
 #include "app/DataListModel.h"
 #include "app/TablePrintout.h"
 #include "app/f.h"
+#include "batchprint/fCPrint.h"
 #include "config/ChannelList.h"
 #include "diagram/PolarSys.h"
 #include "util/BusyPointer.h"
 
+#include <QCoreApplication>
 #include <QPrinter>
 #include <exception>
 
@@ -47,6 +49,25 @@ void f::setUpPrinterAndPrint() {
     if (environment_.dialogs->setUpPrinter(this, printJob_.printer())) {
         printView();
     }
+}
+
+void f::showBatchPrint() {
+    if (!printerReady()) {
+        return;
+    }
+    const auto read = [this](const ReadRequest& request, const DiagramSettings& settings) {
+        const ReadingStep step = [] {
+            QCoreApplication::processEvents();
+            return true;
+        };
+        return station_.Kind == ConfigKind::binary
+                   ? reader_.readDayDiagram(station_, request, settings, *KS, step)
+                   : reader_.readDiagram(station_, request, settings, *KS, step);
+    };
+    fCPrint dialog({range(), station_, environment_.texts, *KS, printJob_, read, [this] { LoadData(); },
+                    *environment_.dialogs, batchFolder_},
+                   this);
+    dialog.exec();
 }
 
 void f::printList() {

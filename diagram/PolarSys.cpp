@@ -2,6 +2,7 @@
 
 #include "diagram/LineDiagram.h"
 #include "diagram/PainterSurface.h"
+#include "diagram/PictureExport.h"
 #include "diagram/PolarDiagram.h"
 #include "diagram/PrintJob.h"
 
@@ -41,6 +42,11 @@ void PolarSys::PrintDiag(bool& finish) {
         printJob_->abandon();
         throw;
     }
+}
+
+void PolarSys::SavePic(const QString& FileName) {
+    const QPixmap picture = pb_; // what is drawn while the routine waits does not change it
+    savePicture(picture, FileName);
 }
 
 QSize PolarSys::pictureSize() const { return (QSizeF(size()) * devicePixelRatioF()).toSize(); }

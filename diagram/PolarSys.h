@@ -29,6 +29,9 @@ class PolarSys : public QWidget, public DiagramState {
     /// afterwards; otherwise it stays open for further pages. Throws PrintError; the job is closed then.
     void PrintDiag(bool& finish);
 
+    /// Saves the picture that was drawn last under a file name; see savePicture.
+    void SavePic(const QString& FileName);
+
     /// The picture as it was drawn last, in device pixels.
     [[nodiscard]] const QPixmap& picture() const { return pb_; }
 

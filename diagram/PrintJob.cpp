@@ -41,6 +41,7 @@ QPrinter& PrintJob::printer() {
         printer_->setFullPage(true);
         printer_->setColorMode(QPrinter::Color); // a queue without a description counts as grey otherwise
         printer_->setCreator(QStringLiteral("Kelvrum"));
+        printer_->setDocName(QStringLiteral("Kelvrum")); // its name in the queue
     }
     return *printer_;
 }

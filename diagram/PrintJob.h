@@ -42,8 +42,9 @@ class PrintJob {
     /// paper. Throws PrintError without a printer. The page lives until the job ends or is abandoned.
     Surface& newPage(QPageLayout::Orientation orientation);
 
-    /// Sends the pages as one job and closes it. Throws PrintError when the printer does not take them; the
-    /// job is closed all the same.
+    /// Sends the pages as one job and closes it. Throws PrintError when the printer is gone or cannot be
+    /// opened; the job is closed all the same. A queue that is there but refuses the job does so unseen: the
+    /// toolkit does not tell.
     void end();
 
     /// Drops the pages and closes the job.

@@ -1,0 +1,195 @@
+// The print run: one page for each checked row, all pages as one job.
+#include "batchprint/fCPrint.h"
+#include "diagram/PolarSys.h"
+#include "diagram/PrintJob.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QPointer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <exception>
+
+namespace kelvrum {
+
+namespace {
+
+constexpr int STEPS = 3; // of the progress bar, for each row
+
+/// The diagram is borrowed for pages: what they set is put back at the end, and the window shows none of it.
+class BorrowedDiagram {
+  public:
+    explicit BorrowedDiagram(PolarSys& diagram)
+        : diagram_(diagram)
+        , kind_(diagram.DiagTyp())
+        , y1Low_(diagram.Y1Low())
+        , y1High_(diagram.Y1High())
+        , xLow_(diagram.XLow())
+        , xHigh_(diagram.XHigh())
+        , line1_(diagram.Hilfslinie1())
+        , line2_(diagram.Hilfslinie2())
+        , mean_(diagram.showMittel())
+        , updates_(diagram.updatesEnabled()) {
+        diagram_.setUpdatesEnabled(false);
+    }
+    BorrowedDiagram(const BorrowedDiagram&) = delete;
+    BorrowedDiagram& operator=(const BorrowedDiagram&) = delete;
+    ~BorrowedDiagram() {
+        diagram_.setDiagTyp(kind_);
+        diagram_.setY1Low(y1Low_);
+        diagram_.setY1High(y1High_);
+        diagram_.setXLow(xLow_);
+        diagram_.setXHigh(xHigh_);
+        diagram_.setHilfslinie1(line1_);
+        diagram_.setHilfslinie2(line2_);
+        diagram_.setShowMittel(mean_);
+        diagram_.setUpdatesEnabled(updates_);
+    }
+
+  private:
+    PolarSys& diagram_;
+    std::int32_t kind_;
+    double y1Low_;
+    double y1High_;
+    DateTime xLow_;
+    DateTime xHigh_;
+    double line1_;
+    double line2_;
+    bool mean_;
+    bool updates_;
+};
+
+/// Puts a row's settings on the diagram; the limit lines that are shown come with the reading.
+void arrange(PolarSys& diagram, const RowSettings& row, const TimeRange& period) {
+    diagram.setDiagTyp(KIND_LINE);
+    diagram.setY1Low(row.automatic ? AUTOMATIC_RANGE : row.minimum);
+    diagram.setY1High(row.automatic ? AUTOMATIC_RANGE : row.maximum);
+    diagram.setXLow(period.from);
+    diagram.setXHigh(period.to);
+    diagram.setShowMittel(row.meanShown);
+    if (!row.limitsShown) {
+        diagram.setHilfslinie1(0);
+        diagram.setHilfslinie2(0);
+    }
+}
+
+DiagramSettings diagramSettings(const RowSettings& row, const QString& intervalCaption) {
+    DiagramSettings settings;
+    settings.intervalCaption = intervalCaption.toStdString();
+    if (row.limitsShown) {
+        settings.auxiliaryLines = AuxiliaryLines{row.lowerLimit, row.upperLimit};
+    }
+    return settings;
+}
+
+} // namespace
+
+void fCPrint::printRows() {
+    if (printing_) {
+        return;
+    }
+    showHourglass();
+    const TimeRange range = period();
+    if (range.from >= range.to) {
+        owner_.dialogs.message(this, QStringLiteral("Bitte überprüfen Sie die Angabe des Zeitraums!"),
+                               windowTitle());
+        return; // the pointer stays the hourglass on purpose
+    }
+    const QPointer<QWidget> focused = focusWidget();
+    setPrinting(true);
+    PBar->setValue(1);
+    PBar->show();
+    QCoreApplication::processEvents(); // the bar appears
+
+    const std::exception_ptr failure = tryPages(range);
+    PBar->hide();
+    setPrinting(false);
+    if (focused) {
+        focused->setFocus();
+    }
+    owner_.loadData();
+    resetPointer();
+    if (failure) {
+        report(failure);
+    }
+}
+
+/// The one error handler of the run; the error comes back when there was one.
+std::exception_ptr fCPrint::tryPages(const TimeRange& range) {
+    try {
+        printPages(range);
+        return nullptr;
+    } catch (...) {
+        owner_.job.abandon();
+        return std::current_exception();
+    }
+}
+
+void fCPrint::report(const std::exception_ptr& failure) {
+    const auto say = [this](const QString& text) { owner_.dialogs.message(this, text, windowTitle()); };
+    try {
+        std::rethrow_exception(failure);
+    } catch (const NotANumber& wrong) {
+        say(QString::fromUtf8(wrong.what()));
+        leadTo(wrong);
+    } catch (const std::exception& error) {
+        say(QString::fromUtf8(error.what()));
+    } catch (...) {
+        say(QStringLiteral("Der Druck wurde abgebrochen."));
+    }
+}
+
+void fCPrint::printPages(const TimeRange& range) {
+    const BorrowedDiagram borrowed(owner_.diagram);
+    const int last = lastChecked();
+    PBar->setMaximum((last + 1) * STEPS);
+    for (int i = 0; i <= last; ++i) {
+        const auto slot = static_cast<std::size_t>(i);
+        if (rows_[slot].chKanal->isChecked()) {
+            PBar->setValue(i * STEPS + 1);
+            readRow(rows_[slot], SLOT_CHANNELS[slot], range);
+            PBar->setValue(i * STEPS + 2);
+            bool finish = i == last;
+            owner_.diagram.PrintDiag(finish);
+        }
+        PBar->setValue((i + 1) * STEPS);
+    }
+}
+
+void fCPrint::readRow(const Row& row, std::int32_t channel, const TimeRange& range) {
+    const RowSettings settings = settingsOf(row);
+    arrange(owner_.diagram, settings, range);
+    const ReadRequest request = {channel, {}, range, row.selInterval->currentData().toInt()};
+    if (owner_.readDiagram(request, diagramSettings(settings, row.selInterval->currentText())) !=
+        Reading::complete) {
+        throw std::runtime_error("Der Druck wurde abgebrochen: Die Daten wurden nicht vollständig gelesen.");
+    }
+}
+
+/// Nothing can be edited, saved, closed or started again meanwhile.
+void fCPrint::setPrinting(bool printing) {
+    printing_ = printing;
+    entries_->setEnabled(!printing);
+    SaveButton->setEnabled(!printing);
+    CancelButton->setEnabled(!printing);
+    enableOk();
+}
+
+/// At most one hourglass, however often a period was wrong.
+void fCPrint::showHourglass() {
+    if (!hourglass_) {
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        hourglass_ = true;
+    }
+}
+
+void fCPrint::resetPointer() {
+    if (hourglass_) {
+        QGuiApplication::restoreOverrideCursor();
+        hourglass_ = false;
+    }
+}
+
+} // namespace kelvrum

@@ -1,0 +1,75 @@
+#include "diagram/PictureExport.h"
+
+#include "util/Numbers.h"
+#include "util/Paths.h"
+
+#include <QDir>
+#include <QEventLoop>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageWriter>
+#include <QRandomGenerator>
+#include <QTimer>
+
+namespace kelvrum {
+
+namespace {
+
+constexpr int LETTERS = 8;
+constexpr int POLL_MS = 10;
+
+bool exists(const QString& fileName) { return fileExists(fileName.toStdString()); }
+
+/// Lets events run until a condition holds.
+template<typename Condition>
+void waitUntil(Condition condition) {
+    while (!condition()) {
+        QEventLoop loop;
+        QTimer::singleShot(POLL_MS, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+}
+
+/// The machine's name of a target whose folders are there; empty when they cannot be made.
+QString targetIn(const QString& fileName) {
+    const QString native = QString::fromStdString(nativeText(fileName.toStdString()));
+    return !native.isEmpty() && QDir().mkpath(QFileInfo(native).path()) ? native : QString();
+}
+
+/// The format that an extension asks for.
+QByteArray formatOf(const QString& fileName) {
+    const QByteArray extension = QFileInfo(fileName).suffix().toLower().toLatin1();
+    return QImageWriter::supportedImageFormats().contains(extension) ? extension : QByteArray("jpg");
+}
+
+} // namespace
+
+std::string temporaryBitmapName(const std::function<double()>& random) {
+    constexpr double SPREAD = 23;
+    constexpr double FIRST = 66; // "B"
+    std::string name;
+    for (int i = 0; i < LETTERS; ++i) {
+        name += static_cast<char>(roundHalfEven(random() * SPREAD + FIRST));
+    }
+    return name + ".bmp";
+}
+
+void savePicture(const QPixmap& picture, const QString& fileName) {
+    const QString old = QString::fromStdString(nativeText(fileName.toStdString()));
+    QFile::remove(old); // an error here is none
+    waitUntil([&] { return !exists(fileName); });
+
+    const QString bitmap = QString::fromStdString(
+        temporaryBitmapName([] { return QRandomGenerator::global()->generateDouble(); }));
+    const QString target = fileName.isEmpty() ? QString() : targetIn(fileName);
+    bool waiting = true;
+    if (!target.isEmpty()) {
+        waiting = picture.save(bitmap, "BMP") && picture.save(target, formatOf(target).constData());
+    }
+    if (waiting) {
+        waitUntil([&] { return exists(fileName); });
+    }
+    QFile::remove(bitmap);
+}
+
+} // namespace kelvrum

@@ -1,0 +1,220 @@
+// Printing what the window shows, and several channels in one job, on a real print queue.
+#include "diagram/PolarSys.h"
+#include "diagram/SeriesTable.h"
+#include "tests/app/WindowFixture.h"
+#include "tests/testing/PrintedDocument.h"
+#include "tests/testing/PrivateCups.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+#include <cmath>
+#include <memory>
+
+namespace kelvrum {
+
+using namespace kelvrum::testing;
+
+namespace {
+
+using Queue = PrivateCups::Queue;
+
+constexpr int DUST_ROW = 2; // of the channel list
+const QString DRIVER_MISSING = QStringLiteral("Printer: Driver missing");
+
+/// A station with eight days of dust, so that a list is more than 10,000 rows long.
+MadeStation longStation() {
+    MadeStation station = madeStation();
+    constexpr int DAYS = 8;
+    auto& dust = station.minutes[7];
+    dust.resize(TEST_DAY_MINUTE + DAYS * 1440);
+    for (int i = 0; i < DAYS * 1440; ++i) {
+        dust[static_cast<std::size_t>(TEST_DAY_MINUTE + i)] = 10'000 + i; // each value once
+    }
+    return station;
+}
+
+} // namespace
+
+class f_print_test : public QObject {
+    Q_OBJECT
+
+  private:
+    std::unique_ptr<PrivateCups> cups_;
+    std::size_t before_ = 0;
+
+    [[nodiscard]] std::vector<QString> documents() const {
+        const std::vector<QString> all = cups_->documents();
+        return {all.begin() + static_cast<std::ptrdiff_t>(before_), all.end()};
+    }
+
+  private Q_SLOTS:
+    void initTestCase() {
+        if (!PrivateCups::isInstalled()) {
+            QSKIP("no print scheduler here");
+        }
+        cups_ = std::make_unique<PrivateCups>();
+    }
+    void init() {
+        cups_->start();
+        before_ = cups_->documents().size();
+    }
+    void cleanupTestCase() { cups_.reset(); }
+
+    void withoutPrinter_data() {
+        QTest::addColumn<bool>("running");
+        QTest::newRow("no queue") << true;
+        QTest::newRow("no scheduler") << false;
+    }
+    void withoutPrinter() {
+        QFETCH(bool, running);
+        const WindowFixture fixture;
+        if (running) {
+            cups_->start(Queue::NONE);
+        } else {
+            cups_->stop();
+        }
+        for (const char* entry : {"menPrint", "menCPrint", "menSelP"}) {
+            fixture.dialogs->messages.clear();
+            fixture.trigger(entry);
+            QCOMPARE(fixture.dialogs->messages, QStringList{DRIVER_MISSING});
+        }
+        QVERIFY(fixture.the<PolarSys>("KS").DataCount() > 1000);
+        QVERIFY(QGuiApplication::overrideCursor() == nullptr);
+        cups_->start(); // the program goes on, and prints
+        fixture.dialogs->messages.clear();
+        fixture.trigger("menPrint");
+        QCOMPARE(fixture.dialogs->messages, QStringList());
+        QCOMPARE(documents().size(), 1U);
+    }
+
+    void theDiagram() {
+        const WindowFixture fixture;
+        fixture.chooseChannel(DUST_ROW);
+        fixture.trigger("menPrint");
+        QCOMPARE(fixture.dialogs->messages, QStringList());
+        const auto found = documents();
+        QCOMPARE(found.size(), 1U);
+        const auto pages = printedPages(found[0]);
+        QCOMPARE(pages.size(), 1U);
+        QVERIFY(pages[0].has(QStringLiteral("Kläranlage Nord - Staub [µg/m³]")));
+        QVERIFY(pages[0].size.width() > pages[0].size.height());
+        QVERIFY(picturesIn(found[0]).isEmpty());
+        QVERIFY(QGuiApplication::overrideCursor() == nullptr);
+    }
+
+    void printerSetUp() {
+        const WindowFixture fixture;
+        fixture.dialogs->printerChosen = false; // cancelled
+        fixture.trigger("menSelP");
+        QVERIFY(documents().empty());
+        fixture.dialogs->printerChosen = true;
+        fixture.trigger("menSelP");
+        QCOMPARE(documents().size(), 1U);
+        QCOMPARE(fixture.dialogs->messages, QStringList());
+    }
+
+    /// Every row exactly once over its pages, each of which has the header.
+    void aLongList() {
+        const WindowFixture fixture(longStation());
+        fixture.chooseChannel(DUST_ROW);
+        fixture.arrange({QStringLiteral("18.06.2020 00:00"), QStringLiteral("25.06.2020 00:00")}, 0);
+        fixture.click("optView(1)");
+        QCOMPARE(fixture.the<QTableView>("lView").model()->rowCount(), 7 * 1440);
+        fixture.trigger("menPrint");
+        QCOMPARE(fixture.dialogs->messages, QStringList());
+        const auto found = documents();
+        QCOMPARE(found.size(), 1U);
+        const auto pages = printedPages(found[0]);
+        QVERIFY(pages.size() > 100);
+        QVERIFY(pages[0].has(QStringLiteral("Kläranlage Nord")));
+        int next = 10'000;
+        for (const PrintedPage& page : pages) {
+            QCOMPARE(page.find(QStringLiteral("Uhrzeit")).size(), 1U);
+            QVERIFY(page.has(QStringLiteral("Staub [µg/m³]")));
+            for (const PrintedWord& word : page.words) {
+                bool number = false;
+                const int value = word.text.toInt(&number);
+                if (number && word.text.size() == 5) {
+                    QCOMPARE(value, next);
+                    ++next;
+                }
+                QVERIFY(word.box.bottom() < page.size.height() - 9);
+            }
+        }
+        QCOMPARE(next, 10'000 + 7 * 1440);
+    }
+
+    /// Two channels in one job of two pages; the view is as it was before.
+    void theBatch() {
+        MadeStation made = madeStation();
+        made.ini +=
+            "CHAN01|Vertikalwind|m/s|-5|5||0|1|2|1|0|0|VW\nCHAN08|Lufttemperatur|°C|-20|40||0|1|2|1|0|0|LT\n";
+        made.minutes[1] = made.minutes[4];
+        made.minutes[8] = made.minutes[7];
+        const WindowFixture fixture(made);
+        fixture.chooseChannel(DUST_ROW + 1); // one channel more before it
+        auto& ks = fixture.the<PolarSys>("KS");
+        fixture.click("Option1");
+        const int count = ks.DataCount();
+        fixture.inWindowOf([&] { fixture.trigger("menCPrint"); },
+                           [](QWidget& dialog) {
+                               QCOMPARE(dialog.windowTitle(), QStringLiteral("Sammeldruck"));
+                               for (const char* row : {"chKanal(0)", "chKanal(5)"}) {
+                                   auto* box = dialog.findChild<QCheckBox*>(QString::fromUtf8(row));
+                                   QVERIFY(box != nullptr);
+                                   QTest::keyClick(box, Qt::Key_Space);
+                               }
+                               auto* print = dialog.findChild<QPushButton*>(QStringLiteral("OKButton"));
+                               QVERIFY(print->isEnabled());
+                               QTest::mouseClick(print, Qt::LeftButton);
+                           });
+        QCOMPARE(fixture.dialogs->messages, QStringList());
+        const auto found = documents();
+        QCOMPARE(found.size(), 1U);
+        const auto pages = printedPages(found[0]);
+        QCOMPARE(pages.size(), 2U);
+        QVERIFY(pages[0].has(QStringLiteral("Vertikalwind [m/s]")));
+        QVERIFY(pages[1].has(QStringLiteral("Lufttemperatur [°C]")));
+        QCOMPARE(ks.DataCount(), count);
+        QCOMPARE(ks.Y1Low(), AUTOMATIC_RANGE);
+        QVERIFY(ks.HeadLine().find("Staub") != std::string::npos);
+        QVERIFY(QGuiApplication::overrideCursor() == nullptr);
+    }
+
+    /// The scheduler dies while the batch is being read: a message, everything as before, and the next one
+    /// prints.
+    void theSchedulerDiesInABatch() {
+        MadeStation made = madeStation();
+        made.ini += "CHAN01|Vertikalwind|m/s|-5|5||0|1|2|1|0|0|VW\n";
+        made.minutes[1] = made.minutes[4];
+        WindowFixture fixture(made);
+        const auto print = [](QWidget& dialog) {
+            auto* box = dialog.findChild<QCheckBox*>(QStringLiteral("chKanal(0)"));
+            if (!box->isChecked()) {
+                QTest::keyClick(box, Qt::Key_Space);
+            }
+            QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("OKButton")), Qt::LeftButton);
+            QVERIFY(dialog.findChild<QPushButton*>(QStringLiteral("OKButton"))->isEnabled());
+        };
+        fixture.files.onRead = [this] { cups_->kill(); };
+        fixture.inWindowOf([&] { fixture.trigger("menCPrint"); }, print);
+        fixture.files.onRead = nullptr;
+        QCOMPARE(fixture.dialogs->messages.size(), 1);
+        QVERIFY(QGuiApplication::overrideCursor() == nullptr);
+        fixture.dialogs->messages.clear();
+        cups_->start();
+        QVERIFY(documents().empty());
+        fixture.inWindowOf([&] { fixture.trigger("menCPrint"); }, print);
+        QCOMPARE(fixture.dialogs->messages, QStringList());
+        QCOMPARE(documents().size(), 1U);
+    }
+};
+
+} // namespace kelvrum
+
+QTEST_MAIN(kelvrum::f_print_test)
+#include "f_print_test.moc"

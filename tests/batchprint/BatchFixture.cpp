@@ -1,0 +1,110 @@
+#include "tests/batchprint/BatchFixture.h"
+
+#include "config/ReadConf.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QDateTimeEdit>
+#include <QLineEdit>
+
+namespace kelvrum::testing {
+
+namespace {
+
+constexpr int TEST_DAY_MINUTE = (31 + 29 + 31 + 30 + 31 + 17) * 1440; // 18 June 2020
+
+constexpr const char* STATION =
+    "PROJEKTNAME=Kläranlage Nord\nSTANDORT=Köln\nGERAETNUMMER=17\nDATAFOLDER=Data\n"
+    "CHAN01|Staub|µg/m³|0|500||0|1|2|1|0|0|ST\n"
+    "CHAN02|Wind & Wetter|m/s|0|40||0|1|2|1|0|0|WG\n"
+    "CHAN06|Lufttemperatur|°C|-30|50||0|1|2|1|0|0|LT\n"
+    "CHAN12|Niederschlag|mm|0|10||0|1|2|0|0|0|NS\n"
+    "CHAN15|Luftfeuchte|%|0|100||0|1|2|1|0|0|LF\n"
+    "KGW01|50|150.5\nKGW06|-5|1e-7\n";
+
+} // namespace
+
+BatchFixture::BatchFixture()
+    : inside(folder.path())
+    , range{dateSerial(2020, 6, 18) + timeSerial(6, 30), dateSerial(2020, 6, 19) + timeSerial(18, 15)} {
+    qputenv("CUPS_SERVER", "/nonexistent"); // no test may reach a real printer
+    folder.write("QEL.ini", STATION);
+    std::vector<double> minutes(TEST_DAY_MINUTE, 0.0);
+    for (int i = 0; i < 1440; ++i) {
+        minutes.push_back(1 + i);
+    }
+    for (const char* number : {"01", "02", "06", "12"}) {
+        folder.write(std::string("Data/Kanal") + number + "_2020.chn", channelFile(minutes));
+    }
+    station = readConf(folder.at("QEL.ini"), openFile).value();
+    diagram.setPrintJob(job);
+    open();
+}
+
+BatchFixture::~BatchFixture() = default;
+
+Reading BatchFixture::read(const ReadRequest& request, const DiagramSettings& settings) {
+    events << QStringLiteral("read %1").arg(request.channel);
+    const Reading reading = onRead ? onRead(request, settings) : Reading::complete;
+    reader_.readDiagram(station, request, settings, diagram, {});
+    return reading;
+}
+
+void BatchFixture::open() {
+    window.reset();
+    const auto load = [this] {
+        events << QStringLiteral("load");
+        if (onLoad) {
+            onLoad();
+        }
+    };
+    const auto reading = [this](const ReadRequest& request, const DiagramSettings& settings) {
+        return read(request, settings);
+    };
+    window = std::make_unique<fCPrint>(
+        fCPrint::Owner{range, station, LocaleTexts{}, diagram, job, reading, load, dialogs});
+    window->show();
+    window->activateWindow();
+    if (!QTest::qWaitForWindowExposed(window.get()) || !QTest::qWaitForWindowActive(window.get())) {
+        qFatal("the window does not show");
+    }
+}
+
+void BatchFixture::click(const QString& button) const {
+    auto& control = the<QAbstractButton>(button);
+    QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(8, control.height() / 2));
+}
+
+void BatchFixture::click(const char* box, int row) const {
+    click(QStringLiteral("%1(%2)").arg(QString::fromUtf8(box)).arg(row));
+}
+
+void BatchFixture::type(const char* field, int row, const QString& text) const {
+    auto& box = the<QLineEdit>(field, row);
+    box.setFocus();
+    box.selectAll();
+    QTest::keyClick(&box, Qt::Key_Delete);
+    QTest::keyClicks(&box, text);
+}
+
+void BatchFixture::choose(int row, int interval) const {
+    auto& box = the<QComboBox>("selInterval", row);
+    while (box.currentIndex() != interval) {
+        QTest::keyClick(&box, box.currentIndex() < interval ? Qt::Key_Down : Qt::Key_Up);
+    }
+}
+
+void BatchFixture::typePicker(const char* picker, const QString& text) const {
+    auto& field = the<QDateTimeEdit>(QString::fromUtf8(picker));
+    field.clearFocus();
+    field.setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(&field, text);
+}
+
+QString BatchFixture::textOf(const char* field, int row) const { return the<QLineEdit>(field, row).text(); }
+
+bool BatchFixture::isRed(const char* field, int row) const {
+    return the<QLineEdit>(field, row).palette().color(QPalette::Base) == QColor(255, 0, 0);
+}
+
+} // namespace kelvrum::testing

@@ -1,0 +1,82 @@
+// The real batch print dialog on a station made for the test, and hands to work it with.
+#pragma once
+
+#include "batchprint/fCPrint.h"
+#include "diagram/PolarSys.h"
+#include "diagram/PrintJob.h"
+#include "tests/testing/TempFolder.h"
+
+#include <QStringList>
+#include <QTest>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace kelvrum::testing {
+
+/// Takes every message down.
+class NotedDialogs : public Dialogs {
+  public:
+    void message(QWidget* /*parent*/, const QString& text, const QString& title) override {
+        messages << title + QStringLiteral(": ") + text;
+        if (onMessage) {
+            onMessage();
+        }
+    }
+
+    QStringList messages; // "title: text", in order
+    std::function<void()> onMessage;
+};
+
+/// The station has the channels 1, 6, 2, 12 and 15 of the row slots, with one day of data in each but 15. Its
+/// folder is the current one. There is no printer: nothing is ever printed.
+class BatchFixture {
+  public:
+    BatchFixture();
+    BatchFixture(const BatchFixture&) = delete;
+    BatchFixture& operator=(const BatchFixture&) = delete;
+    ~BatchFixture();
+
+    /// Opens the dialog (anew).
+    void open();
+
+    /// A control by its object name; the test ends when there is none.
+    template<typename Control>
+    Control& the(const QString& name) const {
+        auto* control = window->findChild<Control*>(name);
+        if (control == nullptr) {
+            qFatal("no control %s", qPrintable(name));
+        }
+        return *control;
+    }
+    template<typename Control>
+    Control& the(const char* name, int row) const {
+        return the<Control>(QStringLiteral("%1(%2)").arg(QString::fromUtf8(name)).arg(row));
+    }
+    void click(const QString& button) const;
+    void click(const char* box, int row) const;
+    void type(const char* field, int row, const QString& text) const;
+    void choose(int row, int interval) const;
+    /// Types over a picker, from its first section on.
+    void typePicker(const char* picker, const QString& text) const;
+    [[nodiscard]] QString textOf(const char* field, int row) const;
+    [[nodiscard]] bool isRed(const char* field, int row) const;
+
+    TempFolder folder;
+    CurrentFolder inside;
+    StationConfig station;
+    TimeRange range; // of the owner; 18 June 2020, 06:30, to 19 June, 18:15
+    PolarSys diagram{LocaleTexts{}};
+    PrintJob job;
+    NotedDialogs dialogs;
+    QStringList events; // "read 6" and "load", in order
+    std::function<Reading(const ReadRequest&, const DiagramSettings&)> onRead; // says how a reading ends
+    std::function<void()> onLoad;
+    std::unique_ptr<fCPrint> window;
+
+  private:
+    Reading read(const ReadRequest& request, const DiagramSettings& settings);
+    DataReader reader_;
+};
+
+} // namespace kelvrum::testing

@@ -1,0 +1,50 @@
+// A diagram control for the tests of printing, with the scheduler that takes its pages.
+#pragma once
+
+#include "diagram/PolarSys.h"
+#include "diagram/PrintJob.h"
+
+#include "tests/diagram/TestDiagram.h"
+#include "tests/testing/PrintedDocument.h"
+#include "tests/testing/PrivateCups.h"
+
+#include <QTest>
+#include <vector>
+
+namespace kelvrum::testing {
+
+inline constexpr double PAGE_WIDTH = 297; // A4, landscape, in millimetres
+inline constexpr double PAGE_HEIGHT = 210;
+
+/// `passes` times the 24 hours of the day, each pass 20 above the one before.
+inline std::vector<Column> hourlyPasses(int passes) {
+    std::vector<Column> columns;
+    for (int pass = 0; pass < passes; ++pass) {
+        for (int hour = 0; hour < 24; ++hour) {
+            columns.push_back({DAY + hour / 24.0, 10.25 + 20 * pass + hour % 4});
+        }
+    }
+    return columns;
+}
+
+/// A control with a day of hourly values, left range 0 to 60, which prints into a job of its own.
+struct PrintedDiagram {
+    PrintJob job;
+    PolarSys control{LocaleTexts()};
+
+    PrintedDiagram() {
+        control.setPrintJob(job);
+        control.setXLow(DAY);
+        control.setXHigh(DAY + 1);
+        control.setHeadLine("Station Güldenstein");
+        control.setHeadLine2("Feinstaub PM10");
+        control.setEinheit("µg/m³");
+        control.setY1Low(0);
+        control.setY1High(60);
+        fillSeries(control, hourlyPasses(1));
+    }
+
+    void print(bool finish) { control.PrintDiag(finish); }
+};
+
+} // namespace kelvrum::testing

@@ -1,0 +1,230 @@
+#include "tests/testing/PrivateCups.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+#include <QThread>
+#include <algorithm>
+#include <cstring>
+#include <stdexcept>
+#include <string>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#ifdef __linux__
+#include <csignal>
+#include <sys/prctl.h>
+#endif
+
+namespace kelvrum::testing {
+
+namespace {
+
+constexpr int PATIENCE = 20000; // milliseconds, for what takes a few when all is well
+constexpr unsigned long PAUSE = 5;
+
+// %1 is the folder, %2 that of the jobs: a scheduler without a printer would drop the jobs of one that it
+// had.
+constexpr const char* FILES_CONF = R"(ServerRoot %1
+StateDir %1/state
+CacheDir %1/%2/cache
+RequestRoot %1/%2/spool
+TempDir %1/tmp
+AccessLog %1/access.log
+ErrorLog %1/error.log
+PageLog %1/page.log
+FileDevice Yes
+)";
+
+constexpr const char* CUPSD_CONF = R"(Listen %1/socket
+Browsing Off
+WebInterface No
+DefaultAuthType None
+PreserveJobHistory Yes
+PreserveJobFiles Yes
+MaxJobs 0
+DirtyCleanInterval 0
+LogLevel info
+<Location />
+Order allow,deny
+Allow all
+</Location>
+<Policy default>
+<Limit All>
+Order deny,allow
+Allow all
+</Limit>
+</Policy>
+)";
+
+// A printer without description prints documents as they come ("raw").
+constexpr const char* PRINTERS_CONF = R"(<DefaultPrinter %1>
+Info %1
+DeviceURI file:///dev/null
+State Idle
+Accepting Yes
+Shared No
+</DefaultPrinter>
+)";
+
+/// A queue's name, and the folder of its jobs.
+struct QueueNames {
+    const char* printer;
+    const char* folder;
+};
+
+const QueueNames& namesOf(PrivateCups::Queue queue) {
+    static constexpr QueueNames NAMES[] = {{"Testdrucker", "jobs"}, {"Ersatzdrucker", "other"}, {"", "none"}};
+    return NAMES[static_cast<std::size_t>(queue)];
+}
+
+/// The path of a program; system programs are not on every user's search path. Empty when it is not there.
+QString programPath(const QString& name) {
+    const QString found = QStandardPaths::findExecutable(name);
+    return !found.isEmpty() ? found
+                            : QStandardPaths::findExecutable(name, {QStringLiteral("/usr/sbin"),
+                                                                    QStringLiteral("/usr/local/sbin"),
+                                                                    QStringLiteral("/sbin")});
+}
+
+void write(const QString& path, const QString& text) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0) {
+        throw std::runtime_error("cannot write " + path.toStdString());
+    }
+}
+
+/// Whether somebody listens on a socket.
+bool answers(const std::string& path) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (path.size() >= sizeof(address.sun_path)) {
+        throw std::runtime_error("too long for the name of a socket: " + path);
+    }
+    std::memcpy(address.sun_path, path.c_str(), path.size());
+    const int handle = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    const bool connected =
+        ::connect(handle, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
+    ::close(handle);
+    return connected;
+}
+
+/// The numbers of the jobs in a state. They are listed as "Testdrucker-12  user  1024  date", one a line.
+std::vector<int> jobs(const char* state) {
+    std::vector<int> numbers;
+    const auto lines = outputOf(QStringLiteral("lpstat"),
+                                {QStringLiteral("-W"), QString::fromLatin1(state), QStringLiteral("-o")})
+                           .split('\n');
+    for (const QByteArray& line : lines) {
+        const QByteArray name = line.left(line.indexOf(' '));
+        if (const qsizetype dash = name.lastIndexOf('-'); dash >= 0) {
+            numbers.push_back(name.mid(dash + 1).toInt());
+        }
+    }
+    std::sort(numbers.begin(), numbers.end());
+    return numbers;
+}
+
+} // namespace
+
+QByteArray outputOf(const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.start(programPath(program), arguments);
+    if (!process.waitForFinished(PATIENCE) || process.exitStatus() != QProcess::NormalExit ||
+        process.exitCode() != 0) {
+        throw std::runtime_error(program.toStdString() + ": " + process.errorString().toStdString() + " " +
+                                 process.readAllStandardError().toStdString());
+    }
+    return process.readAllStandardOutput();
+}
+
+bool PrivateCups::isInstalled() {
+    const char* const programs[] = {"cupsd", "lpstat", "pdftotext", "pdffonts", "pdfimages", "pdftoppm"};
+    return std::all_of(std::begin(programs), std::end(programs),
+                       [](const char* name) { return !programPath(QString::fromLatin1(name)).isEmpty(); });
+}
+
+PrivateCups::PrivateCups() {
+    qputenv("CUPS_SERVER", QFile::encodeName(path(QStringLiteral("socket"))));
+    qunsetenv("PRINTER"); // both would name another default printer
+    qunsetenv("LPDEST");
+    QDir folder(path({}));
+    for (const char* name : {"state", "tmp"}) {
+        folder.mkpath(QString::fromLatin1(name));
+    }
+    for (const Queue queue : {Queue::DEFAULT, Queue::OTHER, Queue::NONE}) {
+        for (const char* name : {"/cache", "/spool"}) {
+            folder.mkpath(QString::fromLatin1(namesOf(queue).folder) + QString::fromLatin1(name));
+        }
+    }
+    scheduler_.setProcessChannelMode(QProcess::MergedChannels);
+#ifdef __linux__
+    scheduler_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
+#endif
+}
+
+PrivateCups::~PrivateCups() { stop(); }
+
+QString PrivateCups::path(const QString& name) const { return QString::fromStdString(folder_.at("")) + name; }
+
+void PrivateCups::writeConfiguration() const {
+    const QString folder = QString::fromStdString(folder_.path().string());
+    const QString jobFolder = QString::fromLatin1(namesOf(queue_).folder);
+    const QString printer = QString::fromLatin1(namesOf(queue_).printer);
+    write(path(QStringLiteral("cups-files.conf")), QString::fromLatin1(FILES_CONF).arg(folder, jobFolder));
+    write(path(QStringLiteral("cupsd.conf")), QString::fromLatin1(CUPSD_CONF).arg(folder));
+    write(path(QStringLiteral("printers.conf")),
+          printer.isEmpty() ? QString() : QString::fromLatin1(PRINTERS_CONF).arg(printer));
+}
+
+void PrivateCups::start(Queue queue) {
+    stop();
+    queue_ = queue;
+    writeConfiguration();
+    scheduler_.start(programPath(QStringLiteral("cupsd")),
+                     {QStringLiteral("-f"), QStringLiteral("-c"), path(QStringLiteral("cupsd.conf")),
+                      QStringLiteral("-s"), path(QStringLiteral("cups-files.conf"))});
+    const QDeadlineTimer deadline(PATIENCE);
+    const bool running = scheduler_.waitForStarted(PATIENCE);
+    const std::string socket = folder_.at("socket");
+    while (!running || !answers(socket)) {
+        if (!running || scheduler_.waitForFinished(PAUSE) || deadline.hasExpired()) {
+            QFile log(path(QStringLiteral("error.log")));
+            const QByteArray why = log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();
+            throw std::runtime_error("the scheduler does not start: " + scheduler_.readAll().toStdString() +
+                                     why.toStdString());
+        }
+    }
+}
+
+void PrivateCups::end(void (QProcess::*how)()) {
+    if (scheduler_.state() != QProcess::NotRunning) {
+        (scheduler_.*how)();
+        if (!scheduler_.waitForFinished(PATIENCE)) {
+            scheduler_.kill();
+            scheduler_.waitForFinished(PATIENCE);
+        }
+    }
+    QFile::remove(path(QStringLiteral("socket"))); // a killed one leaves it behind
+}
+
+std::vector<QString> PrivateCups::documents() const {
+    for (const QDeadlineTimer deadline(PATIENCE); openJobs() > 0; QThread::msleep(PAUSE)) {
+        if (deadline.hasExpired()) {
+            throw std::runtime_error("a print job does not end");
+        }
+    }
+    std::vector<QString> found;
+    for (const int number : jobs("completed")) {
+        found.push_back(path(QStringLiteral("%1/spool/d%2-001")
+                                 .arg(QString::fromLatin1(namesOf(queue_).folder))
+                                 .arg(number, 5, 10, QLatin1Char('0'))));
+    }
+    return found;
+}
+
+std::size_t PrivateCups::openJobs() const { return jobs("not-completed").size(); }
+
+} // namespace kelvrum::testing

@@ -1,0 +1,63 @@
+// A print scheduler of the test's own, which keeps the documents that it was sent.
+#pragma once
+
+#include "tests/testing/TempFolder.h"
+
+#include <QProcess>
+#include <QStringList>
+#include <cstddef>
+#include <vector>
+
+namespace kelvrum::testing {
+
+/// Output of a program that must be there and end well; otherwise throws std::runtime_error.
+QByteArray outputOf(const QString& program, const QStringList& arguments);
+
+/// A CUPS scheduler in a temporary folder, run by the current user and reached by this process alone. It ends
+/// with this object, or with the process.
+///
+/// The printing library looks for its scheduler once in a process. Therefore make one object, before Qt is
+/// asked for printers, and start and stop that.
+class PrivateCups {
+  public:
+    enum class Queue {
+        DEFAULT, // there is one printer, "Testdrucker"
+        OTHER,   // there is one printer, "Ersatzdrucker"
+        NONE,    // there is no printer
+    };
+
+    /// Whether the scheduler and the readers of its documents are installed.
+    static bool isInstalled();
+
+    /// Points the process to the scheduler, which does not run yet.
+    PrivateCups();
+    PrivateCups(const PrivateCups&) = delete;
+    PrivateCups& operator=(const PrivateCups&) = delete;
+    ~PrivateCups();
+
+    /// Starts the scheduler, after stopping it where it runs, and returns when it answers. The jobs that this
+    /// queue has had are there again. Throws std::runtime_error with the error log when it does not start.
+    void start(Queue queue = Queue::DEFAULT);
+
+    /// Ends the scheduler in good order, or at once as a crash would. It is gone on return.
+    void stop() { end(&QProcess::terminate); }
+    void kill() { end(&QProcess::kill); }
+
+    /// The paths of the documents of all jobs that the queue has printed, oldest first. Waits for jobs under
+    /// way; throws std::runtime_error when one does not end. The scheduler must run.
+    [[nodiscard]] std::vector<QString> documents() const;
+
+    /// The number of jobs that are neither printed nor cancelled. The scheduler must run.
+    [[nodiscard]] std::size_t openJobs() const;
+
+  private:
+    void writeConfiguration() const;
+    void end(void (QProcess::*how)());
+    [[nodiscard]] QString path(const QString& name) const;
+
+    TempFolder folder_;
+    QProcess scheduler_;
+    Queue queue_ = Queue::DEFAULT;
+};
+
+} // namespace kelvrum::testing
