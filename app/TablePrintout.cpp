@@ -91,7 +91,7 @@ class TablePrinter {
         specification_ = entryText(0, position);
         position += std::floor(widthOf(TIME_SAMPLE)) + 1;
         for (std::size_t i = 0; i < table_.valueColumns; ++i) {
-            specification_ += "|" + entryText('>', position);
+            specification_.append("|").append(entryText('>', position));
             position += valueWidth_;
         }
     }

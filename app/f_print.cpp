@@ -79,7 +79,8 @@ void f::printList() {
     table.rowText = [this](std::size_t row) {
         std::string text;
         for (int column = 0; column < rows_->columnCount(); ++column) {
-            text += (column > 0 ? "|" : "") + rows_->text(static_cast<int>(row), column).toStdString();
+            text.append(column > 0 ? "|" : "")
+                .append(rows_->text(static_cast<int>(row), column).toStdString());
         }
         return text;
     };

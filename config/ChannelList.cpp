@@ -34,7 +34,7 @@ std::string tableHeader(const StationConfig& station, std::int32_t selected) {
     std::string header = "Uhrzeit";
     const auto add = [&](std::int32_t channel) {
         const ChannelInfo& info = station.ChannelTable.at(channel);
-        header += "|" + info.Name + " [" + info.Unit + "]";
+        header.append("|").append(info.Name).append(" [").append(info.Unit).append("]");
     };
     if (station.Kind == ConfigKind::binary) {
         for (const ListedChannel& listed : listedChannels(station)) {
