@@ -66,10 +66,7 @@ class YearRecalculation {
         if (count <= 0) {
             return std::nullopt;
         }
-        OpenedTarget target = files_.openTarget(targetPath_);
-        if (!target.file) {
-            return failure(target.reason);
-        }
+        OpenedTarget target;
         std::vector<double> results(std::min<std::size_t>(PIECE_VALUES, static_cast<std::size_t>(count)));
         std::vector<double> values(results.size());
         for (std::int64_t done = 0; done < count;) {
@@ -77,13 +74,22 @@ class YearRecalculation {
             const std::int64_t offset = range_.first + done * static_cast<std::int64_t>(chn::VALUE_SIZE);
             const std::size_t got =
                 compute(std::span(results).first(n), values, static_cast<std::uint64_t>(offset));
+            if (got == 0) {
+                break; // a source has become shorter meanwhile
+            }
+            if (!target.file) { // not before there is a value to write
+                target = files_.openTarget(targetPath_);
+                if (!target.file) {
+                    return failure(target.reason);
+                }
+            }
             const auto bytes = std::as_bytes(std::span(results).first(got));
             const std::string reason = target.file->write(static_cast<std::uint64_t>(offset), bytes);
             if (!reason.empty()) {
                 return failure(reason);
             }
             if (got < n) {
-                break; // a source has become shorter meanwhile
+                break; // so has one here
             }
             done += static_cast<std::int64_t>(n);
         }
@@ -109,12 +115,13 @@ class YearRecalculation {
             const std::span<double> read = i == 0 ? results.first(count) : std::span(values).first(count);
             count = sources_[i]->read(offset, std::as_writable_bytes(read)) / chn::VALUE_SIZE;
             fromLittle(read.first(count));
-            for (std::size_t k = 0; i > 0 && k < count; ++k) {
-                results[k] = results[k] == 0 || values[k] == 0 ? 0 : results[k] * values[k];
-            }
         }
-        for (double& v : results.first(count)) {
-            v = v == 0 ? 0 : v * factor_;
+        const bool two = sources_.size() > 1;
+        for (std::size_t k = 0; k < count; ++k) {
+            // Only a source that is 0 gives 0; a product that becomes 0 is multiplied like any other.
+            const double a = results[k];
+            const bool zero = a == 0 || (two && values[k] == 0);
+            results[k] = zero ? 0 : two ? a * values[k] * factor_ : a * factor_;
         }
         fromLittle(results.first(count)); // back to the file's byte order
         return count;

@@ -67,11 +67,12 @@ void fChange::factorEdited() {
     OKButton->setEnabled(factorOf(Text1->text().toStdString()) != currentFactor_);
 }
 
-void fChange::setRunning(bool running) {
-    running_ = running;
-    wait_->setVisible(running);
+/// From here to the dialog's end nothing can be typed or pressed.
+void fChange::showRunning() {
+    running_ = true;
+    wait_->show();
     for (QWidget* control : std::initializer_list<QWidget*>{Text1, OKButton, CancelButton}) {
-        control->setEnabled(!running);
+        control->setEnabled(false);
     }
     QCoreApplication::processEvents(); // the text is to be seen before the work begins
 }
@@ -80,7 +81,7 @@ void fChange::calculate() {
     if (running_) {
         return;
     }
-    setRunning(true);
+    showRunning();
     const double factor = factorOf(Text1->text().toStdString());
     owner_.lastFactor = factor;
     CorrectionFiles files;
@@ -90,7 +91,7 @@ void fChange::calculate() {
         const BusyPointer busy;
         failure = recalculate(owner_.station, {owner_.mode, owner_.range, factor}, files);
     }
-    setRunning(false);
+    wait_->hide();
     if (failure) {
         owner_.dialogs.message(this, QString::fromStdString(*failure), windowTitle());
     }

@@ -32,13 +32,13 @@ class fChange : public QDialog {
 
     explicit fChange(Owner owner, QWidget* parent = nullptr);
 
-    /// Closing waits until a running recalculation has ended.
+    /// Closing waits until a running recalculation has ended and its values are shown.
     void reject() override;
 
   private:
     void factorEdited();
     void calculate();
-    void setRunning(bool running);
+    void showRunning();
 
     Owner owner_;
     double currentFactor_;

@@ -221,7 +221,8 @@ PolarGeometry::PolarGeometry(Extent size, int headHeight, std::int32_t ringCount
     , rings(ringCount) {
     const int margin = rounded(12 * scale);
     const auto step = [&](int length) {
-        return ((length - top) / 2 - margin) / (static_cast<double>(rings) + 1) * 0.99;
+        const int available = (length - top) / 2 - margin;
+        return available / (static_cast<double>(rings) + 1) * 0.99;
     };
     // The head band is taken off the width as well: so the rings are round on a square.
     stepX = step(size.width);

@@ -47,7 +47,9 @@ OpenedTarget openTarget(std::string_view path) {
         return {nullptr, std::generic_category().message(ENOENT)};
     }
     errno = 0;
-    if (!std::filesystem::exists(*native) && !std::ofstream(*native, std::ios::binary)) {
+    std::error_code error; // what cannot even be looked at fails below, with the system's reason
+    if (!std::filesystem::exists(*native, error) &&
+        !std::ofstream(*native, std::ios::binary | std::ios::app)) {
         return {nullptr, lastReason()};
     }
     errno = 0;

@@ -1,0 +1,2 @@
+# The menu "Korrekturfaktoren" and what it opens.
+kelvrum_window_test(f_correction_test SOURCES f_correction_test.cpp USES kelvrum_window_testing)

@@ -1,0 +1,263 @@
+// Corrections that fail: what the message says, and that nothing outside of the range changes.
+#include "correction/Recalculation.h"
+
+#include "tests/correction/YearFiles.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <system_error>
+
+#if __has_include(<sys/resource.h>)
+#define KELVRUM_HAS_LIMITS
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
+namespace kelvrum {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace kelvrum::testing;
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+
+constexpr int LONG = 9'000'000; // a minute behind every year
+
+/// 1 January 2021 00:10 to 00:19.
+const TimeRange TEN_MINUTES = between({2021, 1, 1, 0, 10}, {2021, 1, 1, 0, 19});
+
+std::string reasonOf(std::errc error) { return std::make_error_code(error).message(); }
+
+/// Real files whose n-th write of the whole run stops in its middle.
+struct FailingTargets {
+    int failing = 0;
+    int writes = 0;
+
+    class Target final : public FileTarget {
+      public:
+        Target(std::unique_ptr<FileTarget> file, FailingTargets& all)
+            : file_(std::move(file))
+            , all_(all) {}
+        std::string write(std::uint64_t offset, std::span<const std::byte> bytes) override {
+            if (++all_.writes < all_.failing) {
+                return file_->write(offset, bytes);
+            }
+            file_->write(offset, bytes.first(bytes.size() / 2));
+            return "Der Datenträger ist voll";
+        }
+
+      private:
+        std::unique_ptr<FileTarget> file_;
+        FailingTargets& all_;
+    };
+
+    [[nodiscard]] TargetOpener opener() {
+        return [this](std::string_view path) {
+            OpenedTarget target = openTarget(path);
+            return OpenedTarget{std::make_unique<Target>(std::move(target.file), *this), target.reason};
+        };
+    }
+};
+
+/// Outside of the given minutes the target is what it was.
+void expectRestUntouched(const YearFiles& laid, int channel, int year, int first, int last) {
+    const std::string name = YearFiles::name(channel, year);
+    const std::string& before = laid.files.at(name);
+    const std::string after = laid.found().at(name);
+    const auto firstByte = 1024 + 8 * static_cast<std::size_t>(first);
+    const auto behind = std::min(before.size(), 1032 + 8 * static_cast<std::size_t>(last));
+    ASSERT_EQ(after.size(), before.size());
+    EXPECT_TRUE(after.substr(0, firstByte) == before.substr(0, firstByte)) << name;
+    EXPECT_TRUE(after.substr(behind) == before.substr(behind)) << name;
+}
+
+TEST(Recalculation, AWriteThatFailsEndsTheRun) {
+    for (const int failing : {1, 2, 3}) {
+        // One year in several pieces.
+        YearFiles year;
+        year.lay(7, 2021, MINUTES_OF_YEAR);
+        year.lay(15, 2021, MINUTES_OF_YEAR, 5);
+        FailingTargets targets{failing};
+        CorrectionFiles files;
+        files.openTarget = targets.opener();
+        const TimeRange range = between({2021, 1, 2, 0, 0}, {2021, 12, 30, 0, 0});
+        EXPECT_EQ(recalculate(year.station, {CorrectionMode::dust, range, 2}, files),
+                  "Die Datei „" + year.path(15, 2021) +
+                      "“ kann nicht geschrieben werden: Der Datenträger ist voll");
+        EXPECT_EQ(targets.writes, failing);
+        expectRestUntouched(year, 15, 2021, 1440, 363 * 1440);
+
+        // One piece in each of several years.
+        YearFiles years;
+        for (const int y : {2019, 2020, 2021}) {
+            for (const int channel : {4, 5, 6}) {
+                years.lay(channel, y, 30);
+            }
+        }
+        FailingTargets pieces{failing};
+        int steps = 0;
+        files.openTarget = pieces.opener();
+        files.afterYear = [&steps] { ++steps; };
+        const auto message =
+            recalculate(years.station,
+                        {CorrectionMode::wind, between({2019, 1, 1, 0, 8}, {2021, 1, 1, 0, 19}), 2}, files);
+        const int failed = 2018 + failing;
+        EXPECT_THAT(message.value_or(""), HasSubstr(years.path(6, failed)));
+        EXPECT_EQ(steps, failing - 1);
+        expectRestUntouched(years, 6, failed, failed == 2019 ? 8 : 0, failed == 2021 ? 19 : LONG);
+        for (int y = 2019; y < failed; ++y) {
+            years.expect({4, 5}, 6, y, y == 2019 ? 8 : 0, LONG, 2);
+        }
+        years.files[YearFiles::name(6, failed)] = years.found().at(YearFiles::name(6, failed));
+        EXPECT_EQ(years.changes(), ""); // sources, earlier and later years
+    }
+}
+
+/// Targets that cannot be opened for writing, each with the system's reason.
+TEST(Recalculation, TargetsThatCannotBeWritten) {
+    const auto makeFolder = [](const fs::path& path) { fs::create_directory(path); };
+    const auto makeLoop = [](const fs::path& path) { fs::create_symlink(path.filename(), path); };
+    const auto makeReadOnly = [](const fs::path& path) {
+        std::ofstream(path) << "read only";
+        fs::permissions(path, fs::perms::owner_read);
+    };
+    const auto closeFolder = [](const fs::path& path) {
+        fs::permissions(path.parent_path(), fs::perms::owner_read | fs::perms::owner_exec);
+    };
+    const struct {
+        const char* name;
+        void (*make)(const fs::path& path);
+        std::errc reason;
+        bool rights; // do not bite for every user
+    } rows[] = {
+        {"folder", makeFolder, std::errc::is_a_directory, false},
+        {"loop", makeLoop, std::errc::too_many_symbolic_link_levels, false},
+        {"read-only file", makeReadOnly, std::errc::permission_denied, true},
+        {"read-only folder", closeFolder, std::errc::permission_denied, true},
+    };
+    for (const auto& row : rows) {
+        YearFiles laid;
+        laid.lay(7, 2021, 30);
+        const fs::path target = laid.onDisk(15, 2021);
+        row.make(target);
+        if (row.rights && std::ofstream(target, std::ios::app)) {
+            continue; // this user may do everything
+        }
+        const FileBytes before = laid.found();
+        const auto message = recalculate(laid.station, {CorrectionMode::dust, TEN_MINUTES, 2});
+        EXPECT_THAT(message.value_or(""),
+                    AllOf(HasSubstr(laid.path(15, 2021)), HasSubstr(reasonOf(row.reason))))
+            << row.name;
+        EXPECT_EQ(difference(before, laid.found()), "") << row.name;
+        fs::permissions(laid.folder.path() / "Data", fs::perms::owner_all);
+    }
+}
+
+/// A device that is always full stands for a full disk.
+TEST(Recalculation, FullDisk) {
+    if (!fs::exists("/dev/full")) {
+        GTEST_SKIP() << "this system has no such device";
+    }
+    YearFiles laid;
+    laid.lay(7, 2021, 30);
+    fs::create_symlink("/dev/full", laid.onDisk(15, 2021));
+    const auto message = recalculate(laid.station, {CorrectionMode::dust, TEN_MINUTES, 2});
+    EXPECT_THAT(message.value_or(""),
+                AllOf(HasSubstr(laid.path(15, 2021)), HasSubstr(reasonOf(std::errc::no_space_on_device))));
+}
+
+#ifdef KELVRUM_HAS_LIMITS
+/// No file may become longer than a limit while this lives.
+class FileSizeLimit {
+  public:
+    explicit FileSizeLimit(rlim_t bytes)
+        : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        rlimit limited = before_;
+        limited.rlim_cur = bytes;
+        setrlimit(RLIMIT_FSIZE, &limited);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+    ~FileSizeLimit() {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+
+  private:
+    rlimit before_ = {};
+    void (*handler_)(int);
+};
+
+/// The target grows until there is no more room: what was written stays, and nothing else changes.
+TEST(Recalculation, NoRoomToGrow) {
+    constexpr int ROOM = 100'000; // minutes
+    YearFiles laid;
+    laid.lay(7, 2021, MINUTES_OF_YEAR);
+    laid.lay(15, 2021, 20);
+    std::optional<std::string> message;
+    {
+        const FileSizeLimit limit(1024 + 8 * ROOM);
+        message = recalculate(laid.station,
+                              {CorrectionMode::dust, between({2021, 1, 1, 0, 10}, {2021, 12, 1, 0, 0}), 2});
+    }
+    EXPECT_THAT(message.value_or(""),
+                AllOf(HasSubstr(laid.path(15, 2021)), HasSubstr(reasonOf(std::errc::file_too_large))));
+    laid.expect({7}, 15, 2021, 10, ROOM - 1, 2);
+    EXPECT_EQ(laid.changes(), "");
+}
+#endif
+
+/// Sources that promise more than they give.
+class StingySource final : public FileSource {
+  public:
+    explicit StingySource(std::size_t given)
+        : given_(given) {}
+    std::uint64_t size() override { return yearFile(7, 2021, 30).size(); }
+    std::size_t read(std::uint64_t offset, std::span<std::byte> into) override {
+        const std::string bytes = yearFile(7, 2021, 30);
+        const std::size_t count = std::min(given_, into.size());
+        std::memcpy(into.data(), &bytes[static_cast<std::size_t>(offset)], count);
+        return count;
+    }
+
+  private:
+    std::size_t given_;
+};
+
+TEST(Recalculation, ReadThatFails) {
+    for (const std::size_t given : std::initializer_list<std::size_t>{0, 7, 8, 39, 79}) {
+        YearFiles laid;
+        CorrectionFiles files;
+        files.openSource = [given](std::string_view) { return std::make_unique<StingySource>(given); };
+        EXPECT_EQ(recalculate(laid.station, {CorrectionMode::dust, TEN_MINUTES, 2}, files), std::nullopt);
+        if (given >= 8) { // else no value is to be written, and no target to be made
+            laid.files["Kanal15_2021.chn"] =
+                corrected({}, {yearFile(7, 2021, 30)}, 10, 9 + static_cast<int>(given / 8), 2);
+        }
+        EXPECT_EQ(laid.changes(), "") << given;
+    }
+}
+
+/// A failing opening of the target is reported whatever its reason, and the run ends with it.
+TEST(Recalculation, TargetThatDoesNotOpen) {
+    YearFiles laid;
+    laid.lay(7, 2020, 30);
+    laid.lay(7, 2021, 30);
+    int openings = 0;
+    CorrectionFiles files;
+    files.openTarget = [&openings](std::string_view) {
+        ++openings;
+        return OpenedTarget{nullptr, "Zugriff verweigert"};
+    };
+    const TimeRange range = between({2020, 1, 1, 0, 10}, {2021, 1, 1, 0, 19});
+    EXPECT_EQ(recalculate(laid.station, {CorrectionMode::dust, range, 2}, files),
+              "Die Datei „" + laid.path(15, 2020) + "“ kann nicht geschrieben werden: Zugriff verweigert");
+    EXPECT_EQ(openings, 1);
+    EXPECT_EQ(laid.changes(), "");
+}
+
+} // namespace
+} // namespace kelvrum
