@@ -74,8 +74,10 @@ bool f::fillListVarn(const TimeRange& shown, const ReadingStep& step) {
 }
 
 void f::showNothing() {
+    channelShown_ = 0;
+    setKind(KIND_LINE);
     rows_->clear();
-    KS->SetArray(0);
+    KS->Clear();
     KS->setHeadLine(station_.Title);
     KS->setHeadLine2(station_.Subtitle);
     KS->setEinheit("");

@@ -8,6 +8,7 @@
 #include "util/BusyPointer.h"
 
 #include <QCoreApplication>
+#include <QLabel>
 #include <QPrinter>
 #include <exception>
 
@@ -25,6 +26,9 @@ bool f::printerReady() {
 void f::printView() {
     if (!printerReady()) {
         return;
+    }
+    if (!Label8->isHidden()) {
+        LoadData(); // still loading: the page shows the finished view
     }
     QString failure;
     try {

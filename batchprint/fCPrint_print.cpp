@@ -26,6 +26,8 @@ class BorrowedDiagram {
         , kind_(diagram.DiagTyp())
         , y1Low_(diagram.Y1Low())
         , y1High_(diagram.Y1High())
+        , y2Low_(diagram.Y2Low())
+        , y2High_(diagram.Y2High())
         , xLow_(diagram.XLow())
         , xHigh_(diagram.XHigh())
         , line1_(diagram.Hilfslinie1())
@@ -40,6 +42,8 @@ class BorrowedDiagram {
         diagram_.setDiagTyp(kind_);
         diagram_.setY1Low(y1Low_);
         diagram_.setY1High(y1High_);
+        diagram_.setY2Low(y2Low_);
+        diagram_.setY2High(y2High_);
         diagram_.setXLow(xLow_);
         diagram_.setXHigh(xHigh_);
         diagram_.setHilfslinie1(line1_);
@@ -53,6 +57,8 @@ class BorrowedDiagram {
     std::int32_t kind_;
     double y1Low_;
     double y1High_;
+    double y2Low_;
+    double y2High_;
     DateTime xLow_;
     DateTime xHigh_;
     double line1_;

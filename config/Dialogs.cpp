@@ -52,6 +52,9 @@ void Dialogs::message(QWidget* parent, const QString& text, const QString& title
 bool Dialogs::setUpPrinter(QWidget* parent, QPrinter& printer) {
     QPrintDialog dialog(&printer, parent);
     dialog.setWindowTitle(QStringLiteral("Drucker einrichten"));
+    // All pages go to a print queue.
+    dialog.setOption(QAbstractPrintDialog::PrintToFile, false);
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
     return dialog.exec() == QDialog::Accepted;
 }
 

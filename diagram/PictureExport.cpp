@@ -20,19 +20,26 @@ constexpr int POLL_MS = 10;
 
 bool exists(const QString& fileName) { return fileExists(fileName.toStdString()); }
 
-/// Lets events run until a condition holds.
+/// Lets events run until a condition holds; false when the program ends meanwhile.
 template<typename Condition>
-void waitUntil(Condition condition) {
+bool waitUntil(Condition condition) {
     while (!condition()) {
         QEventLoop loop;
         QTimer::singleShot(POLL_MS, &loop, &QEventLoop::quit);
-        loop.exec();
+        if (loop.exec() < 0) {
+            return false;
+        }
     }
+    return true;
 }
 
 /// The machine's name of a target whose folders are there; empty when they cannot be made.
 QString targetIn(const QString& fileName) {
     const QString native = QString::fromStdString(nativeText(fileName.toStdString()));
+    if (endsInSeparator(fileName.toStdString())) {
+        QDir().mkpath(native); // the name of a folder: nothing is written into it
+        return {};
+    }
     return !native.isEmpty() && QDir().mkpath(QFileInfo(native).path()) ? native : QString();
 }
 
@@ -54,17 +61,24 @@ std::string temporaryBitmapName(const std::function<double()>& random) {
     return name + ".bmp";
 }
 
-void savePicture(const QPixmap& picture, const QString& fileName) {
+void savePicture(const QPixmap& picture, const QString& name) {
+    const QString fileName = name; // the caller's may change while this waits
     const QString old = QString::fromStdString(nativeText(fileName.toStdString()));
     QFile::remove(old); // an error here is none
-    waitUntil([&] { return !exists(fileName); });
+    if (!waitUntil([&] { return !exists(fileName); })) {
+        return;
+    }
 
-    const QString bitmap = QString::fromStdString(
-        temporaryBitmapName([] { return QRandomGenerator::global()->generateDouble(); }));
+    // The current folder may be another one by the time the bitmap is deleted.
+    const std::string random =
+        temporaryBitmapName([] { return QRandomGenerator::global()->generateDouble(); });
+    const QString bitmap = QDir::current().absoluteFilePath(QString::fromStdString(random));
     const QString target = fileName.isEmpty() ? QString() : targetIn(fileName);
     bool waiting = true;
     if (!target.isEmpty()) {
-        waiting = picture.save(bitmap, "BMP") && picture.save(target, formatOf(target).constData());
+        const bool hasFolder = !QDir::currentPath().isEmpty(); // it may have been removed
+        waiting =
+            hasFolder && picture.save(bitmap, "BMP") && picture.save(target, formatOf(target).constData());
     }
     if (waiting) {
         waitUntil([&] { return exists(fileName); });

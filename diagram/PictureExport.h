@@ -17,6 +17,6 @@ std::string temporaryBitmapName(const std::function<double()>& random);
 /// existing target is deleted first, missing folders are made. Waits, with events running, until the old
 /// target is gone and the new one is there; an empty name or a folder that cannot be made waits without
 /// limit, on purpose. Any error ends it silently.
-void savePicture(const QPixmap& picture, const QString& fileName);
+void savePicture(const QPixmap& picture, const QString& name);
 
 } // namespace kelvrum

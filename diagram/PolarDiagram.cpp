@@ -20,13 +20,11 @@ constexpr double CALM_BELOW = 0.5;       // speed
 /// Every float becomes an integer by rounding halves to even.
 int rounded(double v) { return roundToInt32(v).value_or(0); }
 
-/// Count times radius, formed as a 32-bit integer.
-double product(std::int32_t count, int radius) {
-    const std::int64_t value = std::int64_t{count} * radius;
-    if (value > std::numeric_limits<std::int32_t>::max()) {
+/// A sector's radius passes through count times radius as a 32-bit integer of drawing units.
+void requireProduct(std::int32_t count, int radius) {
+    if (std::int64_t{count} * radius > std::numeric_limits<std::int32_t>::max()) {
         throw std::overflow_error("Überlauf");
     }
-    return static_cast<double>(value);
 }
 
 /// One drawing: its inputs and what its stages share.
@@ -117,8 +115,10 @@ class PolarDrawing {
         surface_.setPen(SECTOR_LINE);
         for (std::int32_t j = 0; j < state_.RadRaster(); ++j) {
             const std::int32_t c = classes.counts[static_cast<std::size_t>(j)];
-            const double rx = product(c, outerX()) / classes.maxCount;
-            const double ry = product(c, outerY()) / classes.maxCount;
+            requireProduct(c, rounded(outerX() / surface_.scale()));
+            requireProduct(c, rounded(outerY() / surface_.scale()));
+            const double rx = static_cast<double>(c) * outerX() / classes.maxCount;
+            const double ry = static_cast<double>(c) * outerY() / classes.maxCount;
             const auto end = [&](double angle) {
                 return Dot{rounded(xc + outerX() * std::cos(angle) * c / classes.maxCount),
                            rounded(yc + outerY() * std::sin(angle) * c / classes.maxCount)};
@@ -126,8 +126,12 @@ class PolarDrawing {
             const Dot first = end(a);
             a += sector();
             const Dot second = end(a);
-            surface_.pie({rounded(xc - rx), rounded(yc - ry), rounded(xc + rx), rounded(yc + ry)}, second,
-                         first, SECTOR_FILL);
+            // A sector too small for two different ends would be taken for the whole circle.
+            const bool tooSmall = first == second && state_.RadRaster() > 1;
+            const Box box = tooSmall
+                                ? Box{xc, yc, xc, yc}
+                                : Box{rounded(xc - rx), rounded(yc - ry), rounded(xc + rx), rounded(yc + ry)};
+            surface_.pie(box, second, first, SECTOR_FILL);
         }
     }
 

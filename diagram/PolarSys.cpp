@@ -8,6 +8,7 @@
 
 #include <QPainter>
 #include <QPalette>
+#include <exception>
 #include <utility>
 
 namespace kelvrum {
@@ -63,6 +64,15 @@ void PolarSys::drawPicture() {
         pb_.fill(toQColor(BgCol())); // a kind that draws nothing leaves the picture as it is
     }
     pb_.setDevicePixelRatio(1);
+    try {
+        paintPicture(wanted, ratio);
+    } catch (const std::exception&) {
+        // The drawing has ended with a run-time error; what there is of it stays.
+    }
+    pb_.setDevicePixelRatio(ratio);
+}
+
+void PolarSys::paintPicture(const QSize& wanted, double ratio) {
     switch (DiagTyp()) {
     case KIND_POLAR: {
         PainterSurface surface(pb_, {wanted.width(), wanted.height()}, ratio);
@@ -82,7 +92,6 @@ void PolarSys::drawPicture() {
     default:
         break;
     }
-    pb_.setDevicePixelRatio(ratio);
 }
 
 void PolarSys::paintEvent(QPaintEvent* /*event*/) {

@@ -51,6 +51,8 @@ class PolarSys : public QWidget, public DiagramState {
     /// The size of the picture in device pixels.
     [[nodiscard]] QSize pictureSize() const;
     void drawPicture();
+    /// Draws what DiagTyp says on pb_; another kind leaves it as it is.
+    void paintPicture(const QSize& wanted, double ratio);
 
     LocaleTexts texts_;
     PrintJob* printJob_ = nullptr;

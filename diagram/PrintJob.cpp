@@ -61,21 +61,18 @@ Surface& PrintJob::newPage(QPageLayout::Orientation orientation) {
     if (!isOpen() && !hasPrinter()) {
         throw PrintError(NO_PRINTER);
     }
+    if (!isOpen()) {
+        chosen_ = printer().pageLayout().orientation();
+    }
     printer().setPageOrientation(orientation);
     const Resolution resolution = Resolution::page(printer().resolution());
     pages_.push_back(std::make_unique<Page>(orientation, paperOf(printer()), resolution));
     return pages_.back()->picture;
 }
 
-void PrintJob::end() {
-    const auto pages = std::exchange(pages_, {});
-    if (pages.empty()) {
-        return;
-    }
-    const QString name = printer().printerName();
-    if (!QPrinterInfo::availablePrinterNames().contains(name)) {
-        throw PrintError(NO_PRINTER);
-    }
+void PrintJob::restoreOrientation() { printer().setPageOrientation(chosen_); }
+
+bool PrintJob::send(const std::vector<std::unique_ptr<Page>>& pages) {
     printer().setPageOrientation(pages.front()->orientation);
     PainterSurface surface(printer(), paperOf(printer()), Resolution::page(printer().resolution()));
     bool printed = surface.isActive();
@@ -85,13 +82,35 @@ void PrintJob::end() {
             pages[i]->picture.play(surface);
         }
     }
-    printed = surface.end() && printed && printer().printerState() != QPrinter::Error &&
-              QPrinterInfo::availablePrinterNames().contains(name);
+    if (!printed) {
+        printer().abort();
+    }
+    return surface.end() && printed && printer().printerState() != QPrinter::Error;
+}
+
+void PrintJob::end() {
+    const auto pages = std::exchange(pages_, {});
+    if (pages.empty()) {
+        return;
+    }
+    const QString name = printer().printerName();
+    const auto isThere = [&name] { return QPrinterInfo::availablePrinterNames().contains(name); };
+    if (!isThere()) {
+        restoreOrientation();
+        throw PrintError(NO_PRINTER);
+    }
+    const bool printed = send(pages) && isThere();
+    restoreOrientation();
     if (!printed) {
         throw PrintError("Der Druckauftrag wurde vom Drucker „" + name.toStdString() + "“ nicht angenommen.");
     }
 }
 
-void PrintJob::abandon() { pages_.clear(); }
+void PrintJob::abandon() {
+    if (isOpen()) {
+        pages_.clear();
+        restoreOrientation();
+    }
+}
 
 } // namespace kelvrum

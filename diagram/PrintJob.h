@@ -53,8 +53,14 @@ class PrintJob {
   private:
     struct Page;
 
+    /// The printer turned as the user has it, not as the job needed it.
+    void restoreOrientation();
+    /// Draws the pages on the printer; false when it fails, and then it has got none of them.
+    bool send(const std::vector<std::unique_ptr<Page>>& pages);
+
     std::unique_ptr<QPrinter> printer_; // made when it is first needed
     std::vector<std::unique_ptr<Page>> pages_;
+    QPageLayout::Orientation chosen_ = QPageLayout::Portrait; // before the job was opened
 };
 
 } // namespace kelvrum

@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <vector>
 
 namespace kelvrum::testing {
@@ -31,13 +32,19 @@ class AnsweredDialogs : public Dialogs {
     void message(QWidget* /*parent*/, const QString& text, const QString& title) override {
         messages.push_back(title + QStringLiteral(": ") + text);
     }
-    bool setUpPrinter(QWidget* /*parent*/, QPrinter& /*printer*/) override { return printerChosen; }
+    bool setUpPrinter(QWidget* /*parent*/, QPrinter& printer) override {
+        if (printerChosen && onPrinter) {
+            onPrinter(printer);
+        }
+        return printerChosen;
+    }
 
     QString file;   // the next answers
     QString folder; //
     bool printerChosen = true;
-    std::vector<Question> asked; // in order
-    QStringList messages;        // "title: text", in order
+    std::function<void(QPrinter&)> onPrinter; // what the user sets
+    std::vector<Question> asked;              // in order
+    QStringList messages;                     // "title: text", in order
 };
 
 } // namespace kelvrum::testing

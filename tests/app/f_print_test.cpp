@@ -7,12 +7,16 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLineEdit>
+#include <QPageSize>
+#include <QPrinter>
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
 #include <cmath>
 #include <memory>
+#include <utility>
 
 namespace kelvrum {
 
@@ -117,6 +121,75 @@ class f_print_test : public QObject {
         QCOMPARE(fixture.dialogs->messages, QStringList());
     }
 
+    /// What the user sets applies, to the list too, and what a diagram needs is taken back.
+    void chosenSettingsStay() {
+        const WindowFixture fixture;
+        fixture.click("optView(1)");
+        fixture.trigger("menPrint");
+        const QSizeF portrait = printedPages(documents().back())[0].size;
+        QVERIFY(portrait.width() < portrait.height());
+        fixture.click("optView(0)");
+        fixture.trigger("menPrint");
+        fixture.click("optView(1)");
+        fixture.trigger("menPrint");
+        QCOMPARE(printedPages(documents().back())[0].size, portrait);
+        fixture.dialogs->onPrinter = [](QPrinter& printer) {
+            printer.setPageSize(QPageSize(QPageSize::A5));
+            printer.setPageOrientation(QPageLayout::Landscape);
+        };
+        fixture.trigger("menSelP");
+        const QSizeF chosen = printedPages(documents().back())[0].size;
+        QVERIFY(std::fabs(chosen.width() - 210) < 1 && std::fabs(chosen.height() - 148) < 1);
+        QCOMPARE(fixture.dialogs->messages, QStringList());
+    }
+
+    /// A page that is asked for while the view is being read shows the finished view.
+    void printingWhileLoading() {
+        WindowFixture fixture;
+        bool once = true;
+        fixture.files.onRead = [&] {
+            if (once) {
+                once = false;
+                fixture.trigger("menPrint");
+            }
+        };
+        fixture.click("optView(1)");
+        fixture.files.onRead = nullptr;
+        QCOMPARE(documents().size(), 1U);
+        QVERIFY(printedPages(documents()[0])[0].has(QStringLiteral("18.06.2020 00:10")));
+    }
+
+    /// The list of a binary station has a column for each channel, the header with their names.
+    void theListOfABinaryStation() {
+        const TempFolder binary;
+        const std::vector<std::string> names = {"Wind", "-", "Staub"};
+        const std::string config = binary.write("VARNIX.CFG", varnixFile("Station Zwei", names, false));
+        std::string records;
+        for (int minute = 0; minute < 3; ++minute) {
+            records +=
+                dayRecord(2020, 6, 18, minute, std::vector<float>{1.5F + static_cast<float>(minute), 77.25F});
+        }
+        binary.write("20200618.KMH", records);
+        const WindowFixture fixture;
+        fixture.window->readConf(config);
+        fixture.click("optView(1)");
+        fixture.trigger("menPrint");
+        QCOMPARE(fixture.dialogs->messages, QStringList());
+        const auto pages = printedPages(documents().back());
+        QCOMPARE(pages.size(), 1U);
+        const auto places = [&](const char* text) { return pages[0].find(QString::fromUtf8(text)); };
+        for (const char* text :
+             {"Station Zwei", "Uhrzeit", "Wind []", "Staub []", "18.06.2020 00:00", "1,5", "3,5"}) {
+            QCOMPARE(places(text).size(), 1U);
+        }
+        QCOMPARE(places("77,25").size(), 3U);
+        QVERIFY(std::fabs(places("Station Zwei")[0].box.left() - 20) < 0.5);
+        QVERIFY(std::fabs(places("Station Zwei")[0].box.top() - 10) < 1.5);
+        QVERIFY(std::fabs(places("Uhrzeit")[0].box.left() - 20) < 0.5);
+        const double row = places("18.06.2020 00:00")[0].box.top() - places("Uhrzeit")[0].box.top();
+        QVERIFY(row > 5 + 3 && row < 5 + 6); // one line and 5 mm
+    }
+
     /// Every row exactly once over its pages, each of which has the header.
     void aLongList() {
         const WindowFixture fixture(longStation());
@@ -160,25 +233,43 @@ class f_print_test : public QObject {
         auto& ks = fixture.the<PolarSys>("KS");
         fixture.click("Option1");
         const int count = ks.DataCount();
-        fixture.inWindowOf([&] { fixture.trigger("menCPrint"); },
-                           [](QWidget& dialog) {
-                               QCOMPARE(dialog.windowTitle(), QStringLiteral("Sammeldruck"));
-                               for (const char* row : {"chKanal(0)", "chKanal(5)"}) {
-                                   auto* box = dialog.findChild<QCheckBox*>(QString::fromUtf8(row));
-                                   QVERIFY(box != nullptr);
-                                   QTest::keyClick(box, Qt::Key_Space);
-                               }
-                               auto* print = dialog.findChild<QPushButton*>(QStringLiteral("OKButton"));
-                               QVERIFY(print->isEnabled());
-                               QTest::mouseClick(print, Qt::LeftButton);
-                           });
+        fixture.inWindowOf(
+            [&] { fixture.trigger("menCPrint"); },
+            [](QWidget& dialog) {
+                QCOMPARE(dialog.windowTitle(), QStringLiteral("Sammeldruck"));
+                for (const char* row : {"chKanal(0)", "chKanal(5)", "chAuto(0)", "chShowLines(0)"}) {
+                    auto* box = dialog.findChild<QCheckBox*>(QString::fromUtf8(row));
+                    QVERIFY(box != nullptr);
+                    QTest::keyClick(box, Qt::Key_Space);
+                }
+                for (const auto& [field, text] : {std::pair("tMin(5)", "-250"), {"tMax(5)", "1250"}}) {
+                    auto* box = dialog.findChild<QLineEdit*>(QString::fromUtf8(field));
+                    box->selectAll();
+                    QTest::keyClicks(box, QString::fromUtf8(text));
+                }
+                auto* interval = dialog.findChild<QComboBox*>(QStringLiteral("selInterval(5)"));
+                for (int i = 0; i < 4; ++i) {
+                    QTest::keyClick(interval, Qt::Key_Down);
+                }
+                auto* print = dialog.findChild<QPushButton*>(QStringLiteral("OKButton"));
+                QVERIFY(print->isEnabled());
+                QTest::mouseClick(print, Qt::LeftButton);
+            });
         QCOMPARE(fixture.dialogs->messages, QStringList());
         const auto found = documents();
         QCOMPARE(found.size(), 1U);
         const auto pages = printedPages(found[0]);
         QCOMPARE(pages.size(), 2U);
         QVERIFY(pages[0].has(QStringLiteral("Vertikalwind [m/s]")));
+        QVERIFY(pages[0].has(QStringLiteral("1 Minute Mittelwert")));
+        QVERIFY(!pages[0].has(QStringLiteral("1250")));
         QVERIFY(pages[1].has(QStringLiteral("Lufttemperatur [°C]")));
+        QVERIFY(pages[1].has(QStringLiteral("1 Stunde Mittelwert")));
+        QVERIFY(pages[1].has(QStringLiteral("1250"))); // its own scale
+        for (const PrintedPage& page : pages) {
+            QVERIFY(page.size.width() > page.size.height());
+        }
+        QVERIFY(picturesIn(found[0]).isEmpty());
         QCOMPARE(ks.DataCount(), count);
         QCOMPARE(ks.Y1Low(), AUTOMATIC_RANGE);
         QVERIFY(ks.HeadLine().find("Staub") != std::string::npos);
@@ -189,21 +280,30 @@ class f_print_test : public QObject {
     /// prints.
     void theSchedulerDiesInABatch() {
         MadeStation made = madeStation();
-        made.ini += "CHAN01|Vertikalwind|m/s|-5|5||0|1|2|1|0|0|VW\n";
+        made.ini +=
+            "CHAN01|Vertikalwind|m/s|-5|5||0|1|2|1|0|0|VW\nCHAN08|Lufttemperatur|°C|-20|40||0|1|2|1|0|0|LT\n";
         made.minutes[1] = made.minutes[4];
+        made.minutes[8] = made.minutes[7];
         WindowFixture fixture(made);
         const auto print = [](QWidget& dialog) {
-            auto* box = dialog.findChild<QCheckBox*>(QStringLiteral("chKanal(0)"));
-            if (!box->isChecked()) {
-                QTest::keyClick(box, Qt::Key_Space);
+            for (const char* row : {"chKanal(0)", "chKanal(5)"}) {
+                QTest::keyClick(dialog.findChild<QCheckBox*>(QString::fromUtf8(row)), Qt::Key_Space);
             }
             QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("OKButton")), Qt::LeftButton);
             QVERIFY(dialog.findChild<QPushButton*>(QStringLiteral("OKButton"))->isEnabled());
         };
-        fixture.files.onRead = [this] { cups_->kill(); };
+        int reads = 0;
+        fixture.files.onRead = [&] {
+            if (++reads == 2) { // of the second channel
+                cups_->kill();
+            }
+        };
         fixture.inWindowOf([&] { fixture.trigger("menCPrint"); }, print);
         fixture.files.onRead = nullptr;
-        QCOMPARE(fixture.dialogs->messages.size(), 1);
+        QCOMPARE(fixture.dialogs->messages,
+                 QStringList{
+                     QStringLiteral("Sammeldruck: Der Drucker ist nicht erreichbar. Bitte prüfen Sie, ob er "
+                                    "eingeschaltet und eingerichtet ist.")});
         QVERIFY(QGuiApplication::overrideCursor() == nullptr);
         fixture.dialogs->messages.clear();
         cups_->start();

@@ -84,8 +84,23 @@ TEST(PolarDiagram, WithoutSamplesDrawsTheGridAndNoSector) {
     EXPECT_EQ(surface.ellipses[4].fill, WHITE);
     EXPECT_TRUE(surface.pies.empty());
     EXPECT_THAT(surface.wordsOf(BLACK), ElementsAre("N", "S", "W", "E", "Fuß", "Wind"));
-    // Eight spokes and seven lines of frame and head band.
-    EXPECT_EQ(surface.drawn.size(), 15U);
+    const int radii[] = {35, 70, 106, 141};
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(surface.ellipses[i].at,
+                  (Box{200 - radii[i], 209 - radii[i], 200 + radii[i], 209 + radii[i]}));
+    }
+    EXPECT_EQ(surface.ellipses[4].at, (Box{165, 174, 235, 244}));
+    // Eight spokes, from direction 0 upward on, clockwise; then frame and head band.
+    const Dot spokes[] = {{200, 68},  {300, 109}, {341, 209}, {300, 309},
+                          {200, 350}, {100, 309}, {59, 209},  {100, 109}};
+    ASSERT_EQ(surface.drawn.size(), 15U);
+    for (std::size_t k = 0; k < 8; ++k) {
+        EXPECT_EQ(surface.drawn[k].at, (Segment{{200, 209}, spokes[k]})) << k;
+    }
+    const Segment frame[] = {{{0, 0}, {0, 399}}, {{0, 399}, {399, 399}}, {{399, 0}, {399, 399}}};
+    for (std::size_t k = 0; k < 3; ++k) {
+        EXPECT_EQ(surface.drawn[8 + k].at, frame[k]) << k;
+    }
     EXPECT_EQ(rose.Ycenter(), TOP + (400 - TOP) / 2);
 }
 
@@ -151,6 +166,8 @@ TEST(PolarDiagram, TheFullestClassesReachTheOutermostRing) {
     }
     EXPECT_EQ(surface.pies[0].pen, RED);
     EXPECT_EQ(surface.pies[0].fill, Colour{0xFFFF});
+    EXPECT_EQ(surface.pies[0].from, (Dot{254, 79}));
+    EXPECT_EQ(surface.pies[0].to, (Dot{146, 79}));
     // Direction 0 points up: its sector begins right of it and ends left of it.
     EXPECT_GT(surface.pies[0].from.x, g.xCentre);
     EXPECT_LT(surface.pies[0].to.x, g.xCentre);
@@ -165,6 +182,31 @@ TEST(PolarDiagram, TheFullestClassesReachTheOutermostRing) {
         EXPECT_TRUE(surface.only(label).has_value()) << label;
     }
     EXPECT_EQ(surface.only("40,0")->at, (Dot{200 - 12, g.yCentre - g.dy(4) - RecordingSurface::LINE_HEIGHT}));
+}
+
+TEST(PolarDiagram, ASectorTooSmallForTwoEndsIsNoWholeCircle) {
+    Rose rose(36);
+    rose.add(100, 3, 0);
+    rose.add(1, 3, 90);
+    RecordingSurface surface({400, 400});
+    drawPolarDiagram(surface, rose, {});
+    const auto& small = surface.pies[9];
+    EXPECT_EQ(small.from, small.to);
+    EXPECT_EQ(small.at.left, small.at.right);
+}
+
+TEST(PolarDiagram, IsCentredOnThePageInTheProportionsOfThePicture) {
+    Rose rose;
+    RecordingSurface page({2970, 2100}, 10); // A4 landscape, 10 dots for a millimetre
+    printPolarDiagram(page, {600, 400}, rose, {});
+    // 20 mm of margin leave 2570 x 1700 dots: 4.25 dots for a pixel.
+    const auto frame = [&](std::size_t back) { return page.drawn[page.drawn.size() - back].at; };
+    EXPECT_EQ(frame(7), (Segment{{210, 200}, {210, 1899}}));
+    EXPECT_EQ(frame(6), (Segment{{210, 1899}, {2759, 1899}}));
+    EXPECT_EQ(page.only("Wind")->at.y, 200 + 13); // 3 pixels
+    // 10 points on the screen, in the page's points.
+    EXPECT_NEAR(page.only("N")->font.Size, 10 * (4.25 * 96 / 72) / (10 * 25.4 / 72), 1e-9);
+    EXPECT_TRUE(page.backgrounds.empty());
 }
 
 TEST(PolarDiagram, AMillionSamplesDrawAndTooManyOverflow) {
