@@ -45,7 +45,9 @@ inline double madeValue(int channel, int year, int minute) {
         0.0,  -0.0,   99999900.0, -99999900.0, std::numeric_limits<double>::quiet_NaN(),
         INF,  -INF,   1e-300,     -1e-300,     1e300,
         -1.5, 5e-324, 0.1,        1e-200,      -1e-200};
-    const auto mixed = static_cast<std::uint32_t>(minute * 7919 + channel * 104'729 + year * 31);
+    // Unsigned, so that it may wrap.
+    const auto number = [](int value) { return static_cast<std::uint32_t>(value); };
+    const std::uint32_t mixed = number(minute) * 7919U + number(channel) * 104'729U + number(year) * 31U;
     return mixed % 11 == 0 ? AWKWARD[mixed / 11 % AWKWARD.size()] : 0.1 + mixed % 10'007 / 97.0;
 }
 
