@@ -88,10 +88,10 @@ class TablePrinter {
         lineHeight_ = millimetres(page_->textExtent("").height);
         valueWidth_ = std::floor(widthOf(VALUE_SAMPLE)) + 1;
         double position = LEFT_MARGIN;
-        specification_ = entryText(0, position);
+        columns_ = entryText(0, position);
         position += std::floor(widthOf(TIME_SAMPLE)) + 1;
         for (std::size_t i = 0; i < table_.valueColumns; ++i) {
-            specification_.append("|").append(entryText('>', position));
+            columns_.append("|").append(entryText('>', position));
             position += valueWidth_;
         }
     }
@@ -103,7 +103,7 @@ class TablePrinter {
 
     void printRow(const std::string& row) {
         const auto width = [this](std::string_view text) { return widthOf(text); };
-        for (const PlacedCell& cell : placeRow(row, specification_, valueWidth_, width)) {
+        for (const PlacedCell& cell : placeRow(row, columns_, valueWidth_, width)) {
             page_->text({dots(cell.x), dots(y_)}, cell.text);
         }
         y_ += lineHeight_;
@@ -115,7 +115,7 @@ class TablePrinter {
     double y_ = 0; // of the next line, millimetres
     double lineHeight_ = 0;
     double valueWidth_ = 0;
-    std::string specification_;
+    std::string columns_;
 };
 
 } // namespace
@@ -155,10 +155,10 @@ std::string fitCell(std::string_view text, std::string_view entry, const TextWid
     return std::string(before, ' ') + cell + std::string(blanks - before, ' ');
 }
 
-std::vector<PlacedCell> placeRow(std::string_view row, std::string_view specification, double lastWidth,
+std::vector<PlacedCell> placeRow(std::string_view row, std::string_view columns, double lastWidth,
                                  const TextWidth& width) {
     const auto cells = split(row, '|');
-    const auto entries = split(specification, '|');
+    const auto entries = split(columns, '|');
     std::vector<PlacedCell> placed;
     for (std::size_t i = 0; i < std::min(cells.size(), entries.size()); ++i) {
         const ColumnEntry entry = parseColumnEntry(entries[i]);

@@ -14,7 +14,7 @@ namespace kelvrum {
 /// The width of a text in millimetres, as it is printed.
 using TextWidth = std::function<double(std::string_view text)>;
 
-/// One entry of a column specification: a number in millimetres, optionally behind an alignment mark.
+/// One column entry: its position, a number in millimetres, optionally behind an alignment mark.
 struct ColumnEntry {
     char mark = 0; // '>' right, '^' centred, 0 left
     double millimetres = 0;
@@ -38,9 +38,9 @@ struct PlacedCell {
     bool operator==(const PlacedCell&) const = default;
 };
 
-/// The cells of one line: row text and specification are split at "|". A column is as wide as the distance to
-/// the next one's position; the last one is `lastWidth` (mm) wide. Cells without an entry are left out.
-std::vector<PlacedCell> placeRow(std::string_view row, std::string_view specification, double lastWidth,
+/// The cells of one line: row text and column entries are split at "|". A column is as wide as the distance
+/// to the next one's position; the last one is `lastWidth` (mm) wide. Cells without an entry are left out.
+std::vector<PlacedCell> placeRow(std::string_view row, std::string_view columns, double lastWidth,
                                  const TextWidth& width);
 
 /// What is printed.
