@@ -99,7 +99,7 @@ class f : public QMainWindow {
     QGroupBox* frame(const char* name, const QString& caption, const QRect& place);
 
     // --- f_load.cpp: loading ---
-    bool fillListVarn(const TimeRange& shown, const ReadingStep& step);
+    bool FillListVarn(const TimeRange& shown, const ReadingStep& step);
     bool readViews(const ReadRequest& request, const ReadingStep& step);
     void showNothing();
     void showChannel(std::int32_t channel);

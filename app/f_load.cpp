@@ -44,7 +44,7 @@ bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
     rows_->clear();
     if (station_.Kind == ConfigKind::binary) {
         return reader_.readDayDiagram(station_, request, diagramSettings(), *KS, step) == Reading::complete &&
-               fillListVarn(request.range, step);
+               FillListVarn(request.range, step);
     }
     if (diagramSelected() && KS->DiagTyp() == KIND_POLAR) {
         return reader_.readPolar(station_, request, diagramSettings(), *KS, step) == Reading::complete;
@@ -63,7 +63,8 @@ bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
     return complete;
 }
 
-bool f::fillListVarn(const TimeRange& shown, const ReadingStep& step) {
+/// The raw records of a binary station's day files, one row for each; false when the reading was given up.
+bool f::FillListVarn(const TimeRange& shown, const ReadingStep& step) {
     auto rows = reader_.readDayList(station_, shown, step);
     if (!rows) {
         return false;

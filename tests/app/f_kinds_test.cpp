@@ -3,6 +3,7 @@
 #include "tests/app/WindowFixture.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QTest>
@@ -67,6 +68,57 @@ class f_kinds_test : public QObject {
         QCOMPARE(visible(openMenu(fixture, QContextMenuEvent::Mouse)).last(),
                  QStringLiteral("Polardiagramm"));
         fixture.the<QMenu>("menKS").close();
+    }
+
+    /// The diagram is reached with the tab key, so that the menu key opens its menu.
+    void menuKey() {
+        const WindowFixture fixture;
+        auto& ks = fixture.the<PolarSys>("KS");
+        QVERIFY((ks.focusPolicy() & Qt::TabFocus) != 0);
+        fixture.the<QWidget>("Slider1").setFocus();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), &ks);
+    }
+
+    void onlyOneIsChecked() {
+        const WindowFixture fixture;
+        choose(fixture, "menNiederschlag");
+        QCOMPARE(visible(openMenu(fixture, QContextMenuEvent::Keyboard)),
+                 QStringList({QStringLiteral("Liniendiagramm"), QStringLiteral("Niederschlagsdiagramm*"),
+                              QStringLiteral("Richtungsdiagramm")}));
+        fixture.the<QMenu>("menKS").close();
+    }
+
+    /// A project without channels shows nothing of the rose before it.
+    void noRoseOfAnotherProject() {
+        const WindowFixture fixture;
+        const TempFolder other;
+        auto& ks = fixture.the<PolarSys>("KS");
+        fixture.chooseChannel(WIND_ROW);
+        choose(fixture, "menPolar");
+        QVERIFY(ks.sampleCount() > 0);
+        fixture.window->readConf(other.write("QEL.ini", "PROJEKTNAME=Leer\n"));
+        fixture.window->LoadData();
+        QCOMPARE(ks.DiagTyp(), 0);
+        QCOMPARE(ks.sampleCount(), 0);
+    }
+
+    /// Ten minutes a sample: the direction of the block, the mean of its speeds.
+    void polarSamplesOfTenMinutes() {
+        const MadeStation made = madeStation();
+        const WindowFixture fixture(made);
+        auto& ks = fixture.the<PolarSys>("KS");
+        fixture.chooseChannel(WIND_ROW);
+        fixture.chooseInterval(2);
+        choose(fixture, "menPolar");
+        QCOMPARE(ks.sampleCount(), 144 - 12); // two hours of outage
+        double speed = 0;
+        for (std::size_t i = 0; i < 10; ++i) {
+            speed += made.minutes.at(4)[TEST_DAY_MINUTE + i];
+        }
+        QVERIFY(std::fabs(ks.speedList()[0] - speed / 10) < 1e-9);
+        QVERIFY(std::fabs(ks.directionList()[0] * RADIANS_TO_DEGREES - 330.45) < 0.01);
+        QCOMPARE(ks.Bogenmass(), 0);
     }
 
     void kinds_data() {

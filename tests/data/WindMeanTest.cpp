@@ -16,7 +16,8 @@ namespace {
 constexpr double TO_RADIANS = 0.0174532925199433;
 constexpr double TO_DEGREES = 57.2957795130823;
 
-/// The rule as the stations define it, step by step, with north and cancelling vectors as the program takes them.
+/// The rule as the stations define it, step by step, with north and cancelling vectors as the program takes
+/// them.
 double literalWindMean(const std::vector<double>& block, const std::vector<double>& paired) {
     double D = 0;
     double R = 0;

@@ -82,6 +82,42 @@ class PictureExportTest : public QObject {
         QVERIFY(!QFile::exists(target));
     }
 
+    /// A target that cannot be deleted: it waits until it is gone.
+    void waitsUntilTheOldTargetIsGone() {
+        const TempFolder folder;
+        const CurrentFolder here(folder.path());
+        const std::string held = folder.write("picture.png/held", "a folder that is not empty");
+        const QString target = QString::fromStdString(folder.at("picture.png"));
+        bool waited = false;
+        QTimer::singleShot(50, this, [&] {
+            waited = bitmapsIn(folder).isEmpty();
+            std::filesystem::remove_all(folder.path() / "picture.png");
+        });
+        QPixmap picture(20, 10);
+        picture.fill(Qt::blue);
+        savePicture(picture, target);
+        QVERIFY(waited);
+        QCOMPARE(QImage(target).size(), QSize(20, 10));
+    }
+
+    /// The bitmap is there, the target cannot be written: nothing stays behind.
+    void aTargetThatCannotBeWrittenLeavesNoBitmap() {
+        const TempFolder folder;
+        const CurrentFolder here(folder.path());
+        QPixmap picture(20, 10);
+        picture.fill(Qt::blue);
+        savePicture(picture, QString::fromStdString(folder.at(std::string(300, 'x') + ".png")));
+        QVERIFY(bitmapsIn(folder).isEmpty());
+    }
+
+    void aNameThatEndsInASeparatorIsAFolder() {
+        const TempFolder folder;
+        const CurrentFolder here(folder.path());
+        savePicture(QPixmap(20, 10), QString::fromStdString(folder.at("neu\\")));
+        QVERIFY(std::filesystem::is_directory(folder.path() / "neu"));
+        QVERIFY(bitmapsIn(folder).isEmpty());
+    }
+
     void anEmptyPictureEndsItSilently() {
         const TempFolder folder;
         const CurrentFolder here(folder.path());
