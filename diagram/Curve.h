@@ -1,5 +1,4 @@
-// The curve of a series: how its columns are joined, and how a long series is reduced to what the dots of a
-// surface can show.
+// The curve of a series, column by column: how its values are joined, where passes begin, what the bars are.
 #pragma once
 
 #include "diagram/DiagramState.h"
@@ -11,7 +10,6 @@
 #include <cmath>
 #include <cstdint>
 #include <span>
-#include <vector>
 
 namespace kelvrum {
 
@@ -165,59 +163,5 @@ int walkBars(std::span<const double> times, std::span<const double> values, doub
 /// The interval of a series: the smallest positive distance of two columns in a row, in days; 0 when there is
 /// none.
 double sampleInterval(std::span<const double> times);
-
-/// Draws a curve with as few lines as the dots of its surface can show: in each column of dots the vertical
-/// parts are merged into spans, and between columns one connector for each joined pair remains. The picture
-/// is the same, dot for dot, as with every segment drawn as a line of its own.
-class ReducedCurve {
-  public:
-    /// Both must outlive the curve. `colours` has the pen of each pass.
-    ReducedCurve(Surface& surface, std::span<const Colour> colours, const Box& clip);
-
-    void pass(int number);
-    void run(std::span<const Dot> dots);
-    /// Draws what is still to be drawn.
-    void finish();
-
-  private:
-    struct Span {
-        int low;
-        int high;
-    };
-
-    void mark(int x, Span span);
-    void connect(Dot from, Dot to);
-    void flushColumn();
-    void mergeSpans();
-
-    Surface& surface_;
-    std::span<const Colour> colours_;
-    std::size_t mergeAt_; // number of spans at which they are merged
-    Box reach_;           // what can be seen, with room for the width of the pen
-    bool hasColumn_ = false;
-    int column_ = 0;
-    std::vector<Span> spans_; // vertical parts of the column
-    std::vector<Segment> segments_;
-};
-
-/// Draws precipitation bars as the outline that all of them fill together: for each column of dots the
-/// highest bar, neighbours of equal height in one box.
-class ReducedBars {
-  public:
-    /// Both must outlive the bars. `colours` has the fill of each pass.
-    ReducedBars(Surface& surface, std::span<const Colour> colours, const Box& clip);
-
-    void pass(int number);
-    void bar(const Box& box);
-    void finish();
-
-  private:
-    Surface& surface_;
-    std::span<const Colour> colours_;
-    Colour colour_ = BLACK;
-    Box clip_;
-    int base_ = 0;
-    std::vector<int> tops_; // for each column of the clip
-};
 
 } // namespace kelvrum

@@ -3,6 +3,7 @@
 #include "diagram/Curve.h"
 #include "diagram/LineScale.h"
 #include "diagram/PlotArea.h"
+#include "diagram/ReducedCurve.h"
 #include "diagram/TimeTicks.h"
 #include "util/Text.h"
 
@@ -58,7 +59,8 @@ class Drawing {
         , size_(surface.size())
         , range_{state.XLow(), state.XHigh()}
         , plot_(layout, size_, scale_, range_)
-        , series_(seriesInUse(state)) {}
+        , series_(seriesInUse(state))
+        , ascending_(ascend(series_.times)) {}
 
     LineDrawing run() {
         surface_.clear(state_.BgCol());
@@ -152,19 +154,11 @@ class Drawing {
 
     int drawOne(std::span<const double> values, const ValueRange& range, bool detectPasses,
                 std::span<const Colour> colours) {
-        const ValueScale scale = plot_.scaleOf(range);
-        int passes = 1;
-        if (state_.DiagTyp() == KIND_PRECIPITATION) {
-            ReducedBars bars(surface_, colours, plot_.clip());
-            passes = walkBars(series_.times, values, barWidth(), detectPasses, plot_, scale, bars);
-            bars.finish();
-        } else {
-            const bool directions = state_.DiagTyp() == KIND_DIRECTION;
-            ReducedCurve curve(surface_, colours, plot_.clip());
-            passes = walkCurve(series_.times, values, directions, detectPasses, plot_, scale, curve);
-            curve.finish();
-        }
-        return passes;
+        const PlottedSeries series{series_.times,        values,     plot_,
+                                   plot_.scaleOf(range), ascending_, detectPasses};
+        return state_.DiagTyp() == KIND_PRECIPITATION
+                   ? drawBars(surface_, series, barWidth(), colours)
+                   : drawCurve(surface_, series, state_.DiagTyp() == KIND_DIRECTION, colours);
     }
 
     /// The interval of the series in days. A single column stands for the rest of the range.
@@ -294,6 +288,7 @@ class Drawing {
     TimeRange range_;
     PlotArea plot_;
     Series series_;
+    bool ascending_; // its times
     SeriesScan scan_;
     ValueRange left_;
     ValueRange right_;

@@ -1,4 +1,4 @@
-// How the columns of a series are joined: gaps, lone points, passes, directions, bars, and the reduction.
+// How the columns of a series are joined: gaps, lone points, passes, directions, bars.
 #include "diagram/Curve.h"
 
 #include "tests/diagram/RecordingSurface.h"
@@ -8,7 +8,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -287,44 +286,6 @@ TEST(SampleInterval, IsTheSmallestPositiveDistance) {
     EXPECT_EQ(sampleInterval(std::vector<double>{5, 5, 4}), 0);
     EXPECT_EQ(sampleInterval(std::vector<double>{1, 3, 4, 9, 1, 3}), 1);
     EXPECT_EQ(sampleInterval(std::vector<double>{1, 1, 3.5}), 2.5);
-}
-
-TEST(ReducedCurve, HandsOverNoMoreThanTheDotsCanShow) {
-    RecordingSurface surface({310, 190});
-    const std::vector<Colour> colours = {GREEN, BLUE, RED};
-    ReducedCurve curve(surface, colours, dayPlot().clip());
-    Hours series;
-    for (int i = 0; i < 1000000; ++i) {
-        series.times.push_back(i / 1e6);
-        series.values.push_back(i % 9973 == 0 ? 999999 : 50 + 40 * std::sin(i * 0.37));
-    }
-    EXPECT_EQ(walkCurve(series.times, series.values, false, true, dayPlot(), percentScale(), curve), 1);
-    curve.finish();
-    EXPECT_GT(surface.drawn.size(), 240U);
-    EXPECT_LE(surface.drawn.size(), 4U * 310U);
-    for (const auto& line : surface.drawn) {
-        EXPECT_EQ(line.pen, GREEN);
-    }
-}
-
-TEST(ReducedCurve, EachPassHasItsPen) {
-    RecordingSurface surface({310, 190});
-    const std::vector<Colour> colours = {GREEN, BLUE, RED};
-    ReducedCurve curve(surface, colours, dayPlot().clip());
-    const Dot sloped[] = {{50, 100}, {60, 90}};
-    const Dot lone[] = {{70, 80}};
-    const Dot upright[] = {{80, 70}, {80, 75}};
-    const Dot overlapping[] = {{80, 72}, {80, 79}};
-    curve.run(sloped);
-    curve.pass(1);
-    curve.run(lone);
-    curve.pass(2);
-    curve.run(upright);
-    curve.run(overlapping);
-    curve.finish();
-    EXPECT_THAT(surface.linesOf(GREEN), ::testing::Contains(Segment{{50, 100}, {60, 90}}));
-    EXPECT_THAT(surface.linesOf(BLUE), ElementsAre(Segment{{70, 80}, {70, 80}}));
-    EXPECT_THAT(surface.linesOf(RED), ElementsAre(Segment{{80, 70}, {80, 79}}));
 }
 
 } // namespace

@@ -1,0 +1,379 @@
+#include "diagram/ReducedCurve.h"
+
+#include "diagram/Curve.h"
+#include "diagram/LineScale.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace kelvrum {
+
+namespace {
+
+constexpr int PEN_ROOM = 64;             // dots around the clip within which a wide pen could still show
+constexpr std::size_t MANY_SPANS = 4096; // in one column: time to merge them
+
+/// Whether columns of dots are runs of columns of the table, and greater values have no greater (or no
+/// lesser) y: then few of them need to be mapped.
+bool isMonotonous(const PlottedSeries& series) {
+    const PlotArea& plot = series.plot;
+    return series.ascending && std::isfinite(plot.left) && std::isfinite(plot.xLow) &&
+           std::isfinite(plot.dotsPerDay) && std::isfinite(series.scale.low) &&
+           std::isfinite(series.scale.dotsPerUnit);
+}
+
+/// The first index behind `from` that does not fall onto the same dots; `same` holds for a run from there on.
+template<typename Same>
+std::size_t endOfRun(std::size_t from, std::size_t count, Same same) {
+    std::size_t low = from; // the same
+    std::size_t step = 1;
+    while (step < count - low && same(low + step)) {
+        low += step;
+        step *= 2;
+    }
+    std::size_t high = std::min(low + step, count); // not the same
+    while (high - low > 1) {
+        const std::size_t middle = low + (high - low) / 2;
+        (same(middle) ? low : high) = middle;
+    }
+    return high;
+}
+
+/// Joined values within one column of dots.
+struct Joined {
+    double first;
+    double last = first;
+    double low = first;
+    double high = first;
+    std::size_t count = 1;
+
+    void add(double value) {
+        last = value;
+        low = std::min(low, value);
+        high = std::max(high, value);
+        ++count;
+    }
+    /// Two at a time, since each comparison waits for the one before.
+    void add(std::span<const double> values) {
+        double otherLow = low;
+        double otherHigh = high;
+        for (std::size_t i = 0; i + 1 < values.size(); i += 2) {
+            low = std::min(low, values[i]);
+            high = std::max(high, values[i]);
+            otherLow = std::min(otherLow, values[i + 1]);
+            otherHigh = std::max(otherHigh, values[i + 1]);
+        }
+        low = std::min(low, otherLow);
+        high = std::max(high, otherHigh);
+        if (!values.empty()) {
+            count += values.size() - 1;
+            add(values.back());
+        }
+    }
+};
+
+/// Walks the curve of a series of ascending times, one column of dots after the other.
+class ColumnWalk {
+  public:
+    ColumnWalk(const PlottedSeries& series, ReducedCurve& curve)
+        : series_(series)
+        , curve_(curve) {}
+
+    void lines() {
+        const std::span<const double> values = series_.values;
+        for (std::size_t i = nextValue(0); i < values.size(); i = nextValue(i)) {
+            enterColumn(i);
+            Joined joined{values[i]};
+            const std::size_t next = i + 1;
+            for (i = next; i < columnEnd_ && isValidPoint(values[i]);) {
+                ++i;
+            }
+            joined.add(values.subspan(next, i - next));
+            end(joined, i);
+        }
+    }
+
+    void directions() {
+        const std::span<const double> values = series_.values;
+        double previous = 0; // the value to join to
+        for (std::size_t i = nextValue(0); i < values.size(); i = nextValue(i)) {
+            enterColumn(i);
+            Joined joined{values[i]};
+            if (joinedBefore_) {
+                joined = {joinedDirection(previous, values[i])};
+                previous = turned(joined);
+            } else {
+                previous = values[i];
+            }
+            for (++i; i < columnEnd_ && isValidPoint(values[i]); ++i) {
+                joined.add(joinedDirection(previous, values[i]));
+                previous = turned(joined);
+            }
+            end(joined, i);
+        }
+    }
+
+  private:
+    /// The next index from i on that has a value; a gap before it ends the run of joined values.
+    std::size_t nextValue(std::size_t i) {
+        for (; i < series_.values.size() && !isValidPoint(series_.values[i]); ++i) {
+            joinedBefore_ = false;
+        }
+        return i;
+    }
+
+    void enterColumn(std::size_t i) {
+        if (i >= columnEnd_) {
+            const auto xOf = [this](std::size_t k) { return series_.plot.x(series_.times[k]); };
+            x_ = xOf(i);
+            columnEnd_ = endOfRun(i, series_.times.size(), [&](std::size_t k) { return xOf(k) == x_; });
+        }
+    }
+
+    /// The value to join the next direction to. A full circle away from the last one a new stretch begins
+    /// there.
+    double turned(Joined& joined) {
+        const double kept = keptDirection(joined.last);
+        if (kept != joined.last) {
+            add(joined, joined.count > 1);
+            joined = {kept};
+            joinedBefore_ = false;
+            drawnBefore_ = true;
+        }
+        return kept;
+    }
+
+    /// The stretch ends in front of index i. A value without neighbours is a dot.
+    void end(const Joined& joined, std::size_t i) {
+        const bool goesOn = i < series_.values.size() && isValidPoint(series_.values[i]);
+        add(joined, joined.count > 1 || (!joinedBefore_ && !goesOn && !drawnBefore_));
+        joinedBefore_ = goesOn;
+        drawnBefore_ = false;
+    }
+
+    void add(const Joined& joined, bool marked) {
+        const ValueScale& scale = series_.scale;
+        const int low = scale.y(joined.low);
+        const int high = scale.y(joined.high);
+        curve_.stretch({x_, scale.y(joined.first), scale.y(joined.last), std::min(low, high),
+                        std::max(low, high), joinedBefore_, marked});
+    }
+
+    const PlottedSeries& series_;
+    ReducedCurve& curve_;
+    int x_ = 0;                 // of the column of dots
+    std::size_t columnEnd_ = 0; // first index behind it
+    bool joinedBefore_ = false; // a line leads to the stretch
+    bool drawnBefore_ = false;  // the stretch begins with a dot that was drawn already, a full circle away
+};
+
+/// Walks the bars of a series of ascending times: those that fall onto the same dots as one.
+void mergeBars(const PlottedSeries& series, double interval, ReducedBars& bars) {
+    const int base = nearestDot(series.plot.bottom);
+    const auto leftOf = [&series](std::size_t k) { return series.plot.x(series.times[k]); };
+    const auto rightOf = [&](std::size_t k) { return series.plot.x(series.times[k] + interval); };
+    for (std::size_t i = 0; i < series.values.size();) {
+        const int left = leftOf(i);
+        const int right = rightOf(i);
+        const std::size_t end = endOfRun(
+            i, series.values.size(), [&](std::size_t k) { return leftOf(k) == left && rightOf(k) == right; });
+        const SeriesScan scan = scanSeries(series.values.subspan(i, end - i));
+        if (scan.count > 0) {
+            const int top = std::min(series.scale.y(scan.minimum), series.scale.y(scan.maximum));
+            if (top < base) {
+                bars.bar({left, top, std::max(right, left + 1), base});
+            }
+        }
+        i = end;
+    }
+}
+
+} // namespace
+
+bool ascend(std::span<const DateTime> times) {
+    constexpr std::size_t PIECE = 1024; // checked without a way out between, which keeps the loop short
+    for (std::size_t i = 1; i < times.size();) {
+        const std::size_t end = std::min(i + PIECE, times.size());
+        int back = 0;
+        for (; i < end; ++i) {
+            back |= times[i - 1] <= times[i] ? 0 : 1;
+        }
+        if (back != 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
+int drawCurve(Surface& surface, const PlottedSeries& series, bool directions,
+              std::span<const Colour> colours) {
+    ReducedCurve curve(surface, colours, series.plot.clip());
+    int passes = 1;
+    if (!isMonotonous(series)) {
+        passes = walkCurve(series.times, series.values, directions, series.detectPasses, series.plot,
+                           series.scale, curve);
+    } else if (directions) {
+        ColumnWalk(series, curve).directions();
+    } else {
+        ColumnWalk(series, curve).lines();
+    }
+    curve.finish();
+    return passes;
+}
+
+int drawBars(Surface& surface, const PlottedSeries& series, double interval,
+             std::span<const Colour> colours) {
+    ReducedBars bars(surface, colours, series.plot.clip());
+    int passes = 1;
+    if (isMonotonous(series)) {
+        mergeBars(series, interval, bars);
+    } else {
+        passes = walkBars(series.times, series.values, interval, series.detectPasses, series.plot,
+                          series.scale, bars);
+    }
+    bars.finish();
+    return passes;
+}
+
+ReducedCurve::ReducedCurve(Surface& surface, std::span<const Colour> colours, const Box& clip)
+    : surface_(surface)
+    , colours_(colours)
+    , mergeAt_(MANY_SPANS)
+    , reach_{clip.left - PEN_ROOM, clip.top - PEN_ROOM, clip.right + PEN_ROOM, clip.bottom + PEN_ROOM} {
+    surface_.setPen(colours_[0]);
+}
+
+void ReducedCurve::pass(int number) {
+    finish();
+    surface_.setPen(colours_[static_cast<std::size_t>(number)]);
+}
+
+void ReducedCurve::run(std::span<const Dot> dots) {
+    for (std::size_t i = 0; i < dots.size();) {
+        Stretch part{dots[i].x, dots[i].y, dots[i].y, dots[i].y, dots[i].y, i > 0, dots.size() == 1};
+        for (++i; i < dots.size() && dots[i].x == part.x; ++i) {
+            part.last = dots[i].y;
+            part.low = std::min(part.low, part.last);
+            part.high = std::max(part.high, part.last);
+            part.marked = true;
+        }
+        stretch(part);
+    }
+}
+
+void ReducedCurve::stretch(const Stretch& stretch) {
+    if (stretch.joined) {
+        connect(end_, {stretch.x, stretch.first});
+    }
+    if (stretch.marked) {
+        mark(stretch.x, {stretch.low, stretch.high});
+    }
+    end_ = {stretch.x, stretch.last};
+}
+
+void ReducedCurve::connect(Dot from, Dot to) {
+    const bool outside = std::max(from.x, to.x) < reach_.left || std::min(from.x, to.x) > reach_.right ||
+                         std::max(from.y, to.y) < reach_.top || std::min(from.y, to.y) > reach_.bottom;
+    if (!outside) {
+        segments_.push_back({from, to});
+    }
+}
+
+void ReducedCurve::mark(int x, Span span) {
+    if (hasColumn_ && x != column_) {
+        flushColumn();
+    }
+    hasColumn_ = true;
+    column_ = x;
+    if (spans_.size() >= mergeAt_) {
+        mergeSpans();
+        mergeAt_ = std::max(MANY_SPANS, 2 * spans_.size());
+    }
+    spans_.push_back(span);
+}
+
+/// Overlapping and touching spans of the column become one each.
+void ReducedCurve::mergeSpans() {
+    std::sort(spans_.begin(), spans_.end(), [](const Span& a, const Span& b) { return a.low < b.low; });
+    std::size_t kept = 0;
+    for (const Span& span : spans_) {
+        if (kept > 0 && span.low <= spans_[kept - 1].high + 1) {
+            spans_[kept - 1].high = std::max(spans_[kept - 1].high, span.high);
+        } else {
+            spans_[kept++] = span;
+        }
+    }
+    spans_.resize(kept);
+}
+
+void ReducedCurve::flushColumn() {
+    if (!hasColumn_) {
+        return;
+    }
+    if (spans_.size() > 1) {
+        mergeSpans();
+    }
+    if (column_ >= reach_.left && column_ <= reach_.right) {
+        for (const Span& span : spans_) {
+            const int low = std::max(span.low, reach_.top);
+            const int high = std::min(span.high, reach_.bottom);
+            if (low <= high) {
+                segments_.push_back({{column_, low}, {column_, high}});
+            }
+        }
+    }
+    spans_.clear();
+    hasColumn_ = false;
+}
+
+void ReducedCurve::finish() {
+    flushColumn();
+    if (!segments_.empty()) {
+        surface_.lines(segments_);
+        segments_.clear();
+    }
+}
+
+ReducedBars::ReducedBars(Surface& surface, std::span<const Colour> colours, const Box& clip)
+    : surface_(surface)
+    , colours_(colours)
+    , colour_(colours[0])
+    , clip_(clip)
+    , tops_(static_cast<std::size_t>(std::max(clip.right - clip.left, 0)), std::numeric_limits<int>::max()) {}
+
+void ReducedBars::pass(int number) {
+    finish();
+    colour_ = colours_[static_cast<std::size_t>(number)];
+}
+
+void ReducedBars::bar(const Box& box) {
+    base_ = box.bottom;
+    const int top = std::max(box.top, clip_.top);
+    const int right = std::min(box.right, clip_.right);
+    for (int x = std::max(box.left, clip_.left); x < right; ++x) {
+        int& highest = tops_[static_cast<std::size_t>(x - clip_.left)];
+        highest = std::min(highest, top);
+    }
+}
+
+void ReducedBars::finish() {
+    std::vector<Box> boxes;
+    for (std::size_t i = 0; i < tops_.size(); ++i) {
+        const int x = clip_.left + static_cast<int>(i);
+        if (tops_[i] == std::numeric_limits<int>::max()) {
+            continue;
+        }
+        if (!boxes.empty() && boxes.back().right == x && boxes.back().top == tops_[i]) {
+            ++boxes.back().right;
+        } else {
+            boxes.push_back({x, tops_[i], x + 1, base_});
+        }
+    }
+    if (!boxes.empty()) {
+        surface_.fill(boxes, colour_);
+    }
+    std::fill(tops_.begin(), tops_.end(), std::numeric_limits<int>::max());
+}
+
+} // namespace kelvrum

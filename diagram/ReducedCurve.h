@@ -1,0 +1,104 @@
+// A long series reduced to what the dots of a surface can show. The picture is the same, dot for dot, as with
+// every segment and every bar drawn by itself.
+#pragma once
+
+#include "diagram/PlotArea.h"
+#include "diagram/Surface.h"
+#include "util/DateTime.h"
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+namespace kelvrum {
+
+/// A series and where it is to be drawn. `times` and `values` are equally long.
+struct PlottedSeries {
+    std::span<const DateTime> times;
+    std::span<const double> values;
+    const PlotArea& plot;
+    ValueScale scale;
+    bool ascending = false;   // no time lies before the one in front of it: then there is but one pass
+    bool detectPasses = true; // off: the whole series is one pass
+};
+
+/// Whether no time lies before the one in front of it.
+bool ascend(std::span<const DateTime> times);
+
+/// Draws the curve of a series, clipped to the plot; with `directions` joined the short way round the circle.
+/// `colours` has the pen of each pass. Returns the number of passes found.
+int drawCurve(Surface& surface, const PlottedSeries& series, bool directions,
+              std::span<const Colour> colours);
+
+/// Draws the bars of a precipitation series, each as wide as `interval` (days). `colours` has the fill of
+/// each pass. Returns the number of passes found.
+int drawBars(Surface& surface, const PlottedSeries& series, double interval, std::span<const Colour> colours);
+
+/// Joined values of a curve that fall into one column of dots.
+struct Stretch {
+    int x = 0;
+    int first = 0; // y of the first and of the last value
+    int last = 0;
+    int low = 0; // least and greatest y
+    int high = 0;
+    bool joined = false; // a line leads to it from the stretch before
+    bool marked = false; // it shows by itself; else it is but the end of a line
+};
+
+/// A sink for walkCurve and for stretches: in each column of dots the vertical parts are merged into spans,
+/// and between columns one connector for each joined pair remains.
+class ReducedCurve {
+  public:
+    /// Both must outlive the curve. `colours` has the pen of each pass.
+    ReducedCurve(Surface& surface, std::span<const Colour> colours, const Box& clip);
+
+    void pass(int number);
+    void run(std::span<const Dot> dots);
+    void stretch(const Stretch& stretch);
+    /// Draws what is still to be drawn.
+    void finish();
+
+  private:
+    struct Span {
+        int low;
+        int high;
+    };
+
+    void mark(int x, Span span);
+    void connect(Dot from, Dot to);
+    void flushColumn();
+    void mergeSpans();
+
+    Surface& surface_;
+    std::span<const Colour> colours_;
+    std::size_t mergeAt_; // number of spans at which they are merged
+    Box reach_;           // what can be seen, with room for the width of the pen
+    bool hasColumn_ = false;
+    int column_ = 0;
+    Dot end_;                 // of the stretch before
+    std::vector<Span> spans_; // vertical parts of the column
+    std::vector<Segment> segments_;
+};
+
+/// A sink for walkBars: draws the outline that all bars fill together, for each column of dots the highest
+/// bar, neighbours of equal height in one box.
+class ReducedBars {
+  public:
+    /// Both must outlive the bars. `colours` has the fill of each pass.
+    ReducedBars(Surface& surface, std::span<const Colour> colours, const Box& clip);
+
+    void pass(int number);
+    void bar(const Box& box);
+    /// Draws what is still to be drawn.
+    void finish();
+
+  private:
+    Surface& surface_;
+    std::span<const Colour> colours_;
+    Colour colour_ = BLACK;
+    Box clip_;
+    int base_ = 0;
+    std::vector<int> tops_; // for each column of the clip
+};
+
+} // namespace kelvrum
