@@ -8,6 +8,11 @@ function(kelvrum_settings target)
         target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
                                                  $<$<BOOL:${KELVRUM_WERROR}>:-Werror>)
     endif()
+    # Products and sums are rounded one by one on every processor. Nobody reads the errno of a square root or the
+    # floating-point flags.
+    if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+        target_compile_options(${target} PRIVATE -ffp-contract=off -fno-math-errno -fno-trapping-math)
+    endif()
     if(KELVRUM_SANITIZE)
         target_compile_options(${target} PRIVATE -fsanitize=${KELVRUM_SANITIZE} -fno-sanitize-recover=all
                                                  -fno-omit-frame-pointer)

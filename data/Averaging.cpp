@@ -57,9 +57,12 @@ void averageBlocks(const BlockRun& run, std::int32_t mode, std::span<double> res
                        [](double v) { return isPresent(v) ? v : INVALID_VALUE; });
         return;
     }
+    if (mode == MODE_WIND_DIRECTION) {
+        windMeans(run.values, run.paired, n, results.first(run.blocks));
+        return;
+    }
     for (std::size_t i = 0; i < run.blocks; ++i) {
-        const auto paired = run.paired.empty() ? run.paired : run.paired.subspan(i * n, n);
-        results[i] = blockAverage(run.values.subspan(i * n, n), mode, paired);
+        results[i] = blockAverage(run.values.subspan(i * n, n), mode, {});
     }
 }
 

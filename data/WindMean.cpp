@@ -3,7 +3,9 @@
 #include "util/Validity.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <vector>
 
 namespace kelvrum {
 
@@ -27,13 +29,103 @@ double directionOf(double x, double y, double r) {
 }
 
 /// North is reported as 360, never as 0 nor as a hair beside it.
-double asReported(double d, bool used) {
-    constexpr double NORTH_TOLERANCE = 1e-9;
-    if (!used) {
-        return INVALID_VALUE;
-    }
-    return validate(d <= NORTH_TOLERANCE || d >= 360 - NORTH_TOLERANCE ? 360 : d);
+bool isNorth(double d) {
+    constexpr double TOLERANCE = 1e-9;
+    return d <= TOLERANCE || d >= 360 - TOLERANCE;
 }
+
+/// Wind vectors as X and Y, taken through each step together: loops without branches and calls are many times
+/// faster than one vector after the other, and round the same.
+class WindVectors {
+  public:
+    explicit WindVectors(std::size_t minutes)
+        : x_(std::max<std::size_t>(minutes, 1))
+        , y_(x_.size())
+        , speed_(x_.size())
+        , sine_(x_.size())
+        , tangent_(x_.size()) {}
+
+    /// One vector for each minute; directions in degrees.
+    void setMinutes(std::span<const double> directions, std::span<const double> speeds) {
+        for (std::size_t i = 0; i < directions.size(); ++i) {
+            const bool present = isPresent(directions[i]) && isPresent(speeds[i]);
+            const double angle = directions[i] * TO_RADIANS;
+            x_[i] = present ? std::sin(angle) * speeds[i] : 0;
+            y_[i] = present ? std::cos(angle) * speeds[i] : 0;
+            speed_[i] = present ? std::fabs(speeds[i]) : NOT_USED;
+        }
+    }
+
+    /// From one vector for each minute to one for each block.
+    void addUp(std::size_t minutes, std::size_t blocks) {
+        // The recursion takes the direction from an arcsine, which is coarse close to east and west, and
+        // loses it where the vectors nearly cancel. A block whose running vector comes so close to either (as
+        // parts of the squared length) goes the recursion's own way.
+        constexpr double CLOSE_TO_EAST_WEST = 1e-10;
+        constexpr double CLOSE_TO_CANCELLING = 1e-12;
+        for (std::size_t block = 0; block < blocks; ++block) {
+            double x = 0;
+            double y = 0;
+            double speed = NOT_USED;
+            for (std::size_t i = block * minutes; i < (block + 1) * minutes; ++i) {
+                if (speed_[i] == NOT_USED) {
+                    continue;
+                }
+                x += x_[i];
+                y += y_[i];
+                speed += speed_[i];
+                const double square = x * x + y * y;
+                if (!(y * y > CLOSE_TO_EAST_WEST * square) ||
+                    !(square > CLOSE_TO_CANCELLING * speed * speed)) {
+                    speed = DOUBTFUL;
+                    break;
+                }
+            }
+            x_[block] = x;
+            y_[block] = y;
+            speed_[block] = speed;
+        }
+    }
+
+    /// The directions as reported, of as many vectors as there are results: by the steps of directionOf.
+    void directions(std::span<double> results) {
+        constexpr std::array<double, 2> MIDDLE = {0, 180};
+        constexpr std::array<double, 2> SIDE = {1, -1};
+        constexpr std::array<double, 2> TURN = {0, 360};
+        const std::size_t count = results.size();
+        for (std::size_t i = 0; i < count; ++i) {
+            const double r = std::sqrt(x_[i] * x_[i] + y_[i] * y_[i]);
+            const bool hasDirection = r > CANCELLED * speed_[i];
+            const double q = x_[i] / r;
+            sine_[i] = hasDirection ? q : 0;
+            y_[i] = hasDirection ? y_[i] : 0;
+            tangent_[i] = sine_[i] / std::sqrt(1 - sine_[i] * sine_[i]);
+        }
+        for (std::size_t i = 0; i < count; ++i) {
+            tangent_[i] = std::atan(tangent_[i]);
+        }
+        for (std::size_t i = 0; i < count; ++i) {
+            const double arcsine = std::fabs(sine_[i]) < 1 ? tangent_[i] * TO_DEGREES : 90 * sine_[i];
+            const std::size_t lower = y_[i] < 0 ? 1 : 0; // half plane; a table, since it cannot be foreseen
+            double d = MIDDLE[lower] + SIDE[lower] * arcsine;
+            d += TURN[d < 0 ? 1 : 0];
+            results[i] = speed_[i] > NOT_USED ? (isNorth(d) ? 360 : d) : INVALID_VALUE;
+        }
+    }
+
+    [[nodiscard]] bool isDoubtful(std::size_t block) const { return speed_[block] == DOUBTFUL; }
+
+  private:
+    // In the place of a sum of speeds, which is above 0.
+    static constexpr double NOT_USED = 0;
+    static constexpr double DOUBTFUL = -1;
+
+    std::vector<double> x_;
+    std::vector<double> y_;
+    std::vector<double> speed_;   // sum of the magnitudes added
+    std::vector<double> sine_;    // x / r
+    std::vector<double> tangent_; // of the direction, then its arctangent
+};
 
 } // namespace
 
@@ -58,35 +150,45 @@ double windMeanByMinutes(std::span<const double> directions, std::span<const dou
         }
         used = true;
     }
-    return asReported(d, used);
+    if (!used) {
+        return INVALID_VALUE;
+    }
+    return isNorth(d) ? 360 : d;
 }
 
 double windMean(std::span<const double> directions, std::span<const double> speeds) {
-    // The recursion takes the direction from an arcsine, which is coarse close to east and west, and loses
-    // it where the vectors nearly cancel. A block whose running vector comes so close to either (as parts of
-    // the squared length) goes the recursion's own way.
-    constexpr double CLOSE_TO_EAST_WEST = 1e-10;
-    constexpr double CLOSE_TO_CANCELLING = 1e-12;
-    double x = 0;
-    double y = 0;
-    double speedSum = 0;
-    bool used = false;
-    const std::size_t minutes = std::min(directions.size(), speeds.size());
-    for (std::size_t i = 0; i < minutes; ++i) {
-        if (!isPresent(directions[i]) || !isPresent(speeds[i])) {
-            continue;
-        }
-        const double angle = directions[i] * TO_RADIANS;
-        x += std::sin(angle) * speeds[i];
-        y += std::cos(angle) * speeds[i];
-        speedSum += std::fabs(speeds[i]);
-        const double square = x * x + y * y;
-        if (!(y * y > CLOSE_TO_EAST_WEST * square) || !(square > CLOSE_TO_CANCELLING * speedSum * speedSum)) {
-            return windMeanByMinutes(directions, speeds);
-        }
-        used = true;
+    std::array<double, 1> result{};
+    windMeans(directions, speeds, directions.size(), result);
+    return result[0];
+}
+
+void windMeans(std::span<const double> directions, std::span<const double> speeds, std::size_t minutes,
+               std::span<double> results) {
+    if (speeds.size() < directions.size()) {
+        std::fill(results.begin(), results.end(), INVALID_VALUE);
+        return;
     }
-    return asReported(used ? directionOf(x, y, std::sqrt(x * x + y * y)) : 0, used);
+    constexpr std::size_t PIECE_MINUTES = 1024; // worked on together, so that they stay in the fast memory
+    const std::size_t most = std::clamp<std::size_t>(PIECE_MINUTES / std::max<std::size_t>(minutes, 1), 1,
+                                                     std::max<std::size_t>(results.size(), 1));
+    WindVectors vectors(most * minutes);
+    for (std::size_t block = 0; block < results.size(); block += most) {
+        const std::size_t blocks = std::min(most, results.size() - block);
+        const auto d = directions.subspan(block * minutes, blocks * minutes);
+        const auto s = speeds.subspan(block * minutes, blocks * minutes);
+        const auto means = results.subspan(block, blocks);
+        vectors.setMinutes(d, s);
+        if (minutes != 1) {
+            vectors.addUp(minutes, blocks);
+        }
+        vectors.directions(means);
+        for (std::size_t i = 0; i < blocks; ++i) {
+            if (vectors.isDoubtful(i)) {
+                means[i] =
+                    windMeanByMinutes(d.subspan(i * minutes, minutes), s.subspan(i * minutes, minutes));
+            }
+        }
+    }
 }
 
 } // namespace kelvrum

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <random>
@@ -207,6 +208,43 @@ TEST(WindMean, AgreesWithTheRuleMinuteByMinute) {
                 }
             }
         }
+    }
+}
+
+TEST(WindMean, ASingleMinuteOfAnySpeedIsTheRuleItself) {
+    for (const double degree : {0.001, 45.0, 90.0, 180.0, 269.5, 270.0, 359.9999, 720.25, -30.0}) {
+        for (const double speed : {1e-300, 1e-170, 1e-5, 99999899.0, -3.0}) {
+            const std::vector<double> directions = {degree};
+            const std::vector<double> speeds = {speed};
+            EXPECT_EQ(windMean(directions, speeds), literalWindMean(directions, speeds))
+                << degree << " " << speed;
+        }
+    }
+}
+
+TEST(WindMean, OfManyBlocksIsTheMeanOfEach) {
+    std::mt19937 random(11); // NOLINT(cert-msc51-cpp): the same blocks at every run
+    for (const std::size_t minutes : {1U, 5U, 7U, 60U, 1440U}) {
+        const std::size_t blocks = 5000 / minutes + 2;
+        std::vector<double> directions;
+        std::vector<double> speeds;
+        for (const Weather weather : {Weather::gaps, Weather::nearEast, Weather::any}) {
+            const auto d = drawDirections(random, weather, blocks * minutes);
+            const auto s = drawSpeeds(random, weather, blocks * minutes);
+            directions.insert(directions.end(), d.begin(), d.end());
+            speeds.insert(speeds.end(), s.begin(), s.end());
+        }
+        std::fill_n(speeds.begin() + static_cast<std::ptrdiff_t>(minutes), minutes, 0.0); // a block of calms
+        std::vector<double> means(3 * blocks);
+        windMeans(directions, speeds, minutes, means);
+        for (std::size_t i = 0; i < means.size(); ++i) {
+            const auto d = std::span<const double>(directions).subspan(i * minutes, minutes);
+            const auto s = std::span<const double>(speeds).subspan(i * minutes, minutes);
+            ASSERT_EQ(means[i], windMean(d, s)) << "block " << i << " of " << minutes << " minutes";
+        }
+        EXPECT_EQ(means[1], INVALID_VALUE);
+        windMeans(directions, {}, minutes, means);
+        EXPECT_EQ(std::count(means.begin(), means.end(), INVALID_VALUE), std::ssize(means));
     }
 }
 
