@@ -17,44 +17,50 @@ DataListModel::DataListModel(LocaleTexts texts, QObject* parent)
 void DataListModel::setColumns(std::vector<ListColumn> columns) {
     beginResetModel();
     columns_ = std::move(columns);
-    times_ = {};
-    values_ = {};
-    recordValues_ = {};
-    recordWidth_ = 0;
+    rows_ = {};
+    records_ = {};
     shown_ = 0;
     endResetModel();
 }
 
 void DataListModel::clear() {
-    if (shown_ > 0) {
-        beginRemoveRows({}, 0, shown_ - 1);
-        shown_ = 0;
-        endRemoveRows();
+    const bool wasShown = shown_ > 0;
+    if (wasShown) {
+        beginResetModel();
     }
-    times_ = {}; // a long list gives its memory back
-    values_ = {};
-    recordValues_ = {};
-    recordWidth_ = 0;
+    rows_.clear();
+    records_ = {};
+    shown_ = 0;
+    if (wasShown) {
+        endResetModel();
+    }
 }
 
-void DataListModel::append(DateTime time, double value) {
-    if (recordWidth_ > 0) {
+void DataListModel::append(std::span<const IntervalValue> rows) {
+    if (!records_.times.empty()) {
         clear(); // rows of one kind only
     }
-    times_.push_back(time);
-    values_.push_back(value);
+    rows_.insert(rows_.end(), rows.begin(), rows.end());
+}
+
+void DataListModel::giveBack() {
+    if (rows_.empty()) {
+        rows_.shrink_to_fit();
+    }
 }
 
 void DataListModel::setDayRows(DayRows rows) {
     clear();
-    times_ = std::move(rows.times);
-    recordValues_ = std::move(rows.values);
-    recordWidth_ = rows.channels;
+    records_ = std::move(rows);
 }
 
 void DataListModel::show() {
-    const int rows = static_cast<int>(rowsThere());
-    if (rows > shown_) {
+    const int rows = static_cast<int>(records_.times.empty() ? rows_.size() : records_.times.size());
+    if (shown_ == 0 && rows > 0) {
+        beginResetModel(); // the views lay out a full list faster than inserted rows
+        shown_ = rows;
+        endResetModel();
+    } else if (rows > shown_) {
         beginInsertRows({}, shown_, rows - 1);
         shown_ = rows;
         endInsertRows();
@@ -70,14 +76,14 @@ int DataListModel::columnCount(const QModelIndex& parent) const {
 QString DataListModel::text(int row, int column) const {
     const auto r = static_cast<std::size_t>(row);
     const auto c = static_cast<std::size_t>(column);
-    if (c == 0) {
-        return QString::fromStdString(rowTime(times_[r], texts_));
+    if (!records_.times.empty()) {
+        return QString::fromStdString(
+            c == 0 ? rowTime(records_.times[r], texts_)
+                   : shownNumber(records_.values[r * records_.channels + c - 1], texts_));
     }
-    if (recordWidth_ == 0) {
-        const double v = std::fabs(values_[r]) > SHOWN_AS_ZERO ? values_[r] : 0;
-        return QString::fromStdString(shownNumber(v, texts_));
-    }
-    return QString::fromStdString(shownNumber(recordValues_[r * recordWidth_ + c - 1], texts_));
+    const auto [time, value] = rows_[r];
+    return QString::fromStdString(c == 0 ? rowTime(time, texts_)
+                                         : shownNumber(std::fabs(value) > SHOWN_AS_ZERO ? value : 0, texts_));
 }
 
 QVariant DataListModel::data(const QModelIndex& index, int role) const {

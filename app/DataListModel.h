@@ -2,11 +2,12 @@
 #pragma once
 
 #include "config/ChannelList.h"
+#include "data/Averaging.h"
 #include "data/DayList.h"
-#include "util/DateTime.h"
 #include "util/Format.h"
 
 #include <QAbstractTableModel>
+#include <span>
 #include <vector>
 
 namespace kelvrum {
@@ -21,11 +22,17 @@ class DataListModel : public QAbstractTableModel {
     /// New columns; all rows are removed.
     void setColumns(std::vector<ListColumn> columns);
 
-    /// Removes all rows.
+    /// Removes all rows. Their memory is kept for the next ones.
     void clear();
 
-    /// Adds a row of time and value. The views see it with the next `show`.
-    void append(DateTime time, double value);
+    /// Gives back the memory of the rows that were removed.
+    void giveBack();
+
+    /// Makes room for so many rows of time and value at once.
+    void expect(std::size_t rows) { rows_.reserve(rows); }
+
+    /// Adds rows of time and value. The views see them with the next `show`.
+    void append(std::span<const IntervalValue> rows);
 
     /// Replaces the rows by records of day files. The views see them with the next `show`.
     void setDayRows(DayRows rows);
@@ -42,14 +49,10 @@ class DataListModel : public QAbstractTableModel {
     [[nodiscard]] QString text(int row, int column) const;
 
   private:
-    [[nodiscard]] std::size_t rowsThere() const { return times_.size(); }
-
     LocaleTexts texts_;
     std::vector<ListColumn> columns_;
-    std::vector<DateTime> times_;
-    std::vector<double> values_;      // one for each row ...
-    std::vector<float> recordValues_; // ... or the fields of a record, recordWidth_ for each row
-    std::size_t recordWidth_ = 0;     // 0: rows of time and value
+    std::vector<IntervalValue> rows_; // either these ...
+    DayRows records_;                 // ... or these
     int shown_ = 0;                   // rows that the views know
 };
 

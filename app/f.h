@@ -12,6 +12,7 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -101,6 +102,7 @@ class f : public QMainWindow {
     // --- f_load.cpp: loading ---
     bool FillListVarn(const TimeRange& shown, const ReadingStep& step);
     bool readViews(const ReadRequest& request, const ReadingStep& step);
+    void showRows(std::span<const IntervalValue> intervals);
     void showNothing();
     void showChannel(std::int32_t channel);
     [[nodiscard]] bool diagramSelected() const;
@@ -165,7 +167,6 @@ class f : public QMainWindow {
     DataReader reader_;
     PrintJob printJob_;
     bool pressLoaded_ = false;      // the press of the mouse has chosen another channel
-    bool collecting_ = false;       // rows are being read; they are shown together at the end
     unsigned loadNumber_ = 0;       // of the newest LoadData
     std::int32_t channelShown_ = 0; // the channel that came into view last; 0 = none
     int zoom_ = 1;                  // 1 to 25, read by nothing but the two zoom buttons

@@ -13,8 +13,23 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <span>
 
 namespace kelvrum {
+
+namespace {
+
+/// The rows of a list, at most those of a year.
+std::size_t rowsExpected(const ReadRequest& request) {
+    constexpr double YEAR = 366; // days
+    const double days = std::clamp(request.range.to - request.range.from, 0.0, YEAR);
+    return static_cast<std::size_t>(days * MINUTES_PER_DAY / std::max(request.interval, 1)) + 1;
+}
+
+} // namespace
 
 void f::LoadData() {
     const unsigned request = ++loadNumber_;
@@ -46,6 +61,9 @@ bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
         return reader_.readDayDiagram(station_, request, diagramSettings(), *KS, step) == Reading::complete &&
                FillListVarn(request.range, step);
     }
+    if (diagramSelected()) {
+        rows_->giveBack();
+    }
     if (diagramSelected() && KS->DiagTyp() == KIND_POLAR) {
         return reader_.readPolar(station_, request, diagramSettings(), *KS, step) == Reading::complete;
     }
@@ -53,10 +71,9 @@ bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
         return reader_.readDiagram(station_, request, diagramSettings(), *KS, step) == Reading::complete;
     }
     KS->SetArray(0);
-    const auto showValue = [this](DateTime time, double value) { ShowValue(time, value); };
-    collecting_ = true;
-    const bool complete = reader_.readList(station_, request, showValue, step) == Reading::complete;
-    collecting_ = false;
+    rows_->expect(rowsExpected(request));
+    const auto showValues = [this](std::span<const IntervalValue> values) { showRows(values); };
+    const bool complete = reader_.readList(station_, request, showValues, step) == Reading::complete;
     if (complete) {
         rows_->show();
     }
@@ -85,12 +102,22 @@ void f::showNothing() {
 }
 
 void f::ShowValue(DateTime MessZeit, double MessWert) {
-    if (!(std::fabs(MessWert) < INVALID_VALUE)) {
-        return;
-    }
-    rows_->append(MessZeit, MessWert);
-    if (!collecting_) {
-        rows_->show();
+    showRows(std::array{IntervalValue{MessZeit, MessWert}});
+    rows_->show();
+}
+
+/// Lists the intervals that have a value; the view sees them with the model's next `show`.
+void f::showRows(std::span<const IntervalValue> intervals) {
+    std::array<IntervalValue, 256> listed; // copied without a branch for each
+    while (!intervals.empty()) {
+        const auto piece = intervals.first(std::min(intervals.size(), listed.size()));
+        std::size_t count = 0;
+        for (const IntervalValue& one : piece) {
+            listed[count] = one;
+            count += std::fabs(one.value) < INVALID_VALUE ? 1 : 0;
+        }
+        rows_->append(std::span(listed).first(count));
+        intervals = intervals.subspan(piece.size());
     }
 }
 

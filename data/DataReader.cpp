@@ -41,6 +41,15 @@ Reading trapped(Read read) {
     }
 }
 
+/// The average of each block, in memory that is kept.
+std::span<const double> averagesOf(const BlockRun& run, std::int32_t mode, std::vector<double>& memory) {
+    if (memory.size() < run.blocks) {
+        memory.resize(run.blocks);
+    }
+    averageBlocks(run, mode, memory);
+    return std::span<const double>(memory).first(run.blocks);
+}
+
 /// Lays the intervals of day files into the table, pass after pass, and returns the number of columns.
 std::size_t fillPasses(const std::vector<DayInterval>& intervals, const ReadRequest& request, bool wide) {
     constexpr std::array<double DayInterval::*, 3> PASSES = {&DayInterval::mean, &DayInterval::minimum,
@@ -88,27 +97,28 @@ Reading DataReader::averagePieces(BlockReader& blocks, std::int32_t mode, const 
             if (step && !step()) {
                 return Reading::givenUp; // before anything of this reading is handed out over a newer one
             }
-            if (averages_.size() < run.blocks) {
-                averages_.resize(run.blocks);
-            }
-            const std::span<double> averages(averages_.data(), run.blocks);
-            averageBlocks(run, mode, averages);
-            consume(run.first, std::span<const double>(averages));
+            consume(run.first, averagesOf(run, mode, averages_));
         }
         return Reading::complete;
     });
 }
 
 Reading DataReader::readList(const StationConfig& station, const ReadRequest& request,
-                             const std::function<void(DateTime, double)>& showValue,
+                             const std::function<void(std::span<const IntervalValue>)>& showValues,
                              const ReadingStep& step) {
     return trapped([&] {
         BlockReader blocks(station, request, open_, buffers_);
         const std::int32_t mode = station.ChannelTable.at(request.channel).Mode;
+        std::array<IntervalValue, 1024> rows;
         return averagePieces(blocks, mode, step, [&](std::int64_t first, std::span<const double> values) {
+            std::size_t count = 0;
             for (std::size_t i = 0; i < values.size(); ++i) {
                 const std::int64_t number = first + static_cast<std::int64_t>(i);
-                showValue(intervalStart(request.range.from, number, request.interval), values[i]);
+                rows[count++] = {intervalStart(request.range.from, number, request.interval), values[i]};
+                if (count == rows.size() || i + 1 == values.size()) {
+                    showValues(std::span(rows).first(count));
+                    count = 0;
+                }
             }
         });
     });
@@ -143,17 +153,19 @@ Reading DataReader::readPolar(const StationConfig& station, const ReadRequest& r
     return trapped([&] {
         std::vector<std::pair<double, double>> samples; // speed, direction
         BlockReader blocks(station, request, open_, buffers_);
-        const auto n = static_cast<std::size_t>(std::max(request.interval, 1));
+        std::vector<double> speeds;
         for (BlockRun run = blocks.next(); !run.empty(); run = blocks.next()) {
             if (step && !step()) {
                 return Reading::givenUp;
             }
-            for (std::size_t i = 0; i < run.blocks && !run.paired.empty(); ++i) {
-                const auto speeds = run.paired.subspan(i * n, n);
-                const double direction =
-                    blockAverage(run.values.subspan(i * n, n), MODE_WIND_DIRECTION, speeds);
-                if (direction != INVALID_VALUE) {
-                    samples.emplace_back(blockAverage(speeds, MODE_MEAN, {}), direction);
+            if (run.paired.empty()) {
+                continue;
+            }
+            const std::span<const double> directions = averagesOf(run, MODE_WIND_DIRECTION, averages_);
+            averagesOf({run.first, run.blocks, run.paired, {}}, MODE_MEAN, speeds);
+            for (std::size_t i = 0; i < run.blocks; ++i) {
+                if (directions[i] != INVALID_VALUE) {
+                    samples.emplace_back(speeds[i], directions[i]);
                 }
             }
         }

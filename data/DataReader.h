@@ -12,6 +12,7 @@
 
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -42,9 +43,9 @@ class DataReader {
     explicit DataReader(FileOpener open = openFile)
         : open_(std::move(open)) {}
 
-    /// List reader: every interval, valid or not, in time order.
+    /// List reader: every interval, valid or not, in time order, handed out many at a time.
     Reading readList(const StationConfig& station, const ReadRequest& request,
-                     const std::function<void(DateTime MessZeit, double MessWert)>& showValue,
+                     const std::function<void(std::span<const IntervalValue>)>& showValues,
                      const ReadingStep& step);
 
     /// Diagram reader: fills the shared table from the channel's file, tells the control the count and sets

@@ -48,8 +48,8 @@ std::vector<IntervalValue> listOf(FakeFiles& files, const ReadRequest& request) 
     std::vector<IntervalValue> rows;
     EXPECT_EQ(reader.readList(
                   testStation(), request,
-                  [&](DateTime t, double v) {
-                      rows.push_back({t, v});
+                  [&](std::span<const IntervalValue> values) {
+                      rows.insert(rows.end(), values.begin(), values.end());
                   },
                   GO_ON),
               Reading::complete);

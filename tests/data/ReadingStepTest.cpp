@@ -77,7 +77,8 @@ TEST_F(ReadingSteps, GivingUpTheListHandsOutNoMore) {
         return ++steps < 2;
     };
     EXPECT_EQ(reader.readList(
-                  station, year(1, 1), [&](DateTime, double) { ++rows; }, second),
+                  station, year(1, 1), [&](std::span<const IntervalValue> values) { rows += values.size(); },
+                  second),
               Reading::givenUp);
     EXPECT_EQ(steps, 2);
     EXPECT_EQ(rows, rowsWhenGivenUp);
@@ -125,12 +126,19 @@ TEST_F(ReadingSteps, AListWithinAListWins) {
     const ReadingStep nest = [&] {
         outerWhenNested = outer;
         EXPECT_EQ(reader.readList(
-                      station, year(2, 1), [&](DateTime, double v) { inner.push_back(v); }, GO_ON),
+                      station, year(2, 1),
+                      [&](std::span<const IntervalValue> values) {
+                          for (const IntervalValue& one : values) {
+                              inner.push_back(one.value);
+                          }
+                      },
+                      GO_ON),
                   Reading::complete);
         return false;
     };
     EXPECT_EQ(reader.readList(
-                  station, year(1, 1), [&](DateTime, double) { ++outer; }, nest),
+                  station, year(1, 1), [&](std::span<const IntervalValue> values) { outer += values.size(); },
+                  nest),
               Reading::givenUp);
     EXPECT_EQ(outer, outerWhenNested);
     EXPECT_TRUE(inner == countedMinutes(YEAR, 1e6));

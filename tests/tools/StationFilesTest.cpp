@@ -156,7 +156,12 @@ std::vector<double> listed(const StationConfig& station, std::int32_t channel, c
     std::vector<double> values;
     DataReader reader;
     reader.readList(
-        station, {channel, "", range, 1}, [&values](DateTime, double value) { values.push_back(value); },
+        station, {channel, "", range, 1},
+        [&values](std::span<const IntervalValue> rows) {
+            for (const IntervalValue& row : rows) {
+                values.push_back(row.value);
+            }
+        },
         [] { return true; });
     return values;
 }

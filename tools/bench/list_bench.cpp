@@ -49,12 +49,14 @@ void listOfAYear(benchmark::State& state) {
     QTableView view;
     view.setModel(&model);
     setUp(view);
-    const auto values = yearOfMinutes(50, 40);
+    std::vector<IntervalValue> rows;
+    for (const double value : yearOfMinutes(50, 40)) {
+        rows.push_back({43466 + static_cast<double>(rows.size()) / MINUTES_PER_DAY, value});
+    }
     for (auto _ : state) {
         model.clear();
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            model.append(43466 + static_cast<double>(i) / MINUTES_PER_DAY, values[i]);
-        }
+        model.expect(rows.size());
+        model.append(rows);
         model.show();
         QCoreApplication::processEvents();
     }
