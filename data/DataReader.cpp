@@ -109,16 +109,18 @@ Reading DataReader::readList(const StationConfig& station, const ReadRequest& re
     return trapped([&] {
         BlockReader blocks(station, request, open_, buffers_);
         const std::int32_t mode = station.ChannelTable.at(request.channel).Mode;
-        std::array<IntervalValue, 1024> rows;
+        constexpr std::size_t MANY = 512;
+        std::array<DateTime, MANY> starts;
+        std::array<IntervalValue, MANY> rows;
         return averagePieces(blocks, mode, step, [&](std::int64_t first, std::span<const double> values) {
-            std::size_t count = 0;
-            for (std::size_t i = 0; i < values.size(); ++i) {
-                const std::int64_t number = first + static_cast<std::int64_t>(i);
-                rows[count++] = {intervalStart(request.range.from, number, request.interval), values[i]};
-                if (count == rows.size() || i + 1 == values.size()) {
-                    showValues(std::span(rows).first(count));
-                    count = 0;
+            for (std::size_t done = 0; done < values.size(); done += MANY) {
+                const std::size_t count = std::min(MANY, values.size() - done);
+                intervalStarts(request.range.from, first + static_cast<std::int64_t>(done), request.interval,
+                               std::span(starts).first(count));
+                for (std::size_t i = 0; i < count; ++i) {
+                    rows[i] = {starts[i], values[done + i]};
                 }
+                showValues(std::span(rows).first(count));
             }
         });
     });

@@ -58,20 +58,44 @@ struct Gathered {
     }
 };
 
-/// Intervals by number. Records come nearly always in time order: then the last interval is the one.
+struct Interval {
+    std::int64_t index;
+    Gathered gathered;
+};
+
+/// Intervals by number. Records come nearly always in time order: they lie one behind the other then.
 class Intervals {
   public:
     Gathered& at(std::int64_t index) {
-        if (last_ == intervals_.end() || last_->first != index) {
-            last_ = intervals_.try_emplace(intervals_.end(), index);
+        if (inOrder_.empty() || index > inOrder_.back().index) {
+            inOrder_.push_back({index, {}});
         }
-        return last_->second;
+        if (index == inOrder_.back().index) {
+            return inOrder_.back().gathered;
+        }
+        const auto found =
+            std::lower_bound(inOrder_.begin(), inOrder_.end(), index,
+                             [](const Interval& one, std::int64_t i) { return one.index < i; });
+        return found->index == index ? found->gathered : late_[index];
     }
-    [[nodiscard]] const std::map<std::int64_t, Gathered>& all() const { return intervals_; }
+
+    /// Hands all of them to `consume(index, gathered)` by ascending number.
+    template<typename Consume>
+    void each(Consume consume) const {
+        auto late = late_.begin();
+        for (const Interval& one : inOrder_) {
+            for (; late != late_.end() && late->first < one.index; ++late) {
+                consume(late->first, late->second);
+            }
+            consume(one.index, one.gathered);
+        }
+    }
+
+    [[nodiscard]] std::size_t count() const { return inOrder_.size() + late_.size(); }
 
   private:
-    std::map<std::int64_t, Gathered> intervals_;
-    std::map<std::int64_t, Gathered>::iterator last_ = intervals_.end();
+    std::vector<Interval> inOrder_;
+    std::map<std::int64_t, Gathered> late_; // whose first record came after one of a later interval
 };
 
 } // namespace
@@ -159,9 +183,10 @@ std::optional<std::vector<DayInterval>> readDayIntervals(const StationConfig& st
             return std::nullopt;
         }
     }
-    for (const auto& [index, gathered] : intervals.all()) {
+    result.reserve(intervals.count());
+    intervals.each([&result](std::int64_t index, const Gathered& gathered) {
         result.push_back({index, gathered.mean(), gathered.minimum, gathered.maximum});
-    }
+    });
     return result;
 }
 

@@ -6,6 +6,7 @@
 #include "util/Paths.h"
 #include "util/Text.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <map>
@@ -32,6 +33,12 @@ std::map<std::string, std::vector<std::string>> byDate(const std::vector<std::st
         }
     }
     return result;
+}
+
+/// Days that a range touches, at most those of a year.
+std::size_t daysOf(const TimeRange& range) {
+    constexpr double YEAR = 366;
+    return static_cast<std::size_t>(std::clamp(std::ceil(range.to - range.from), 1.0, YEAR));
 }
 
 } // namespace
@@ -68,13 +75,19 @@ std::optional<DayRows> readDayRows(const StationConfig& station, const TimeRange
             if (!file) {
                 continue;
             }
+            if (rows.times.empty()) {
+                rows.reserve(daysOf(range) *
+                             (file->size() / recordSize)); // as if all were as long as the first
+            }
             readDayRecords(*file, recordSize, [&](const DayRecord& record) {
                 if (record.time < range.from || record.time > range.to) {
                     return;
                 }
                 rows.times.push_back(record.time);
+                const std::size_t filled = rows.values.size();
+                rows.values.resize(filled + rows.channels);
                 for (std::size_t i = 0; i < rows.channels; ++i) {
-                    rows.values.push_back(record.value(i * fieldSize));
+                    rows.values[filled + i] = record.value(i * fieldSize);
                 }
             });
             if (step && !step()) {

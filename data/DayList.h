@@ -17,6 +17,12 @@ struct DayRows {
     std::size_t channels = 0;
     std::vector<DateTime> times;
     std::vector<float> values; // rows x channels; of wide records the means
+
+    /// Makes room for so many rows.
+    void reserve(std::size_t rows) {
+        times.reserve(rows);
+        values.reserve(rows * channels);
+    }
 };
 
 /// The files of one day: those whose name starts with the date and ends in ".KMH" (any case), in byte order;

@@ -119,6 +119,19 @@ TEST(IntervalStart, NeverDrifts) {
     }
 }
 
+TEST(IntervalStarts, AreTheStartsOfEach) {
+    for (const std::int32_t interval : {1, 5, 15, 1440, 100000}) {
+        for (const std::int64_t first : {0LL, 7LL, 525'599LL, 40'000'000LL}) {
+            std::vector<DateTime> starts(700);
+            intervalStarts(START + 0.3, first, interval, starts);
+            for (std::size_t i = 0; i < starts.size(); ++i) {
+                ASSERT_EQ(starts[i],
+                          intervalStart(START + 0.3, first + static_cast<std::int64_t>(i), interval));
+            }
+        }
+    }
+}
+
 TEST(IntervalStart, OfHalfAMillionIntervalsOfADay) {
     // Beyond 32 bits in minutes.
     EXPECT_EQ(intervalStart(0, 2'000'000, 1440), 2'000'000);

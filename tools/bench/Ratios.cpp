@@ -1,4 +1,4 @@
-#include "Ratios.h"
+#include "tools/bench/Ratios.h"
 
 #include <cstdio>
 #include <utility>

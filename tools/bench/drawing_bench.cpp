@@ -1,9 +1,9 @@
 // A year of columns on a picture of 900 x 600, beside every segment drawn as a line of its own.
-#include "Ratios.h"
-#include "Year.h"
 #include "diagram/Curve.h"
 #include "diagram/LineDiagram.h"
 #include "diagram/PainterSurface.h"
+#include "tools/bench/Ratios.h"
+#include "tools/bench/Year.h"
 
 #include <QImage>
 #include <vector>

@@ -1,7 +1,7 @@
 // The list of a year of minutes, filled and shown, beside a bare table view on a trivial model.
-#include "Ratios.h"
-#include "Year.h"
 #include "app/DataListModel.h"
+#include "tools/bench/Ratios.h"
+#include "tools/bench/Year.h"
 #include "util/DateTime.h"
 
 #include <QApplication>

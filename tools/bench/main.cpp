@@ -1,5 +1,5 @@
 // Runs all benchmarks and closes with the table of ratios.
-#include "Ratios.h"
+#include "tools/bench/Ratios.h"
 
 #include <QApplication>
 

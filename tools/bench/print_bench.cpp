@@ -1,9 +1,9 @@
 // A batch of ten year pages: from the series to a finished document.
-#include "Ratios.h"
-#include "Year.h"
 #include "diagram/LineDiagram.h"
 #include "diagram/PagePicture.h"
 #include "diagram/PainterSurface.h"
+#include "tools/bench/Ratios.h"
+#include "tools/bench/Year.h"
 
 #include <QFileInfo>
 #include <QPrinter>

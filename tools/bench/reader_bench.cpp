@@ -1,72 +1,19 @@
 // One year of one channel at every interval, from the file to the SeriesTable, beside one plain read of the
 // file and one plain pass over its values.
-#include "Ratios.h"
-#include "Year.h"
-#include "config/StationConfig.h"
 #include "data/ChannelFormat.h"
 #include "data/DataReader.h"
 #include "diagram/DiagramState.h"
-#include "util/LittleEndian.h"
+#include "tools/bench/BenchStation.h"
+#include "tools/bench/Ratios.h"
+#include "tools/bench/Year.h"
 #include "util/Validity.h"
 
 #include <array>
-#include <filesystem>
-#include <fstream>
 #include <string>
 
 namespace kelvrum::bench {
 
 namespace {
-
-constexpr int SPEED = 4;
-constexpr int DIRECTION = 5;
-constexpr int DUST = 7;
-constexpr int RAIN = 12;
-
-/// Channel files of a year in a folder of their own, removed at the end.
-class BenchStation {
-  public:
-    BenchStation()
-        : folder_(std::filesystem::temp_directory_path() / "kelvrum-bench") {
-        std::filesystem::create_directories(folder_);
-        config.Kind = ConfigKind::ini;
-        config.DataFolder = folder_.string() + "/";
-        write(SPEED, MODE_MEAN, yearOfMinutes(5, 4));
-        write(DIRECTION, MODE_WIND_DIRECTION, yearOfMinutes(200, 150));
-        write(DUST, MODE_MEAN, yearOfMinutes(40, 30));
-        write(RAIN, MODE_SUM, yearOfMinutes(1, 0.9));
-        config.ChannelTable.grow(DIRECTION).PairedChannel = SPEED;
-    }
-    BenchStation(const BenchStation&) = delete;
-    BenchStation& operator=(const BenchStation&) = delete;
-    ~BenchStation() { std::filesystem::remove_all(folder_); }
-
-    [[nodiscard]] std::string file(int channel) const { return config.DataFolder + channelFileName(channel); }
-
-    StationConfig config;
-
-  private:
-    static std::string channelFileName(int channel) {
-        const std::string number = std::to_string(channel);
-        return "Kanal" + std::string(number.size() < 2 ? "0" : "") + number + "_2019.chn";
-    }
-    void write(int channel, std::int32_t mode, std::vector<double> values) {
-        config.ChannelTable.grow(channel).Mode = mode;
-        fromLittle(values);
-        std::ofstream out(file(channel), std::ios::binary);
-        const std::string header(chn::HEADER_SIZE, '\0');
-        out.write(header.data(), static_cast<std::streamsize>(header.size()));
-        out.write(reinterpret_cast<const char*>(values.data()),
-                  static_cast<std::streamsize>(values.size() * 8));
-    }
-
-    std::filesystem::path folder_;
-};
-
-const BenchStation& station() {
-    static const BenchStation made;
-    return made;
-}
 
 void plainRead(benchmark::State& state) {
     static std::vector<std::byte> buffer(chn::HEADER_SIZE + YEAR * chn::VALUE_SIZE);
@@ -118,7 +65,7 @@ void reader(benchmark::State& state) {
     const auto interval = static_cast<std::int32_t>(state.range(1));
     DataReader data;
     DiagramState diagram;
-    const ReadRequest request{channel, {}, {dateSerial(2019, 1, 1), dateSerial(2020, 1, 1)}, interval};
+    const ReadRequest request{channel, {}, benchYear(), interval};
     for (auto _ : state) {
         data.readDiagram(station().config, request, {}, diagram, {});
         benchmark::DoNotOptimize(diagram.DataCount());

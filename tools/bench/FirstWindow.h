@@ -1,0 +1,44 @@
+// What the benchmarks of the window share: the year in view, and what a small program says of its memory.
+#pragma once
+
+#include <QCoreApplication>
+#include <QDate>
+#include <QDateEdit>
+#include <QSignalBlocker>
+#include <cstdio>
+#include <fstream>
+#include <string>
+
+namespace kelvrum::bench {
+
+/// Resident memory of this process in kB, as Linux counts it; 0 elsewhere.
+inline long residentMemory() {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.rfind("VmRSS:", 0) == 0) {
+            return std::stol(line.substr(6));
+        }
+    }
+    return 0;
+}
+
+/// Sets the pickers of the main window to the year of the bench station; loads nothing.
+inline void showYear(const QObject& window) {
+    const auto set = [&window](const char* name, const QDate& date) {
+        auto* picker = window.findChild<QDateEdit*>(QString::fromUtf8(name));
+        const QSignalBlocker quiet(picker);
+        picker->setDate(date);
+    };
+    set("DTPicker", QDate(2019, 1, 1));
+    set("DTPicker2", QDate(2020, 1, 1));
+}
+
+/// Lets the window be painted, prints the memory and gives the exit code.
+inline int paintAndEnd() {
+    QCoreApplication::processEvents();
+    std::printf("%ld\n", residentMemory());
+    std::fflush(stdout);
+    return 0;
+}
+
+} // namespace kelvrum::bench

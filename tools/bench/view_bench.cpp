@@ -1,0 +1,247 @@
+// The whole road of one view in the real window, from the file to the painted picture, beside the sum of what
+// it cannot do without: the reading, one pass that finds the extremes of each column of dots, their lines,
+// and a picture painted on a window.
+#include "app/f.h"
+#include "diagram/PolarSys.h"
+#include "tools/bench/BenchStation.h"
+#include "tools/bench/FirstWindow.h"
+#include "tools/bench/Ratios.h"
+#include "tools/bench/Year.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPainter>
+#include <QScrollBar>
+#include <QTableView>
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+namespace kelvrum::bench {
+
+namespace {
+
+constexpr QSize WINDOW(1020, 660); // leaves 900 x 600 for the diagram
+
+/// The window on the shared station, a year of minutes of dust in view.
+class Viewer {
+  public:
+    Viewer() {
+        Environment environment;
+        environment.today = [] { return QDate(2019, 12, 31); };
+        environment.programFolder = QString::fromStdString(station().folder());
+        window = std::make_unique<f>(environment);
+        window->resize(WINDOW);
+        window->Form_Load();
+        window->show();
+        showChannel(DUST);
+        click("Option1"); // the automatic scale: all of the curve is to be seen
+        showYear(*window);
+        window->LoadData();
+        QCoreApplication::processEvents();
+    }
+
+    template<typename Control>
+    Control& the(const char* name) const {
+        return *window->findChild<Control*>(QString::fromUtf8(name));
+    }
+    void click(const char* name) const {
+        the<QAbstractButton>(name).click();
+        QCoreApplication::processEvents();
+    }
+    void showChannel(int channel) const {
+        auto& list = the<QListWidget>("selChan");
+        for (int row = 0; row < list.count(); ++row) {
+            if (list.item(row)->data(Qt::UserRole).toInt() == channel) {
+                list.setCurrentRow(row);
+            }
+        }
+        QCoreApplication::processEvents();
+    }
+    void pressInterval(Qt::Key key) const {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(&the<QComboBox>("selInterval"), &press);
+        QCoreApplication::processEvents();
+    }
+
+    std::unique_ptr<f> window;
+};
+
+void wholeRoad(benchmark::State& state, int channel) {
+    const Viewer viewer;
+    viewer.showChannel(channel);
+    for (auto _ : state) {
+        viewer.window->LoadData();
+        QCoreApplication::processEvents();
+    }
+    state.counters["columns"] = static_cast<double>(viewer.the<PolarSys>("KS").DataCount());
+}
+BENCHMARK_CAPTURE(wholeRoad, mean, DUST)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(wholeRoad, sum, RAIN)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(wholeRoad, wind, DIRECTION)->Unit(benchmark::kMillisecond);
+
+/// Finds the extremes of each column of dots and draws them, without axes, gaps or clipping.
+void barePicture(benchmark::State& state) {
+    const auto values = yearOfMinutes(50, 40);
+    QImage picture(900, 600, QImage::Format_RGB32);
+    std::vector<QLine> lines;
+    for (auto _ : state) {
+        picture.fill(Qt::white);
+        lines.clear();
+        int column = 0;
+        int low = 600;
+        int high = 0;
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            const int x = static_cast<int>(static_cast<double>(i) * (900.0 / YEAR));
+            const int y = 600 - static_cast<int>(values[i] * 6);
+            if (x != column) {
+                lines.emplace_back(column, low, column, high);
+                lines.emplace_back(column, high, x, y);
+                column = x;
+                low = y;
+                high = y;
+            }
+            low = std::min(low, y);
+            high = std::max(high, y);
+        }
+        QPainter painter(&picture);
+        painter.setPen(Qt::blue);
+        painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+    }
+}
+BENCHMARK(barePicture)->Unit(benchmark::kMillisecond);
+
+class PictureWidget : public QWidget {
+  public:
+    QPixmap picture{900, 600};
+
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override { QPainter(this).drawPixmap(0, 0, picture); }
+};
+
+void barePainting(benchmark::State& state) {
+    PictureWidget widget;
+    widget.picture.fill(Qt::white);
+    widget.resize(widget.picture.size());
+    widget.show();
+    QCoreApplication::processEvents();
+    for (auto _ : state) {
+        widget.update();
+        QCoreApplication::processEvents();
+    }
+}
+BENCHMARK(barePainting)->Unit(benchmark::kMillisecond);
+
+void changeOfChannel(benchmark::State& state) {
+    const Viewer viewer;
+    int channel = DUST;
+    for (auto _ : state) {
+        channel = channel == DUST ? SPEED : DUST;
+        viewer.showChannel(channel);
+    }
+}
+BENCHMARK(changeOfChannel)->Unit(benchmark::kMillisecond);
+
+void changeOfInterval(benchmark::State& state) {
+    const Viewer viewer;
+    bool longer = true;
+    for (auto _ : state) {
+        viewer.pressInterval(longer ? Qt::Key_Down : Qt::Key_Up);
+        longer = !longer;
+    }
+}
+BENCHMARK(changeOfInterval)->Unit(benchmark::kMillisecond);
+
+void scrollByADay(benchmark::State& state) {
+    const Viewer viewer;
+    bool forward = false;
+    for (auto _ : state) {
+        viewer.click(forward ? "Command8" : "Command7");
+        forward = !forward;
+    }
+    state.counters["columns"] = static_cast<double>(viewer.the<PolarSys>("KS").DataCount());
+}
+BENCHMARK(scrollByADay)->Unit(benchmark::kMillisecond);
+
+void resizing(benchmark::State& state) {
+    const Viewer viewer;
+    int step = 0;
+    for (auto _ : state) {
+        viewer.window->resize(WINDOW + QSize(step % 2 == 0 ? 40 : 0, 0));
+        QCoreApplication::processEvents();
+        ++step;
+    }
+}
+BENCHMARK(resizing)->Unit(benchmark::kMillisecond);
+
+void changeOfScale(benchmark::State& state) {
+    const Viewer viewer;
+    bool automatic = true;
+    for (auto _ : state) {
+        viewer.click(automatic ? "Option1" : "Option2");
+        automatic = !automatic;
+    }
+}
+BENCHMARK(changeOfScale)->Unit(benchmark::kMillisecond);
+
+void zoom(benchmark::State& state) {
+    const Viewer viewer;
+    bool nearer = true;
+    for (auto _ : state) {
+        viewer.click(nearer ? "Command2" : "Command1");
+        nearer = !nearer;
+    }
+}
+BENCHMARK(zoom)->Unit(benchmark::kMillisecond);
+
+/// The list of the real window: read, filled, laid out and painted anew.
+void listRefilled(benchmark::State& state) {
+    const Viewer viewer;
+    viewer.click("optView(1)");
+    for (auto _ : state) {
+        viewer.window->LoadData();
+        QCoreApplication::processEvents();
+    }
+    state.counters["rows"] = viewer.the<QTableView>("lView").model()->rowCount();
+}
+BENCHMARK(listRefilled)->Unit(benchmark::kMillisecond);
+
+void listScrolledToItsEnd(benchmark::State& state) {
+    const Viewer viewer;
+    viewer.click("optView(1)");
+    auto& list = viewer.the<QTableView>("lView");
+    bool down = true;
+    for (auto _ : state) {
+        down ? list.scrollToBottom() : list.scrollToTop();
+        QCoreApplication::processEvents();
+        down = !down;
+    }
+}
+BENCHMARK(listScrolledToItsEnd)->Unit(benchmark::kMillisecond);
+
+const std::vector<std::string> READ_AND_DRAW = {"plainRead", "plainPass", "barePicture", "barePainting"};
+const std::vector<std::string> DRAW = {"barePicture", "barePainting"};
+
+const bool RATIOS =
+    addRatio({"whole road, mean, beside the sum of its limits", "wholeRoad/mean", READ_AND_DRAW}) &&
+    addRatio({"whole road, sum, beside the sum of its limits", "wholeRoad/sum", READ_AND_DRAW}) &&
+    addRatio({"whole road, wind, beside the sum of its limits",
+              "wholeRoad/wind",
+              {"plainRead", "plainRead", "sineAndCosine", "barePicture", "barePainting"}}) &&
+    addRatio({"change of channel", "changeOfChannel", READ_AND_DRAW}) &&
+    addRatio({"change of interval (1 and 5 minutes)", "changeOfInterval", READ_AND_DRAW}) &&
+    addRatio({"scroll by a day", "scrollByADay", READ_AND_DRAW}) &&
+    addRatio({"resizing", "resizing", DRAW}) && addRatio({"change of scale", "changeOfScale", DRAW}) &&
+    addRatio({"zoom", "zoom", DRAW}) &&
+    addRatio({"list of the window refilled, beside reading and a bare view",
+              "listRefilled",
+              {"plainRead", "plainPass", "bareListOfAYear"}});
+
+} // namespace
+
+} // namespace kelvrum::bench
