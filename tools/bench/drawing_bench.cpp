@@ -79,7 +79,8 @@ void drawing(benchmark::State& state) {
     state.counters["primitives"] = static_cast<double>(surface.primitives);
 }
 BENCHMARK(drawing)
-    ->ArgsProduct({{KIND_LINE, KIND_PRECIPITATION, KIND_DIRECTION}, {1'440, 525'600, 10'000'000}})
+    ->ArgsProduct({{KIND_LINE, KIND_PRECIPITATION, KIND_DIRECTION, KIND_LINE_4},
+                   {1'440, 525'600, 10'000'000}})
     ->Unit(benchmark::kMillisecond);
 
 /// Every segment on its own, in one batch.

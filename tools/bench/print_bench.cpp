@@ -1,13 +1,14 @@
-// A batch of ten year pages: from the series to a finished document.
+// A batch of ten year pages: from the channel files to a finished document.
+#include "data/DataReader.h"
 #include "diagram/LineDiagram.h"
 #include "diagram/PagePicture.h"
 #include "diagram/PainterSurface.h"
-#include "tools/bench/Ratios.h"
-#include "tools/bench/Year.h"
+#include "tools/bench/BenchStation.h"
 
 #include <QFileInfo>
 #include <QPrinter>
 #include <QTemporaryDir>
+#include <benchmark/benchmark.h>
 #include <memory>
 #include <vector>
 
@@ -15,23 +16,16 @@ namespace kelvrum::bench {
 
 namespace {
 
-constexpr DateTime START = 43466; // 2019-01-01
 constexpr int PAGES = 10;
 
 void batchOfTenYears(benchmark::State& state) {
     const QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("batch.pdf"));
+    DataReader reader;
     DiagramState control;
     control.initialise();
-    const auto values = yearOfMinutes(50, 40);
-    seriesTable().resize(values.size());
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        seriesTable().set(i, START + static_cast<double>(i) / MINUTES_PER_DAY,
-                          values[i] == 0 ? NoValue : values[i], NoValue);
-    }
-    control.SetArray(static_cast<std::int32_t>(values.size()));
-    control.setXLow(START);
-    control.setXHigh(START + 365);
+    control.setXLow(benchYear().from);
+    control.setXHigh(benchYear().to);
     for (auto _ : state) {
         QPrinter printer(QPrinter::HighResolution);
         printer.setOutputFormat(QPrinter::PdfFormat);
@@ -43,6 +37,8 @@ void batchOfTenYears(benchmark::State& state) {
         const Resolution resolution = Resolution::page(printer.resolution());
         std::vector<std::unique_ptr<PagePicture>> pages;
         for (int i = 0; i < PAGES; ++i) {
+            const std::int32_t channel = i % 2 == 0 ? DUST : SPEED;
+            reader.readDiagram(station().config, {channel, {}, benchYear(), 1}, {}, control, {});
             pages.push_back(std::make_unique<PagePicture>(size, resolution));
             drawLineDiagram(*pages.back(), control, DiagramLayout::page(), {});
         }
