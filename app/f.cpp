@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFocusEvent>
 #include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -27,6 +28,7 @@ f::f(Environment environment)
     buildViews();
     buildColumn();
     nameForReaders();
+    buildKeys();
     connectControls();
     setCaption();
 }
@@ -88,6 +90,9 @@ bool f::eventFilter(QObject* watched, QEvent* event) {
     }
     if (event->type() == QEvent::MouseButtonPress && watched == selChan->viewport()) {
         pressLoaded_ = false; // channelChosen tells when the press chooses
+    }
+    if (event->type() == QEvent::KeyPress && watched == KS && diagramKey(*static_cast<QKeyEvent*>(event))) {
+        return true;
     }
     if (event->type() == QEvent::Resize && watched == client_) {
         Form_Resize();

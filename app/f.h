@@ -24,6 +24,7 @@ class QDate;
 class QDateEdit;
 class QFrame;
 class QGroupBox;
+class QKeyEvent;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -104,10 +105,15 @@ class f : public QMainWindow {
     bool readViews(const ReadRequest& request, const ReadingStep& step);
     void showRows(std::span<const IntervalValue> intervals);
     void showNothing();
+    void describeView();
     void showChannel(std::int32_t channel);
     [[nodiscard]] bool diagramSelected() const;
     [[nodiscard]] std::int32_t selectedChannel() const;
     [[nodiscard]] DiagramSettings diagramSettings() const;
+
+    // --- f_keys.cpp: keys of the whole window and of the diagram ---
+    void buildKeys();
+    bool diagramKey(const QKeyEvent& key);
 
     // --- f_range.cpp: the pickers and what moves them ---
     enum class Side { start, end };

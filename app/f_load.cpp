@@ -1,6 +1,7 @@
 // Loading: from the chosen channel, range and interval to list rows or a diagram.
 #include "app/DataListModel.h"
 #include "app/f.h"
+#include "diagram/DiagramSummary.h"
 #include "diagram/PolarSys.h"
 #include "util/BusyPointer.h"
 #include "util/Numbers.h"
@@ -50,7 +51,16 @@ void f::LoadData() {
     }
     checkMenu(true);
     SetXHigh();
+    describeView();
     Label8->hide();
+}
+
+/// The diagram as text, for a reader of the screen.
+void f::describeView() {
+    KS->setAccessibleName(QStringLiteral("Diagramm: ") + QString::fromStdString(KS->HeadLine()));
+    KS->setAccessibleDescription(diagramSelected()
+                                     ? QString::fromStdString(diagramSummary(*KS, environment_.texts))
+                                     : QStringLiteral("Die Werte stehen in der Datenliste."));
 }
 
 /// Reads what the view shows. The view that is not shown keeps nothing of an older request. False when the

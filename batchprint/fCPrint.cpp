@@ -97,11 +97,14 @@ void fCPrint::saveSettings() {
         return;
     }
     if (const std::error_code error = kelvrum::saveSettings(settings)) {
-        owner_.dialogs.message(this,
-                               QStringLiteral("Die Datei „%1“ konnte nicht geschrieben werden: %2")
-                                   .arg(QString::fromUtf8(SETTINGS_FILE.data()),
-                                        QString::fromLocal8Bit(error.message().c_str())),
-                               TITLE);
+        owner_.dialogs.message(
+            this,
+            QStringLiteral("Die Datei „%1“ konnte nicht geschrieben werden: %2.\n"
+                           "Die bisherigen Einstellungen bleiben. Bitte sorgen Sie für Platz und "
+                           "Schreibrecht und speichern Sie noch einmal.")
+                .arg(QString::fromUtf8(SETTINGS_FILE.data()),
+                     QString::fromLocal8Bit(error.message().c_str())),
+            TITLE);
     } else {
         owner_.dialogs.message(this, QStringLiteral("Die Einstellungen wurden gespeichert."), TITLE);
     }

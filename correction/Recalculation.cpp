@@ -128,7 +128,8 @@ class YearRecalculation {
     }
 
     [[nodiscard]] std::string failure(const std::string& reason) const {
-        return "Die Datei „" + targetPath_ + "“ kann nicht geschrieben werden: " + reason;
+        return "Die Datei „" + targetPath_ + "“ kann nicht geschrieben werden: " + reason +
+               ".\nBitte sorgen Sie für Platz und Schreibrecht und berechnen Sie den Zeitraum noch einmal.";
     }
 
     double factor_;

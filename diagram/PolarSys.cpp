@@ -8,6 +8,8 @@
 
 #include <QPainter>
 #include <QPalette>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
 #include <exception>
 #include <utility>
 
@@ -98,7 +100,14 @@ void PolarSys::paintEvent(QPaintEvent* /*event*/) {
     if (stale_ || pb_.size() != pictureSize()) { // asked for, or resized since
         drawPicture();
     }
-    QPainter(this).drawPixmap(0, 0, pb_);
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, pb_);
+    if (hasFocus()) { // the style shows a frame to those who work with keys
+        QStyleOptionFocusRect frame;
+        frame.initFrom(this);
+        frame.backgroundColor = toQColor(BgCol());
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
+    }
 }
 
 void PolarSys::requestRepaint() {

@@ -102,7 +102,8 @@ void PrintJob::end() {
     const bool printed = send(pages) && isThere();
     restoreOrientation();
     if (!printed) {
-        throw PrintError("Der Druckauftrag wurde vom Drucker „" + name.toStdString() + "“ nicht angenommen.");
+        throw PrintError("Der Druckauftrag wurde vom Drucker „" + name.toStdString() +
+                         "“ nicht angenommen. Bitte prüfen Sie den Drucker und drucken Sie noch einmal.");
     }
 }
 

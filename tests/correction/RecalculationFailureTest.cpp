@@ -18,6 +18,10 @@
 namespace kelvrum {
 namespace {
 
+/// What every message ends with.
+const std::string ADVICE =
+    ".\nBitte sorgen Sie für Platz und Schreibrecht und berechnen Sie den Zeitraum noch einmal.";
+
 namespace fs = std::filesystem;
 using namespace kelvrum::testing;
 using ::testing::AllOf;
@@ -85,7 +89,7 @@ TEST(Recalculation, AWriteThatFailsEndsTheRun) {
         const TimeRange range = between({2021, 1, 2, 0, 0}, {2021, 12, 30, 0, 0});
         EXPECT_EQ(recalculate(year.station, {CorrectionMode::dust, range, 2}, files),
                   "Die Datei „" + year.path(15, 2021) +
-                      "“ kann nicht geschrieben werden: Der Datenträger ist voll");
+                      "“ kann nicht geschrieben werden: Der Datenträger ist voll" + ADVICE);
         EXPECT_EQ(targets.writes, failing);
         expectRestUntouched(year, 15, 2021, 1440, 363 * 1440);
 
@@ -254,7 +258,8 @@ TEST(Recalculation, TargetThatDoesNotOpen) {
     };
     const TimeRange range = between({2020, 1, 1, 0, 10}, {2021, 1, 1, 0, 19});
     EXPECT_EQ(recalculate(laid.station, {CorrectionMode::dust, range, 2}, files),
-              "Die Datei „" + laid.path(15, 2020) + "“ kann nicht geschrieben werden: Zugriff verweigert");
+              "Die Datei „" + laid.path(15, 2020) + "“ kann nicht geschrieben werden: Zugriff verweigert" +
+                  ADVICE);
     EXPECT_EQ(openings, 1);
     EXPECT_EQ(laid.changes(), "");
 }

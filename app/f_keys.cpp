@@ -1,0 +1,30 @@
+// Keys that work wherever the focus is, and those of the diagram.
+#include "app/f.h"
+#include "diagram/PolarSys.h"
+
+#include <QAction>
+#include <QKeyEvent>
+
+namespace kelvrum {
+
+void f::buildKeys() {
+    menOpen->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
+    menPrint->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
+    auto* reload = new QAction(this); // without an entry in a menu
+    reload->setObjectName(QStringLiteral("reload"));
+    reload->setShortcut(QKeySequence(Qt::Key_F5));
+    addAction(reload);
+    connect(reload, &QAction::triggered, this, &f::LoadData);
+    KS->installEventFilter(this);
+}
+
+/// The page keys scroll the range by the scroll unit, as the buttons do. True when the key was one.
+bool f::diagramKey(const QKeyEvent& key) {
+    if (key.modifiers() != Qt::NoModifier || (key.key() != Qt::Key_PageUp && key.key() != Qt::Key_PageDown)) {
+        return false;
+    }
+    scrollRange(key.key() == Qt::Key_PageUp ? -1 : +1);
+    return true;
+}
+
+} // namespace kelvrum

@@ -1,0 +1,64 @@
+#include "diagram/DiagramSummary.h"
+
+#include "diagram/Curve.h"
+#include "diagram/LineScale.h"
+#include "diagram/SeriesTable.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <span>
+
+namespace kelvrum {
+
+namespace {
+
+/// "Titel." without a second full stop; an empty text stays empty.
+std::string sentence(const std::string& text) {
+    return text.empty() ? text : text + (text.ends_with('.') ? " " : ". ");
+}
+
+std::string counted(std::int64_t count) {
+    return count == 0 ? "Keine Werte." : count == 1 ? "1 Wert." : std::to_string(count) + " Werte.";
+}
+
+/// Columns before a second pass over the range begins.
+std::size_t firstPass(std::span<const DateTime> times, DateTime xLow) {
+    PassDetector passes(xLow);
+    const auto second =
+        std::find_if(times.begin(), times.end(), [&](DateTime t) { return passes.starts(t); });
+    return static_cast<std::size_t>(second - times.begin());
+}
+
+std::string valuesOf(const DiagramState& state, const LocaleTexts& texts) {
+    const SeriesTable& table = seriesTable();
+    const std::size_t columns =
+        std::min(static_cast<std::size_t>(std::max(state.DataCount(), 0)), table.columns());
+    const auto times = table.row(SeriesTable::TIME).first(columns);
+    const auto values = table.row(SeriesTable::Y1).first(firstPass(times, state.XLow()));
+    const SeriesScan scan = scanSeries(values);
+    if (scan.count == 0) {
+        return counted(0);
+    }
+    const std::string unit = state.Einheit().empty() ? "" : " " + state.Einheit();
+    const auto shown = [&](double v) { return formatNumber(v, "########0.0##", texts) + unit; };
+    std::size_t last = values.size() - 1;
+    while (!isValidPoint(values[last]) || values[last] == 0) {
+        --last;
+    }
+    return counted(scan.count) + " Kleinster " + shown(scan.minimum) + ", größter " + shown(scan.maximum) +
+           ", Mittel " + shown(scan.sum / static_cast<double>(scan.count)) + ", letzter " +
+           shown(values[last]) + " am " + rowTime(times[last], texts) + ".";
+}
+
+} // namespace
+
+std::string diagramSummary(const DiagramState& state, const LocaleTexts& texts) {
+    std::string text = sentence(state.HeadLine()) + sentence(state.HeadLine2());
+    if (state.DiagTyp() == KIND_POLAR) {
+        return text + "Windrose, " + counted(state.sampleCount());
+    }
+    text += "Von " + rowTime(state.XLow(), texts) + " bis " + rowTime(state.XHigh(), texts) + ". ";
+    return text + valuesOf(state, texts);
+}
+
+} // namespace kelvrum

@@ -1,0 +1,16 @@
+// What a diagram shows, as text: for those who have the screen read out to them.
+#pragma once
+
+#include "diagram/DiagramState.h"
+#include "util/Format.h"
+
+#include <string>
+
+namespace kelvrum {
+
+/// The titles, the range, and of series 1 the number of values, the smallest, greatest, mean and last one
+/// with their unit; of stored minima and maxima, which follow as further passes, nothing. Of a polar diagram
+/// the titles and the number of its samples. German, in whole sentences.
+std::string diagramSummary(const DiagramState& state, const LocaleTexts& texts);
+
+} // namespace kelvrum

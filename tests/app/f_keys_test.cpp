@@ -1,0 +1,114 @@
+// Work without a mouse: keys of the window and of the diagram, and the diagram as text.
+#include "diagram/PolarSys.h"
+#include "tests/app/WindowFixture.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QMenu>
+#include <QTest>
+
+namespace kelvrum {
+
+using namespace kelvrum::testing;
+
+class f_keys_test : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void f5Reloads() {
+        WindowFixture fixture;
+        for (const char* focus : {"selChan", "KS", "Command7", "DTPicker"}) {
+            fixture.the<QWidget>(focus).setFocus();
+            fixture.files.opened = 0;
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_F5);
+            QVERIFY2(fixture.files.opened == 1, focus);
+        }
+    }
+
+    void menusNameTheirKeys() {
+        const WindowFixture fixture;
+        QCOMPARE(fixture.the<QAction>("menOpen").shortcut(), QKeySequence(Qt::CTRL | Qt::Key_O));
+        QCOMPARE(fixture.the<QAction>("menPrint").shortcut(), QKeySequence(Qt::CTRL | Qt::Key_P));
+        QVERIFY(fixture.the<QWidget>("selChan").toolTip().contains(QStringLiteral("F5")));
+        QVERIFY(fixture.the<QWidget>("Command7").toolTip().contains(QStringLiteral("Bild auf")));
+        QVERIFY(fixture.the<QWidget>("Command8").toolTip().contains(QStringLiteral("Bild ab")));
+    }
+
+    void controlOOpens() {
+        const WindowFixture fixture;
+        const TempFolder other;
+        const std::string path = other.write("QEL.ini", "PROJEKTNAME=Anderswo\n");
+        fixture.dialogs->file = QString::fromStdString(path);
+        QTest::keyClick(&fixture.the<QWidget>("selChan"), Qt::Key_O, Qt::ControlModifier);
+        QCOMPARE(fixture.window->station().ProjectName, std::string("Anderswo"));
+    }
+
+    void pageKeysScrollTheRangeOfTheDiagram() {
+        WindowFixture fixture;
+        auto& diagram = fixture.the<QWidget>("KS");
+        diagram.setFocus();
+        const TimeRange before = fixture.window->range();
+        fixture.files.opened = 0;
+        QTest::keyClick(&diagram, Qt::Key_PageDown);
+        QCOMPARE(fixture.window->range().from, before.from + 1);
+        QCOMPARE(fixture.window->range().to, before.to + 1);
+        QCOMPARE(fixture.files.opened, 1);
+        QTest::keyClick(&diagram, Qt::Key_PageUp);
+        QTest::keyClick(&diagram, Qt::Key_PageUp);
+        QCOMPARE(fixture.window->range().from, before.from - 1);
+        auto& unit = fixture.the<QComboBox>("selScroll");
+        QTest::keyClick(&unit, Qt::Key_Up); // hours
+        QTest::keyClick(&diagram, Qt::Key_PageDown);
+        QVERIFY(std::abs(fixture.window->range().from - (before.from - 1 + 1.0 / 24)) < 1e-9);
+        const double now = fixture.window->range().from;
+        QTest::keyClick(&diagram, Qt::Key_PageDown, Qt::ControlModifier);
+        QTest::keyClick(&diagram, Qt::Key_Down);
+        QCOMPARE(fixture.window->range().from, now);
+    }
+
+    void pageKeysElsewhereAreTheControls() {
+        const WindowFixture fixture;
+        const TimeRange before = fixture.window->range();
+        fixture.the<QWidget>("selChan").setFocus();
+        QTest::keyClick(&fixture.the<QWidget>("selChan"), Qt::Key_PageDown);
+        QCOMPARE(fixture.window->range().from, before.from);
+    }
+
+    /// A frame around the diagram tells that the keys are its own; a click brings none.
+    void theFocusIsToBeSeen() {
+        const WindowFixture fixture;
+        auto& diagram = fixture.the<QWidget>("KS");
+        const QImage without = diagram.grab().toImage();
+        QTest::mouseClick(&diagram, Qt::LeftButton);
+        QVERIFY(diagram.hasFocus());
+        QCOMPARE(diagram.grab().toImage(), without);
+        fixture.the<QWidget>("HScroll").setFocus();
+        QTest::keyClick(&fixture.the<QWidget>("HScroll"), Qt::Key_Backtab);
+        QVERIFY(diagram.hasFocus());
+        QVERIFY(diagram.grab().toImage() != without);
+        fixture.the<QWidget>("selChan").setFocus();
+        QCOMPARE(diagram.grab().toImage(), without);
+    }
+
+    void aReaderHearsTheDiagram() {
+        const WindowFixture fixture;
+        const auto& diagram = fixture.the<QWidget>("KS");
+        QVERIFY(diagram.accessibleName().contains(QStringLiteral("Windgeschwindigkeit")));
+        QVERIFY2(diagram.accessibleDescription().contains(QStringLiteral("1320 Werte.")),
+                 qPrintable(diagram.accessibleDescription()));
+        QVERIFY(diagram.accessibleDescription().contains(QStringLiteral("bis 19.06.2020 00:00")));
+        fixture.chooseChannel(2);
+        QVERIFY(diagram.accessibleName().contains(QStringLiteral("Staub")));
+        QVERIFY(diagram.accessibleDescription().contains(QStringLiteral("µg/m³ am 18.06.2020 23:59")));
+        fixture.chooseInterval(4);
+        QVERIFY(diagram.accessibleDescription().contains(QStringLiteral("24 Werte.")));
+        fixture.click("optView(1)");
+        QVERIFY(diagram.accessibleDescription().contains(QStringLiteral("Datenliste")));
+    }
+};
+
+} // namespace kelvrum
+
+QTEST_MAIN(kelvrum::f_keys_test)
+#include "f_keys_test.moc"
