@@ -19,6 +19,14 @@ namespace kelvrum {
 
 namespace {
 constexpr int ROW_DAYS = 2; // of selScroll
+
+/// A home that is missing or full keeps nobody from looking at a station.
+QString noProgramFolder(const QString& folder) {
+    return QStringLiteral("Der Programmordner „%1“ ist nicht zugänglich.\n"
+                          "Projekte lassen sich über „Datei“ – „Öffnen“ ansehen; die Einstellungen des "
+                          "Sammeldrucks liegen nun im aktuellen Ordner „%2“.")
+        .arg(folder, QDir::currentPath());
+}
 } // namespace
 
 f::f(Environment environment)
@@ -72,7 +80,10 @@ void f::Form_Load() {
     Text1->setText(QString::fromStdString(plainNumber(manualMinimum_)));
     Text2->setText(QString::fromStdString(plainNumber(manualMaximum_)));
 
-    QDir::setCurrent(environment_.programFolder);
+    if (!QDir::setCurrent(environment_.programFolder)) {
+        environment_.dialogs->message(this, noProgramFolder(environment_.programFolder),
+                                      QStringLiteral("Kelvrum"));
+    }
     readConf(environment_.programFolder.toStdString() + "\\QEL.ini");
     LoadData();
 

@@ -243,6 +243,21 @@ class f_start_test : public QObject {
         QVERIFY(QDir(data).exists());
     }
 
+    void withoutProgramFolder() {
+        auto missing = emptyFolder();
+        const QString path = QString::fromStdString(missing->path().string());
+        QVERIFY(QDir().rmdir(path));
+        const QString before = QDir::currentPath();
+        const WindowFixture fixture(std::move(missing));
+        QCOMPARE(fixture.dialogs->messages.size(), 1);
+        const QString expected =
+            QStringLiteral("Kelvrum: Der Programmordner „%1“ ist nicht zugänglich.").arg(path);
+        QVERIFY2(fixture.dialogs->messages[0].startsWith(expected), qPrintable(fixture.dialogs->messages[0]));
+        QVERIFY(fixture.dialogs->messages[0].contains(before));
+        QCOMPARE(QDir::currentPath(), before);
+        QCOMPARE(fixture.window->windowTitle(), QStringLiteral("Kelvrum - Station "));
+    }
+
     void locales_data() {
         QTest::addColumn<QLocale>("locale");
         QTest::addColumn<QString>("expected"); // decimal, date separator, short date
