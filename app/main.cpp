@@ -1,4 +1,5 @@
 // The program: one main window on the station in the program folder.
+#include "app/Appearance.h"
 #include "app/ProgramFolder.h"
 #include "app/SystemLocale.h"
 #include "app/f.h"
@@ -8,7 +9,7 @@
 
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("kelvrum"));
+    kelvrum::introduce(application);
 
     kelvrum::Environment environment;
     environment.today = QDate::currentDate;

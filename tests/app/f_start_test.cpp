@@ -1,4 +1,5 @@
 // Start-up of the main window: its controls, its menus, its defaults, and its end.
+#include "app/Appearance.h"
 #include "app/ProgramFolder.h"
 #include "app/SystemLocale.h"
 #include "diagram/PolarSys.h"
@@ -10,6 +11,9 @@
 #include <QDateEdit>
 #include <QDir>
 #include <QGroupBox>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -256,6 +260,25 @@ class f_start_test : public QObject {
         QVERIFY(fixture.dialogs->messages[0].contains(before));
         QCOMPARE(QDir::currentPath(), before);
         QCOMPARE(fixture.window->windowTitle(), QStringLiteral("Kelvrum - Station "));
+    }
+
+    void namedToTheDesktop() {
+        introduce(*qGuiApp);
+        QCOMPARE(QCoreApplication::applicationName(), QStringLiteral("kelvrum"));
+        QCOMPARE(QGuiApplication::desktopFileName(), QStringLiteral("org.kelvrum.Kelvrum"));
+        const QIcon icon = QGuiApplication::windowIcon();
+        for (const int size : {16, 32, 48, 128, 256}) {
+            const QImage picture = icon.pixmap(size, size).toImage();
+            QCOMPARE(picture.size(), QSize(size, size));
+            QCOMPARE(qAlpha(picture.pixel(size / 2, size / 2)), 255);
+        }
+    }
+
+    void qtSpeaksGerman() {
+        if (!speakGerman(*qGuiApp)) {
+            QSKIP("no German texts of Qt on this machine");
+        }
+        QCOMPARE(plain(QCoreApplication::translate("QPlatformTheme", "Cancel")), QStringLiteral("Abbrechen"));
     }
 
     void locales_data() {
