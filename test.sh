@@ -33,13 +33,14 @@ run_tests() {
     ctest --preset "$1" -j2 || exit $?
 }
 
-step packages need_packages $BUILD_PACKAGES $TEST_PACKAGES
+step packages need_packages $BUILD_PACKAGES $TEST_PACKAGES $PACKAGING_PACKAGES
 step format tools/checks/format.sh
 step plain plain
 step clang build clang
 step tidy tools/checks/tidy.sh
 step "build (debug)" build debug
 step "build (asan)" build asan
+step package tools/checks/package.sh
 run_tests debug
 echo "== tests (debug): $(($(date +%s) - began)) s"
 run_tests asan

@@ -8,6 +8,8 @@ PICTURE_PACKAGES="xvfb xdotool imagemagick"
 # To test: second compiler, formatter, linter, test and benchmark libraries, a printer's scheduler, readers of its pages.
 TEST_PACKAGES="clang clang-format clang-tidy libgtest-dev libgmock-dev libbenchmark-dev xvfb xdotool imagemagick
     cups cups-client cups-filters poppler-utils"
+# To make the package for installation, to check it and to install it into a fresh root.
+PACKAGING_PACKAGES="dpkg-dev file lintian desktop-file-utils appstream man-db mmdebstrap xvfb xdotool x11-utils"
 # Qt's own texts in German. The program does without where the distribution has no such package.
 GOOD_PACKAGES="qt6-translations-l10n"
 
