@@ -1,6 +1,7 @@
 #!/bin/sh
 # Every check there is: format, the core without Qt, both compilers, the linter, and all tests without and with
-# sanitizers. Ends with CTest's closing lines and its exit code; a step before that fails ends it at once.
+# sanitizers, in several languages and time zones. Ends with CTest's closing lines and its exit code; a step before
+# that fails ends it at once.
 set -eu
 cd -P "$(dirname "$0")"
 . tools/packages.sh
@@ -26,11 +27,10 @@ build() { use_preset "$1" && cmake --build --preset "$1"; }
 
 plain() { build plain && tools/checks/plain.sh; }
 
-# run_tests PRESET : when a test fails, CTest's closing lines are the last ones.
+# run_tests PRESET LOCALE ZONE : when a test fails, CTest's closing lines are the last ones.
 run_tests() {
-    echo "== tests ($1)"
     began=$(date +%s)
-    ctest --preset "$1" -j2 || exit $?
+    tools/checks/locales.sh "$@" || exit $?
 }
 
 step packages need_packages $BUILD_PACKAGES $TEST_PACKAGES $PACKAGING_PACKAGES
@@ -41,6 +41,7 @@ step tidy tools/checks/tidy.sh
 step "build (debug)" build debug
 step "build (asan)" build asan
 step package tools/checks/package.sh
-run_tests debug
+run_tests debug C UTC
 echo "== tests (debug): $(($(date +%s) - began)) s"
-run_tests asan
+run_tests debug en_US.UTF-8 Europe/Berlin
+run_tests asan de_DE.UTF-8 Pacific/Auckland
