@@ -2,6 +2,7 @@
 // the next good project as usual.
 #include "diagram/PolarSys.h"
 #include "tests/app/WindowFixture.h"
+#include "tests/testing/OrdinaryUser.h"
 
 #include <QApplication>
 #include <QListWidget>
@@ -120,11 +121,42 @@ class f_broken_test : public QObject {
         survive(std::move(folder));
     }
 
+    void unreadableFiles_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("channels");
+        QTest::newRow("configuration") << QStringLiteral("QEL.ini") << 0;
+        QTest::newRow("channel file") << QStringLiteral("Data/Kanal07_2020.chn") << 1;
+        QTest::newRow("data folder") << QStringLiteral("Data") << 1;
+    }
     void unreadableFiles() {
+        QFETCH(QString, name);
+        QFETCH(int, channels);
+        const OrdinaryUser user;
+        const TempFolder closed;
+        closed.write("QEL.ini", ONE_CHANNEL);
+        closed.write("Data/Kanal07_2020.chn", channelFile(std::vector<double>(TEST_DAY_MINUTE + 1440, 1.5)));
+        const std::filesystem::path path = closed.path() / name.toStdString();
+        std::filesystem::permissions(path, std::filesystem::perms::none);
+        const WindowFixture fixture;
+        fixture.window->readConf(closed.at("QEL.ini"));
+        fixture.window->LoadData();
+        QCOMPARE(fixture.the<QListWidget>("selChan").count(), channels);
+        QCOMPARE(fixture.the<PolarSys>("KS").DataCount(), 0);
+        fixture.click("optView(1)");
+        QCOMPARE(fixture.the<QTableView>("lView").model()->rowCount(), 0);
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+
+        // Once it may be read, everything is there.
+        std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+        fixture.window->readConf(closed.at("QEL.ini"));
+        fixture.window->LoadData();
+        QCOMPARE(fixture.the<QTableView>("lView").model()->rowCount(), 1440);
+    }
+
+    void unreadableAtStart() {
+        const OrdinaryUser user;
         auto folder = std::make_unique<TempFolder>();
-        folder->write("QEL.ini", ONE_CHANNEL);
-        const std::string chn = folder->write("Data/Kanal07_2020.chn", std::string(5000, 'x'));
-        std::filesystem::permissions(chn, std::filesystem::perms::none);
+        std::filesystem::permissions(folder->write("QEL.ini", ONE_CHANNEL), std::filesystem::perms::none);
         survive(std::move(folder));
     }
 

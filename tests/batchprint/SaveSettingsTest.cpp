@@ -1,5 +1,6 @@
 #include "batchprint/SettingsFile.h"
 #include "tests/batchprint/SettingsBytes.h"
+#include "tests/testing/OrdinaryUser.h"
 #include "util/Paths.h"
 
 #include <filesystem>
@@ -27,15 +28,6 @@ const std::vector<MadeRecord> TWO_RECORDS = {
     {1, 0, -0.1, 1e-9, 5, 1, 0.30000000000000004, -99999999, 1},
     {0, 1, 0, 100, 0, 0, 7.5, 0, 0},
 };
-
-/// Whether this user is stopped by write protection; the system's administrator is not.
-bool protectionHolds(const TempFolder& folder) {
-    const std::string probe = folder.write("probe", "");
-    fs::permissions(probe, fs::perms::owner_read);
-    const bool holds = !std::ofstream(probe, std::ios::app);
-    fs::remove(probe);
-    return holds;
-}
 
 TEST(SaveSettings, ByteForByte) {
     const TempFolder folder;
@@ -133,10 +125,8 @@ TEST(SaveSettings, FolderInTheWay) {
 }
 
 TEST(SaveSettings, ProtectedFolder) {
+    const OrdinaryUser user;
     const TempFolder folder;
-    if (!protectionHolds(folder)) {
-        GTEST_SKIP() << "this user may write everywhere";
-    }
     const std::string path = folder.write("Sammeldruck.cfg", "old");
     fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
     const std::error_code error = saveSettings(TWO_ROWS, path);
@@ -146,10 +136,8 @@ TEST(SaveSettings, ProtectedFolder) {
 }
 
 TEST(SaveSettings, ProtectedFile) {
+    const OrdinaryUser user;
     const TempFolder folder;
-    if (!protectionHolds(folder)) {
-        GTEST_SKIP() << "this user may write everywhere";
-    }
     const std::string path = folder.write("Sammeldruck.cfg", "old");
     fs::permissions(path, fs::perms::owner_read);
     EXPECT_EQ(saveSettings(TWO_ROWS, path), std::errc::permission_denied);
