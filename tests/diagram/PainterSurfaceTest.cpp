@@ -1,126 +1,11 @@
-// The surface on a painter: what its primitives paint, and that a reduced series paints the very same picture
-// as its segments and bars one by one.
+// The surface on a painter: what its primitives paint.
 #include "diagram/PainterSurface.h"
-
-#include "diagram/Curve.h"
-#include "diagram/PlotArea.h"
-#include "diagram/ReducedCurve.h"
 
 #include <QImage>
 #include <QTest>
-#include <algorithm>
-#include <random>
-#include <vector>
 
 namespace kelvrum {
 namespace {
-
-constexpr Colour PASS_COLOURS[] = {0x0000FF, 0xFF0000, 0x008000};
-
-/// Hands every segment, point and bar to the surface by itself.
-class OneByOne {
-  public:
-    explicit OneByOne(Surface& surface)
-        : surface_(surface) {
-        pass(0);
-    }
-    void pass(int number) {
-        colour_ = PASS_COLOURS[number];
-        surface_.setPen(colour_);
-    }
-    void run(std::span<const Dot> dots) {
-        surface_.moveTo(dots[0]);
-        if (dots.size() == 1) {
-            surface_.lineTo(dots[0]);
-        }
-        for (const Dot& dot : dots.subspan(1)) {
-            surface_.lineTo(dot);
-        }
-    }
-    void bar(const Box& box) { surface_.fill({&box, 1}, colour_); }
-
-  private:
-    Surface& surface_;
-    Colour colour_ = BLACK;
-};
-
-/// Numbers that are the same with every standard library.
-class Random {
-  public:
-    explicit Random(unsigned seed)
-        : engine_(seed) {}
-    double upTo(double limit) { return limit * static_cast<double>(engine_()) / 4294967296.0; }
-    double between(double low, double high) { return low + upTo(high - low); }
-    bool oneIn(int n) { return engine_() % static_cast<unsigned>(n) == 0; }
-    std::size_t pick(std::size_t n) { return engine_() % n; }
-
-  private:
-    std::mt19937 engine_;
-};
-
-struct Trial {
-    std::vector<double> times;
-    std::vector<double> values;
-    TimeRange range{0, 1};
-    ValueRange heights{0, 100};
-};
-
-/// A series with gaps, spikes, lone points, plateaus and passes, seen through a random window.
-Trial randomTrial(Random& random, bool directions) {
-    const std::size_t lengths[] = {1, 2, 3, 40, 300, 1440, 6000};
-    const int gapEvery[] = {2, 3, 30, 500};
-    const std::size_t length = lengths[random.pick(std::size(lengths))];
-    const int gaps = gapEvery[random.pick(std::size(gapEvery))];
-    const double roughness = random.oneIn(2) ? 2 : 60;
-    const bool ascending = random.oneIn(2); // as the readers of channel files lay their series
-    const std::size_t passes = ascending ? 1 : 1 + random.pick(4);
-    Trial trial;
-    for (std::size_t pass = 0; pass < passes; ++pass) {
-        double v = random.between(0, 100);
-        for (std::size_t i = 0; i < length; ++i) {
-            v = random.oneIn(40) ? v
-                : directions     ? random.between(0, 360)
-                                 : v + random.between(-roughness, roughness);
-            v = v < -150 || v > 250 ? 50 : v;
-            double shown = v;
-            if (random.oneIn(gaps)) {
-                shown = random.oneIn(2) ? 999999 : -99999900;
-            } else if (random.oneIn(200)) {
-                shown = random.oneIn(2) ? 999998 : -500000;
-            } else if (random.oneIn(50)) {
-                shown = 0;
-            }
-            const auto step = static_cast<double>(random.oneIn(100) ? (ascending ? i - i % 3 : 0) : i);
-            trial.times.push_back(ascending && i > 0
-                                      ? std::max(trial.times.back(), step / static_cast<double>(length))
-                                      : step / static_cast<double>(length));
-            trial.values.push_back(shown);
-        }
-    }
-    if (random.oneIn(3)) { // zoomed into a part of the time
-        trial.range.from = random.between(-0.2, 0.8);
-        trial.range.to = trial.range.from + random.between(0.0001, 0.4);
-    }
-    if (directions) {
-        trial.heights = {0, random.oneIn(3) ? 200.0 : 540.0};
-    } else if (random.oneIn(3)) {
-        trial.heights.low = random.between(-50, 80);
-        trial.heights.high = trial.heights.low + random.between(0.001, 60);
-    } else if (random.oneIn(8)) {
-        trial.heights = {100, 0};
-    }
-    return trial;
-}
-
-template<typename Draw>
-QImage paint(Extent size, double scale, const PlotArea& plot, Draw draw) {
-    QImage image(size.width, size.height, QImage::Format_RGB32);
-    PainterSurface surface(image, size, scale);
-    surface.clear(WHITE);
-    surface.setClip(plot.clip());
-    draw(surface);
-    return image;
-}
 
 /// Paints dark lines on white and tells which dots are painted, row by row.
 QString painted(const QImage& image) {
@@ -284,47 +169,6 @@ class PainterSurfaceTest : public QObject {
         }
         QVERIFY(!dark.isEmpty());
         QVERIFY(QRect(19, 10, extent.width + 2, extent.height).contains(dark));
-    }
-
-    void aReducedSeriesIsTheSamePicture_data() {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<double>("scale");
-        for (const int kind : {KIND_LINE, KIND_PRECIPITATION, KIND_DIRECTION, KIND_LINE_4}) {
-            for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
-                QTest::addRow("kind %d, scale %g", kind, scale) << kind << scale;
-            }
-        }
-    }
-    void aReducedSeriesIsTheSamePicture() {
-        QFETCH(int, kind);
-        QFETCH(double, scale);
-        const Extent sizes[] = {{90, 100}, {200, 150}, {333, 257}, {640, 200}};
-        int different = 0;
-        for (unsigned seed = 0; seed < 40; ++seed) {
-            Random random(seed * 16 + static_cast<unsigned>(kind));
-            const bool directions = kind == KIND_DIRECTION;
-            const Trial trial = randomTrial(random, directions);
-            const Extent logical = sizes[seed % std::size(sizes)];
-            const Extent size{static_cast<int>(logical.width * scale),
-                              static_cast<int>(logical.height * scale)};
-            const PlotArea plot(DiagramLayout(), size, scale, trial.range);
-            const ValueScale heights = plot.scaleOf(trial.heights);
-            const PlottedSeries series{trial.times, trial.values, plot, heights, ascend(trial.times), true};
-            const double interval = sampleInterval(trial.times);
-            const QImage literal = paint(size, scale, plot, [&](Surface& surface) {
-                OneByOne sink(surface);
-                kind == KIND_PRECIPITATION
-                    ? walkBars(trial.times, trial.values, interval, true, plot, heights, sink)
-                    : walkCurve(trial.times, trial.values, directions, true, plot, heights, sink);
-            });
-            const QImage reduced = paint(size, scale, plot, [&](Surface& surface) {
-                kind == KIND_PRECIPITATION ? drawBars(surface, series, interval, PASS_COLOURS)
-                                           : drawCurve(surface, series, directions, PASS_COLOURS);
-            });
-            different += painted(literal).contains(QLatin1Char('#')) ? 1 : 0;
-            QVERIFY2(literal == reduced, qPrintable(QStringLiteral("seed %1").arg(seed)));
-        }
-        QVERIFY2(different > 20, "most trials must paint something");
     }
 };
 
