@@ -92,8 +92,9 @@ QDateTime pickedTime(const QString& text) {
 WindowFixture::WindowFixture(const MadeStation& station)
     : WindowFixture(lay(station)) {}
 
-WindowFixture::WindowFixture(std::unique_ptr<TempFolder> laid)
+WindowFixture::WindowFixture(std::unique_ptr<TempFolder> laid, const QDate& day)
     : folder(std::move(laid))
+    , today(day)
     , before_(std::filesystem::current_path()) {
     start();
 }
@@ -103,7 +104,10 @@ WindowFixture::~WindowFixture() = default;
 void WindowFixture::start() {
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany)); // whatever the machine's is
     Environment environment;
-    environment.today = [] { return TEST_DAY; };
+    environment.today = [this] {
+        ++clockAsked;
+        return today;
+    };
     environment.programFolder = QString::fromStdString(folder->path().string());
     environment.open = files.opener();
     environment.dialogs = dialogs;

@@ -56,8 +56,8 @@ struct CountingFiles {
 class WindowFixture {
   public:
     explicit WindowFixture(const MadeStation& station = madeStation());
-    /// A window whose program folder is `folder` as it stands.
-    explicit WindowFixture(std::unique_ptr<TempFolder> folder);
+    /// A window whose program folder is `folder` as it stands, started on a day.
+    explicit WindowFixture(std::unique_ptr<TempFolder> folder, const QDate& day = TEST_DAY);
 
     WindowFixture(const WindowFixture&) = delete;
     WindowFixture& operator=(const WindowFixture&) = delete;
@@ -89,6 +89,8 @@ class WindowFixture {
     void inWindowOf(const std::function<void()>& open, const std::function<void(QWidget&)>& act) const;
 
     std::unique_ptr<TempFolder> folder;
+    QDate today;        // where the clock stands
+    int clockAsked = 0; // how often it was asked
     CountingFiles files;
     std::shared_ptr<AnsweredDialogs> dialogs = std::make_shared<AnsweredDialogs>();
     std::unique_ptr<f> window;
