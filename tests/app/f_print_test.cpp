@@ -28,6 +28,8 @@ using Queue = PrivateCups::Queue;
 
 constexpr int DUST_ROW = 2; // of the channel list
 const QString DRIVER_MISSING = QStringLiteral("Printer: Driver missing");
+const QString UNREACHABLE = QStringLiteral("Sammeldruck: Der Drucker ist nicht erreichbar. Bitte prüfen Sie, "
+                                           "ob er eingeschaltet und eingerichtet ist.");
 
 /// A station with eight days of dust, so that a list is more than 10,000 rows long.
 MadeStation longStation() {
@@ -276,41 +278,61 @@ class f_print_test : public QObject {
         QVERIFY(QGuiApplication::overrideCursor() == nullptr);
     }
 
-    /// The scheduler dies while the batch is being read: a message, everything as before, and the next one
-    /// prints.
+    /// Wherever the scheduler dies in a batch: it prints the whole job or a message tells that it does not,
+    /// all is as before, and the next one prints.
+    void theSchedulerDiesInABatch_data() {
+        QTest::addColumn<int>("step");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("before the start") << 0 << UNREACHABLE;
+        QTest::newRow("first channel is read") << 1 << UNREACHABLE;
+        QTest::newRow("second channel is read") << 2 << UNREACHABLE;
+        QTest::newRow("third channel is read") << 3 << UNREACHABLE;
+        QTest::newRow("job is sent, view is loaded") << 4 << QString();
+    }
     void theSchedulerDiesInABatch() {
+        QFETCH(int, step);
+        QFETCH(QString, message);
         MadeStation made = madeStation();
         made.ini +=
             "CHAN01|Vertikalwind|m/s|-5|5||0|1|2|1|0|0|VW\nCHAN08|Lufttemperatur|°C|-20|40||0|1|2|1|0|0|LT\n";
         made.minutes[1] = made.minutes[4];
         made.minutes[8] = made.minutes[7];
         WindowFixture fixture(made);
-        const auto print = [](QWidget& dialog) {
-            for (const char* row : {"chKanal(0)", "chKanal(5)"}) {
+        fixture.chooseChannel(DUST_ROW);
+        const int count = fixture.the<PolarSys>("KS").DataCount();
+        bool dies = true;
+        const auto print = [&](QWidget& dialog) {
+            for (const char* row : {"chKanal(0)", "chKanal(3)", "chKanal(5)"}) {
                 QTest::keyClick(dialog.findChild<QCheckBox*>(QString::fromUtf8(row)), Qt::Key_Space);
             }
-            QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("OKButton")), Qt::LeftButton);
-            QVERIFY(dialog.findChild<QPushButton*>(QStringLiteral("OKButton"))->isEnabled());
+            if (step == 0 && dies) {
+                cups_->kill();
+            }
+            auto* button = dialog.findChild<QPushButton*>(QStringLiteral("OKButton"));
+            QTest::mouseClick(button, Qt::LeftButton);
+            QVERIFY(button->isEnabled());
         };
         int reads = 0;
         fixture.files.onRead = [&] {
-            if (++reads == 2) { // of the second channel
+            if (++reads == step) {
                 cups_->kill();
             }
         };
         fixture.inWindowOf([&] { fixture.trigger("menCPrint"); }, print);
         fixture.files.onRead = nullptr;
-        QCOMPARE(fixture.dialogs->messages,
-                 QStringList{
-                     QStringLiteral("Sammeldruck: Der Drucker ist nicht erreichbar. Bitte prüfen Sie, ob er "
-                                    "eingeschaltet und eingerichtet ist.")});
+        dies = false;
+        QVERIFY(step == 0 || reads >= step);
+        QCOMPARE(fixture.dialogs->messages, message.isEmpty() ? QStringList() : QStringList{message});
         QVERIFY(QGuiApplication::overrideCursor() == nullptr);
+        QCOMPARE(fixture.the<PolarSys>("KS").DataCount(), count);
         fixture.dialogs->messages.clear();
         cups_->start();
-        QVERIFY(documents().empty());
+        const std::size_t printed = documents().size();
+        QCOMPARE(printed, message.isEmpty() ? 1U : 0U);
         fixture.inWindowOf([&] { fixture.trigger("menCPrint"); }, print);
         QCOMPARE(fixture.dialogs->messages, QStringList());
-        QCOMPARE(documents().size(), 1U);
+        QCOMPARE(documents().size(), printed + 1);
+        QCOMPARE(printedPages(documents().back()).size(), 3U);
     }
 };
 
