@@ -1,6 +1,7 @@
 // Loading and saving the settings by the dialog.
 #include "tests/batchprint/BatchFixture.h"
 #include "tests/batchprint/SettingsBytes.h"
+#include "tests/testing/OrdinaryUser.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -9,12 +10,15 @@
 #include <QLineEdit>
 #include <filesystem>
 #include <limits>
+#include <system_error>
 
 namespace kelvrum {
 
 using namespace kelvrum::testing;
 
 namespace {
+
+namespace fs = std::filesystem;
 
 const QString SAVED = QStringLiteral("Sammeldruck: Die Einstellungen wurden gespeichert.");
 const QString NOT_LOADED = QStringLiteral("Sammeldruck: Fehler beim Laden der Einstellungen.");
@@ -192,16 +196,57 @@ class fcprint_settings_test : public QObject {
         QVERIFY(!std::filesystem::exists(fixture.folder.at("Sammeldruck.cfg")));
     }
 
+    void writingFails_data() {
+        QTest::addColumn<QByteArray>("fault");
+        QTest::addColumn<int>("reason");
+        const auto row = [](const char* fault, std::errc reason) {
+            QTest::newRow(fault) << QByteArray(fault) << static_cast<int>(reason);
+        };
+        row("a folder of that name", std::errc::is_a_directory);
+        row("protected file", std::errc::permission_denied);
+        row("protected folder", std::errc::permission_denied);
+        row("full disk", std::errc::no_space_on_device);
+        row("the current folder is gone", std::errc::no_such_file_or_directory);
+    }
+    /// The message names the reason, and the old file stays as it was.
     void writingFails() {
+        QFETCH(QByteArray, fault);
+        QFETCH(int, reason);
+        const OrdinaryUser user;
         const BatchFixture fixture;
-        fixture.folder.write("Sammeldruck.cfg/x", "");
+        const fs::path path = fixture.folder.path();
+        const std::string file = fixture.folder.at("Sammeldruck.cfg");
+        const std::string old = "old";
+        const bool gone = fault == "the current folder is gone";
+        if (fault == "a folder of that name") {
+            fs::create_directory(file);
+        } else {
+            fixture.folder.write("Sammeldruck.cfg", old);
+        }
+        if (fault == "protected file") {
+            fs::permissions(file, fs::perms::owner_read);
+        } else if (fault == "protected folder") {
+            fs::permissions(path, fs::perms::owner_read | fs::perms::owner_exec);
+        } else if (fault == "full disk") {
+            fs::create_symlink("/dev/full", file + ".neu"); // where the fresh file is written
+        } else if (gone) {
+            fs::remove_all(path);
+        }
         fixture.click(QStringLiteral("SaveButton"));
-        QCOMPARE(fixture.dialogs.messages.size(), 1);
-        const QString begin =
-            QStringLiteral("Sammeldruck: Die Datei „Sammeldruck.cfg“ konnte nicht geschrieben werden: ");
-        QVERIFY(fixture.dialogs.messages[0].startsWith(begin));
-        QVERIFY(fixture.dialogs.messages[0].size() > begin.size());
+        if (!gone) { // it is to be removed
+            fs::permissions(path, fs::perms::owner_all);
+        }
+        QCOMPARE(
+            fixture.dialogs.messages,
+            QStringList{
+                QStringLiteral("Sammeldruck: Die Datei „Sammeldruck.cfg“ konnte nicht geschrieben werden: ") +
+                QString::fromStdString(std::generic_category().message(reason))});
         QVERIFY(fixture.window->isVisible());
+        if (fs::is_regular_file(file)) {
+            QCOMPARE(contentOf(file), old);
+        }
+        QCOMPARE(fs::exists(path), !gone);
+        QVERIFY(!fs::exists(file + ".neu"));
     }
 };
 
