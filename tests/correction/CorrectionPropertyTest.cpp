@@ -72,7 +72,12 @@ std::vector<double> shown(const YearFiles& laid, std::int32_t channel) {
     std::vector<double> values;
     DataReader reader;
     reader.readList(laid.station, {channel, {}, between({YEAR, 1, 1, 0, 0}, {YEAR, 1, 1, 8, 20}), 1},
-                    [&values](DateTime, double v) { values.push_back(v); }, {});
+                    [&values](std::span<const IntervalValue> run) {
+                        for (const IntervalValue& value : run) {
+                            values.push_back(value.value);
+                        }
+                    },
+                    {});
     values.resize(MINUTES, INVALID_VALUE);
     return values;
 }

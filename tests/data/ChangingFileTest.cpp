@@ -89,7 +89,12 @@ class ChangingFiles : public ::testing::Test {
         std::vector<double> values;
         EXPECT_EQ(reader.readList(
                       station, {channel, "", {START, START}, 1},
-                      [&values](DateTime, double v) { values.push_back(v); }, step),
+                      [&values](std::span<const IntervalValue> run) {
+                          for (const IntervalValue& value : run) {
+                              values.push_back(value.value);
+                          }
+                      },
+                      step),
                   Reading::complete);
         return values;
     }
@@ -235,7 +240,12 @@ TEST(ChangingFile, WhatIsAskedForDiffersEachTime) {
         station.ChannelTable.grow(7).Mode = MODE_MEAN;
         std::vector<double> values;
         EXPECT_EQ(reader.readList(station, {7, "", {START, START + 20 / 1440.0}, 1},
-                                  [&values](DateTime, double v) { values.push_back(v); }, {}),
+                                  [&values](std::span<const IntervalValue> run) {
+                                      for (const IntervalValue& value : run) {
+                                          values.push_back(value.value);
+                                      }
+                                  },
+                                  {}),
                   Reading::complete);
         const std::uint64_t known = std::min(c.size, c.bytes);
         EXPECT_EQ(expectOwnValues(values), known > 1024 ? (known - 1024) / 8 : 0) << c.what;

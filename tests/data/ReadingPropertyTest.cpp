@@ -96,8 +96,8 @@ class ReadingProperties : public ::testing::Test {
         const TimeRange range = {minute(from), minute(from + blocks * parts.interval)};
         std::vector<IntervalValue> values;
         reader.readList(station, {parts.channel, "", range, parts.interval},
-                        [&values](DateTime time, double value) {
-                            values.push_back({time, value});
+                        [&values](std::span<const IntervalValue> run) {
+                            values.insert(values.end(), run.begin(), run.end());
                         },
                         {});
         return values;

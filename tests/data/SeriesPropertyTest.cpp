@@ -59,9 +59,11 @@ TEST(SeriesProperties, NoTwoGapColumnsInARowAndNoneInFront) {
             // Without the gaps it is the list, value by value.
             std::vector<double> listed;
             reader.readList(station, request,
-                            [&listed](DateTime, double v) {
-                                if (v != INVALID_VALUE) {
-                                    listed.push_back(v);
+                            [&listed](std::span<const IntervalValue> run) {
+                                for (const IntervalValue& value : run) {
+                                    if (value.value != INVALID_VALUE) {
+                                        listed.push_back(value.value);
+                                    }
                                 }
                             },
                             {});

@@ -43,7 +43,8 @@ install_and_start() {
     suite=$(. /etc/os-release && echo "${VERSION_CODENAME:-stable}")
     package=$(echo "$PWD/$PACKAGE_FOLDER"/*.deb)
     # The root lives only as long as this command, which removes it however it ends.
-    "$@" mmdebstrap --quiet --variant=apt --format=null --dpkgopt=force-unsafe-io --aptopt='APT::Install-Recommends "0"' \
+    "$@" mmdebstrap --quiet --variant=apt --format=null --dpkgopt=force-unsafe-io \
+        --aptopt='APT::Install-Recommends "0"' \
         --include=fonts-liberation \
         --customize-hook="copy-in '$package' /root" \
         --customize-hook='chroot "$1" sh -c "apt-get -qq -y install /root/*.deb"' \
