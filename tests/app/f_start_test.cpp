@@ -280,48 +280,49 @@ class f_start_test : public QObject {
             QSKIP("no German texts of Qt on this machine");
         }
         QCOMPARE(plain(QCoreApplication::translate("QPlatformTheme", "Cancel")), QStringLiteral("Abbrechen"));
+    }
 
-        /// Installed for all users: the folder of the program cannot be written, but may hold a project.
-        void placeOfAnInstalledProgram() {
-            const OrdinaryUser user;
-            const TempFolder executable;
-            const TempFolder home;
-            const QString here = QString::fromStdString(executable.path().string());
-            const QString data = QString::fromStdString(home.at("data/kelvrum"));
-            const auto protect = [&executable] {
-                std::filesystem::permissions(executable.path(), std::filesystem::perms::owner_read |
-                                                                    std::filesystem::perms::owner_exec);
-            };
-            protect();
-            const QString without = programFolder(here, data);
-            std::filesystem::permissions(executable.path(), std::filesystem::perms::owner_all);
-            executable.write("QEL.ini", "");
-            protect();
-            const QString with = programFolder(here, data);
-            std::filesystem::permissions(executable.path(),
-                                         std::filesystem::perms::owner_all); // to remove it
-            QCOMPARE(without, data);
-            QCOMPARE(with, here);
-        }
+    /// Installed for all users: the folder of the program cannot be written, but may hold a project.
+    void placeOfAnInstalledProgram() {
+        const OrdinaryUser user;
+        const TempFolder executable;
+        const TempFolder home;
+        const QString here = QString::fromStdString(executable.path().string());
+        const QString data = QString::fromStdString(home.at("data/kelvrum"));
+        const auto protect = [&executable] {
+            std::filesystem::permissions(executable.path(), std::filesystem::perms::owner_read |
+                                                                std::filesystem::perms::owner_exec);
+        };
+        protect();
+        const QString without = programFolder(here, data);
+        std::filesystem::permissions(executable.path(), std::filesystem::perms::owner_all);
+        executable.write("QEL.ini", "");
+        protect();
+        const QString with = programFolder(here, data);
+        std::filesystem::permissions(executable.path(),
+                                     std::filesystem::perms::owner_all); // to remove it
+        QCOMPARE(without, data);
+        QCOMPARE(with, here);
+    }
 
-        void locales_data() {
-            QTest::addColumn<QLocale>("locale");
-            QTest::addColumn<QString>("expected"); // decimal, date separator, short date
-            QTest::newRow("German") << QLocale(QLocale::German, QLocale::Germany)
-                                    << QStringLiteral(",|.|dd.mm.yyyy");
-            QTest::newRow("American")
-                << QLocale(QLocale::English, QLocale::UnitedStates) << QStringLiteral(".|/|m/d/yyyy");
-            QTest::newRow("C") << QLocale::c() << QStringLiteral(".|.|dd.mm.yyyy");
-        }
-        void locales() {
-            QFETCH(QLocale, locale);
-            QFETCH(QString, expected);
-            const LocaleTexts texts = localeTexts(locale);
-            QCOMPARE(QString::fromStdString(texts.decimalSeparator + "|" + texts.dateSeparator + "|" +
-                                            texts.shortDate),
-                     expected);
-        }
-    };
+    void locales_data() {
+        QTest::addColumn<QLocale>("locale");
+        QTest::addColumn<QString>("expected"); // decimal, date separator, short date
+        QTest::newRow("German") << QLocale(QLocale::German, QLocale::Germany)
+                                << QStringLiteral(",|.|dd.mm.yyyy");
+        QTest::newRow("American") << QLocale(QLocale::English, QLocale::UnitedStates)
+                                  << QStringLiteral(".|/|m/d/yyyy");
+        QTest::newRow("C") << QLocale::c() << QStringLiteral(".|.|dd.mm.yyyy");
+    }
+    void locales() {
+        QFETCH(QLocale, locale);
+        QFETCH(QString, expected);
+        const LocaleTexts texts = localeTexts(locale);
+        QCOMPARE(QString::fromStdString(texts.decimalSeparator + "|" + texts.dateSeparator + "|" +
+                                        texts.shortDate),
+                 expected);
+    }
+};
 
 } // namespace kelvrum
 

@@ -14,6 +14,11 @@
 
 namespace kelvrum {
 
+/// What the message of a failed saving ends with.
+const QString ADVICE =
+    QStringLiteral(".\nDie bisherigen Einstellungen bleiben. Bitte sorgen Sie für Platz und "
+                   "Schreibrecht und speichern Sie noch einmal.");
+
 using namespace kelvrum::testing;
 
 namespace {
@@ -240,7 +245,7 @@ class fcprint_settings_test : public QObject {
             fixture.dialogs.messages,
             QStringList{
                 QStringLiteral("Sammeldruck: Die Datei „Sammeldruck.cfg“ konnte nicht geschrieben werden: ") +
-                QString::fromStdString(std::generic_category().message(reason))});
+                QString::fromStdString(std::generic_category().message(reason)) + ADVICE});
         QVERIFY(fixture.window->isVisible());
         if (fs::is_regular_file(file)) {
             QCOMPARE(contentOf(file), old);
