@@ -30,8 +30,10 @@ bool isBelowOne(std::string_view number) {
     if (e < number.size()) {
         const bool negative = number[e + 1] == '-';
         const std::size_t digits = e + 1 + (negative || number[e + 1] == '+' ? 1 : 0);
-        exponent = std::numeric_limits<std::int32_t>::max(); // stays when the exponent itself is too long
+        constexpr long long HUGE_EXPONENT = std::numeric_limits<std::int32_t>::max();
+        exponent = HUGE_EXPONENT; // stays when the exponent itself is too long
         std::from_chars(number.data() + digits, number.data() + number.size(), exponent);
+        exponent = std::min(exponent, HUGE_EXPONENT); // leaves room for the places of the digits
         exponent = negative ? -exponent : exponent;
     }
     return first == std::string_view::npos ||

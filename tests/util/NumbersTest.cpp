@@ -99,6 +99,16 @@ TEST(Numbers, LeadingNumber) {
     EXPECT_EQ(leadingNumber(std::string_view("1\0002", 3)), 1);
 }
 
+TEST(Numbers, AnExponentAtTheEndOfTheLargestIntegers) {
+    EXPECT_EQ(leadingNumber("10e9223372036854775807"), ENDLESS);
+    EXPECT_EQ(leadingNumber("-10e9223372036854775806"), -ENDLESS);
+    EXPECT_EQ(leadingNumber("0.01e-9223372036854775807"), 0);
+    EXPECT_EQ(leadingNumber("0.01e-9223372036854775808"), 0);
+    EXPECT_EQ(leadingNumber("10e9223372036854775808"), ENDLESS);
+    EXPECT_EQ(leadingNumber("0.01e2147483648"), ENDLESS);
+    EXPECT_EQ(leadingNumber("10e-2147483648"), 0);
+}
+
 TEST(Numbers, WholeNumber) {
     const struct {
         const char* text;
