@@ -100,7 +100,7 @@ CalendarTime shownTime(DateTime t) {
     const std::int64_t second = 1000;
     const std::int64_t rest = ((ms % second) + second) % second;
     const std::int64_t rounded = ms - rest + (rest >= second / 2 ? second : 0);
-    const std::int64_t last = (static_cast<std::int64_t>(LAST_DATE) + 1) * MS_PER_DAY - 1;
+    const std::int64_t last = (static_cast<std::int64_t>(LAST_DATE) + 1) * MS_PER_DAY - second;
     return fromMilliseconds(std::min(rounded, last));
 }
 

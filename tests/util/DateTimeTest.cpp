@@ -137,6 +137,12 @@ TEST(DateTime, WhatLiesOutsideMovesToTheCalendarsEnds) {
     EXPECT_TRUE(isDate(last.year, last.month, last.day)) << text(last);
 }
 
+TEST(DateTime, TheLastMomentIsShownAsTheLastSecond) {
+    for (const DateTime t : {LAST_DATE + 1 - 0.4 * SECOND, LAST_DATE + 1, ENDLESS}) {
+        EXPECT_EQ(text(shownTime(t)), "9999-12-31 23:59:59.000 day 365") << t;
+    }
+}
+
 TEST(DateTime, TimeSerial) {
     EXPECT_EQ(timeSerial(0, 0), 0);
     EXPECT_EQ(timeSerial(12, 0), 0.5);
