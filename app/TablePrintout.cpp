@@ -23,13 +23,31 @@ constexpr std::string_view VALUE_SAMPLE = "12345678901234 [ert]";
 const DiagramFont TITLE_FONT{"Arial", 12, true, false};
 const DiagramFont TEXT_FONT{"Arial", 10, false, false};
 
+/// True within a UTF-8 character, behind its first byte.
+bool isContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
+
 /// Takes the last character, which may be several bytes, off a UTF-8 text.
 void dropLastCharacter(std::string& text) {
-    while (!text.empty() && (static_cast<unsigned char>(text.back()) & 0xC0U) == 0x80U) {
+    while (!text.empty() && isContinuation(text.back())) {
         text.pop_back();
     }
     if (!text.empty()) {
         text.pop_back();
+    }
+}
+
+/// Cuts a text that goes on far behind its column: what follows a front of twice the column's width cannot
+/// fit. Measuring a long text anew for each dropped character costs the square of its length.
+void dropFarBehind(std::string& text, double column, const TextWidth& width) {
+    constexpr std::size_t SHORT = 64;
+    for (std::size_t front = SHORT; front < text.size(); front *= 2) {
+        while (front < text.size() && isContinuation(text[front])) {
+            ++front;
+        }
+        if (width(std::string_view(text).substr(0, front)) > 2 * column) {
+            text.resize(std::min(front, text.size()));
+            return;
+        }
     }
 }
 
@@ -134,6 +152,7 @@ ColumnEntry parseColumnEntry(std::string_view entry) {
 std::string fitCell(std::string_view text, std::string_view entry, const TextWidth& width) {
     const auto [mark, column] = parseColumnEntry(entry);
     std::string cell(text);
+    dropFarBehind(cell, column, width);
     double printed = width(cell);
     while (!cell.empty() && printed > column) {
         dropLastCharacter(cell);

@@ -65,6 +65,22 @@ TEST(CellFitter, EndsWhateverTheMeasure) {
     EXPECT_LT(fitCell("abc", ">1e300", twoMillimetres).size(), 20'000U);
 }
 
+TEST(CellFitter, ALongTextIsMeasuredAFewTimes) {
+    std::string text;
+    while (text.size() < 60'000) {
+        text += "µg/m³ ";
+    }
+    std::size_t measured = 0; // bytes
+    const TextWidth count = [&measured](std::string_view part) {
+        measured += part.size();
+        return twoMillimetres(part);
+    };
+    EXPECT_EQ(fitCell(text, "23", count), "µg/m³ µg/m³");
+    EXPECT_EQ(fitCell(text, ">23", count), " µg/m³ µg/m³");
+    EXPECT_EQ(fitCell(text, "-1", count), "");
+    EXPECT_LT(measured, 3 * text.size());
+}
+
 TEST(RowPrinter, PlacesCellsAtTheirEntries) {
     EXPECT_THAT(placeRow("ab|cd|e", "20|>30|>40", 12, twoMillimetres),
                 ElementsAre(PlacedCell{20, "ab"}, PlacedCell{30, "   cd"}, PlacedCell{40, "     e"}));
