@@ -60,9 +60,11 @@ class WindVectors {
     void addUp(std::size_t minutes, std::size_t blocks) {
         // The recursion takes the direction from an arcsine, which is coarse close to east and west, and
         // loses it where the vectors nearly cancel. A block whose running vector comes so close to either (as
-        // parts of the squared length) goes the recursion's own way.
+        // parts of the squared length) goes the recursion's own way, and so does one whose squares are too
+        // small for all the digits of a double.
         constexpr double CLOSE_TO_EAST_WEST = 1e-10;
         constexpr double CLOSE_TO_CANCELLING = 1e-12;
+        constexpr double SMALLEST_SQUARE = 1e-280;
         for (std::size_t block = 0; block < blocks; ++block) {
             double x = 0;
             double y = 0;
@@ -76,7 +78,7 @@ class WindVectors {
                 speed += speed_[i];
                 const double square = x * x + y * y;
                 if (!(y * y > CLOSE_TO_EAST_WEST * square) ||
-                    !(square > CLOSE_TO_CANCELLING * speed * speed)) {
+                    !(square > CLOSE_TO_CANCELLING * speed * speed + SMALLEST_SQUARE)) {
                     speed = DOUBTFUL;
                     break;
                 }

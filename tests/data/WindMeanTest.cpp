@@ -222,6 +222,22 @@ TEST(WindMean, ASingleMinuteOfAnySpeedIsTheRuleItself) {
     }
 }
 
+TEST(WindMean, SpeedsTooSmallToBeSquaredFollowTheRule) {
+    const struct {
+        std::vector<double> directions;
+        std::vector<double> speeds;
+    } cases[] = {
+        {{24.95, 204.45, 19.15}, {3.2e-162, 7.3e-162, 6e-162}},
+        {{156.45, 276.25, 59.45}, {3.2e-162, 8.3e-162, 7.5e-162}},
+        {{318.65, 77.45, 126.85}, {8.1e-155, 1.5e-155, 7.9e-155}},
+        {{76.15, 227.95, 279.05}, {1e-300, 1e-301, 9e-301}},
+    };
+    for (const auto& c : cases) {
+        EXPECT_LE(apart(windMean(c.directions, c.speeds), literalWindMean(c.directions, c.speeds)), 1e-7)
+            << c.speeds[0];
+    }
+}
+
 TEST(WindMean, OfManyBlocksIsTheMeanOfEach) {
     std::mt19937 random(11); // NOLINT(cert-msc51-cpp): the same blocks at every run
     for (const std::size_t minutes : {1U, 5U, 7U, 60U, 1440U}) {
