@@ -1,0 +1,73 @@
+// The front of an input of the channel target: what is read, and how the file lies around it.
+#pragma once
+
+#include "tests/fuzz/Fuzzing.h"
+#include "util/DateTime.h"
+
+#include <array>
+#include <cstdint>
+#include <limits>
+#include <string_view>
+
+namespace kelvrum::fuzzing {
+
+class ChannelInput {
+  public:
+    static constexpr std::size_t SIZE = 12;
+    static constexpr std::int16_t MOST_MINUTES = 600; // of start and length: runs are to be fast
+
+    //  offset  size  content
+    //       0     1  mode
+    //       1     1  interval
+    //       2     1  bit 0: there is no paired file; bit 1: reading fails behind some bytes; bits 2, 3: the
+    //       place 3     1  bytes behind which reading fails, in eights of the file's first ones 4     2
+    //       start, minutes behind the place, signed 6     2  end, minutes behind the start, signed 8     2
+    //       where the file's own bytes lie, bytes behind the place, signed
+    //      10     2  not used
+    explicit ChannelInput(std::string_view bytes) {
+        Input input(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+        mode_ = input.take<std::uint8_t>();
+        interval_ = input.take<std::uint8_t>();
+        flags_ = input.take<std::uint8_t>();
+        failsBehind_ = input.take<std::uint8_t>();
+        start_ = input.take<std::int16_t>() % MOST_MINUTES;
+        length_ = input.take<std::int16_t>() % MOST_MINUTES;
+        shift_ = input.take<std::int16_t>();
+    }
+
+    [[nodiscard]] std::int32_t mode() const { return std::array{1, 0, 36, 2}.at(mode_ % 4); }
+    [[nodiscard]] std::int32_t interval() const {
+        return std::array{1, 5, 10, 15, 60, 1440, 7, 0}.at(interval_ % 8);
+    }
+    [[nodiscard]] bool hasPair() const { return (flags_ & 1U) == 0; }
+    [[nodiscard]] TimeRange range() const {
+        const std::int64_t from = placeMinute() + start_;
+        const DateTime newYear = dateSerial(2020, 1, 1);
+        return {newYear + static_cast<double>(from) / MINUTES_PER_DAY,
+                newYear + static_cast<double>(from + length_) / MINUTES_PER_DAY};
+    }
+    /// Byte offset of the file's own bytes.
+    [[nodiscard]] std::int64_t place() const {
+        return std::max<std::int64_t>(1024 + 8 * placeMinute() + shift_, 0);
+    }
+    /// Byte offset from which on nothing can be read.
+    [[nodiscard]] std::int64_t fails() const {
+        return (flags_ & 2U) == 0 ? std::numeric_limits<std::int64_t>::max() : place() + failsBehind_ / 8;
+    }
+
+  private:
+    /// Minute of the year around which all lies: its start, its leap day, its end.
+    [[nodiscard]] std::int64_t placeMinute() const {
+        return std::array{0, 59 * MINUTES_PER_DAY, 366 * MINUTES_PER_DAY - 64, 1000}.at((flags_ >> 2U) % 4);
+    }
+
+    std::uint8_t mode_ = 0;
+    std::uint8_t interval_ = 0;
+    std::uint8_t flags_ = 0;
+    std::uint8_t failsBehind_ = 0;
+    int start_ = 0;
+    int length_ = 0;
+    std::int16_t shift_ = 0;
+};
+
+} // namespace kelvrum::fuzzing
