@@ -1,7 +1,7 @@
 #!/bin/sh
-# Every check there is: format, the core without Qt, both compilers, the linter, and all tests without and with
-# sanitizers, in several languages and time zones. Ends with CTest's closing lines and its exit code; a step before
-# that fails ends it at once.
+# Every check there is: format, the core without Qt, both compilers, the linter, a short fuzzing of the readers, the
+# package for installation, and all tests without and with sanitizers, in several languages and time zones. Ends with
+# CTest's closing lines and its exit code; a step before that fails ends it at once.
 set -eu
 cd -P "$(dirname "$0")"
 . tools/packages.sh
@@ -38,6 +38,7 @@ step format tools/checks/format.sh
 step plain plain
 step clang build clang
 step tidy tools/checks/tidy.sh
+step fuzz tools/checks/fuzz.sh
 step "build (debug)" build debug
 step "build (asan)" build asan
 step package tools/checks/package.sh

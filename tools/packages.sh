@@ -5,10 +5,10 @@
 BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev fonts-liberation"
 # To start it without a display and to take its picture.
 PICTURE_PACKAGES="xvfb xdotool imagemagick"
-# To test: second compiler, formatter, linter, test and benchmark libraries, a printer's scheduler, readers of its pages,
-# other languages and time zones.
-TEST_PACKAGES="clang clang-format clang-tidy libgtest-dev libgmock-dev libbenchmark-dev xvfb xdotool imagemagick
-    cups cups-client cups-filters poppler-utils locales tzdata"
+# To test: second compiler and its fuzzer, formatter, linter, test and benchmark libraries, a printer's scheduler, readers
+# of its pages, other languages and time zones.
+TEST_PACKAGES="clang libclang-rt-dev clang-format clang-tidy libgtest-dev libgmock-dev libbenchmark-dev xvfb xdotool
+    imagemagick cups cups-client cups-filters poppler-utils locales tzdata"
 # To make the package for installation, to check it and to install it into a fresh root.
 PACKAGING_PACKAGES="dpkg-dev file lintian desktop-file-utils appstream man-db mmdebstrap xvfb xdotool x11-utils"
 # Qt's own texts in German. The program does without where the distribution has no such package.
