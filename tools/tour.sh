@@ -1,0 +1,11 @@
+#!/bin/sh
+# Takes the pictures of the manual and of the README anew: docs/pictures. What has not changed stays the same file,
+# byte for byte.
+set -eu
+cd -P "$(dirname "$0")/.."
+. tools/packages.sh
+
+need_packages $BUILD_PACKAGES
+use_preset release
+cmake --build --preset release --target tour
+build/release/tools/tour/tour docs/pictures

@@ -1,0 +1,22 @@
+// The stops of the tour. Each starts on a fresh window and writes its pictures into a folder.
+#pragma once
+
+#include "tools/tour/Stage.h"
+
+#include <QString>
+
+namespace kelvrum::tour {
+
+/// The window as a whole, its range, its averages, its data list, its menu.
+void showViews(const SampleFolder& station, const QString& pictures);
+
+/// The scale, the limits, every kind of diagram and the menu of kinds.
+void showDiagrams(const SampleFolder& station, const QString& pictures);
+
+/// Project selection, batch print, correction factor.
+void showDialogs(const SampleFolder& station, const QString& pictures);
+
+/// A printed diagram.
+void showPage(const SampleFolder& station, const QString& pictures);
+
+} // namespace kelvrum::tour

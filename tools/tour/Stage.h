@@ -1,0 +1,75 @@
+// The real main window on a sample station, under a clock that stands still, and hands to work it with.
+#pragma once
+
+#include "app/f.h"
+#include "config/Dialogs.h"
+
+#include <QString>
+#include <QTemporaryDir>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+namespace kelvrum::tour {
+
+/// A folder with a sample station, other projects beside it, and the marker of the correction menu.
+class SampleFolder {
+  public:
+    /// Throws std::runtime_error when the folder cannot be made.
+    SampleFolder();
+    /// The station's folder.
+    [[nodiscard]] QString path() const;
+
+  private:
+    QTemporaryDir folder_;
+};
+
+/// The window as the program starts it. Controls are found by their object names; one that is missing throws
+/// std::runtime_error, so that no picture shows less than its text says.
+class Stage {
+  public:
+    explicit Stage(const SampleFolder& folder);
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+    ~Stage();
+
+    [[nodiscard]] f& window() const { return *window_; }
+    template<typename Control>
+    [[nodiscard]] Control& the(const char* name) const {
+        auto* control = window_->findChild<Control*>(QString::fromUtf8(name));
+        if (control == nullptr) {
+            throw std::runtime_error(std::string("no control ") + name);
+        }
+        return *control;
+    }
+
+    void click(const char* button) const;
+    void chooseChannel(const char* name) const;
+    void chooseInterval(const char* caption) const;
+    /// From 00:00 of the first date to 00:00 of the other, each "dd.mm.yyyy".
+    void chooseDays(const char* from, const char* to) const;
+    void type(const char* box, const char* text) const;
+    /// Opens the context menu of the diagram; it stays open.
+    void openKinds() const;
+    /// Chooses a kind of diagram from it.
+    void chooseKind(const char* action) const;
+    /// Takes the focus from all controls, so that no picture shows one by chance.
+    void rest() const;
+    /// Where a control stands in the window.
+    [[nodiscard]] QRect placeOf(const char* name) const;
+    /// Runs `open`, which opens a modal window, and `look` on that window; then closes it.
+    static void inWindowOf(const std::function<void()>& open, const std::function<void(QWidget&)>& look);
+
+    /// The title of a window's bar.
+    [[nodiscard]] QString title() const { return window_->windowTitle(); }
+
+  private:
+    void activate() const;
+    void typeDate(const char* picker, const char* date) const;
+
+    std::unique_ptr<f> window_;
+};
+
+} // namespace kelvrum::tour

@@ -1,0 +1,44 @@
+// A printed page, drawn by the road of the print job into a picture instead of to a printer.
+#include "app/SystemLocale.h"
+#include "diagram/LineDiagram.h"
+#include "diagram/PagePicture.h"
+#include "diagram/PolarSys.h"
+#include "tools/tour/Chapters.h"
+#include "tools/tour/Picture.h"
+
+#include <QLocale>
+#include <QPainter>
+
+namespace kelvrum::tour {
+
+namespace {
+
+constexpr double DOTS_PER_INCH = 96;
+constexpr double MILLIMETRES_PER_INCH = 25.4;
+
+int dots(double millimetres) { return static_cast<int>(millimetres * DOTS_PER_INCH / MILLIMETRES_PER_INCH); }
+
+} // namespace
+
+void showPage(const SampleFolder& station, const QString& pictures) {
+    const Stage stage(station);
+    stage.chooseChannel("Staub PM10");
+    stage.chooseInterval("15 Minuten");
+    stage.click("Option1");
+    stage.click("Check1");
+    stage.click("Check2");
+    const QSize paper(dots(297), dots(210)); // A4, landscape
+    const Resolution resolution = Resolution::page(DOTS_PER_INCH);
+    PagePicture page({paper.width(), paper.height()}, resolution);
+    drawLineDiagram(page, stage.the<PolarSys>("KS"), DiagramLayout::page(), localeTexts(QLocale()));
+
+    QImage picture(paper, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    PainterSurface surface(picture, {paper.width(), paper.height()}, resolution);
+    page.play(surface);
+    surface.end();
+    QPainter(&picture).drawRect(picture.rect().adjusted(0, 0, -1, -1)); // the paper's edge
+    save(picture, pictures, QStringLiteral("page"));
+}
+
+} // namespace kelvrum::tour
