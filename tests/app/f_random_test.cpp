@@ -5,6 +5,7 @@
 // a longer run with KELVRUM_RANDOM_ACTIONS.
 #include "diagram/PolarSys.h"
 #include "diagram/SeriesTable.h"
+#include "tests/app/RandomStations.h"
 #include "tests/app/RandomUser.h"
 #include "tests/app/WindowFixture.h"
 #include "util/Validity.h"
@@ -25,9 +26,7 @@
 #include <array>
 #include <cmath>
 #include <filesystem>
-#include <limits>
 #include <memory>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -37,8 +36,7 @@ using namespace kelvrum::testing;
 
 namespace {
 
-constexpr std::uint64_t SEED = 20200618;
-constexpr int ACTIONS = 1000;
+constexpr std::uint64_t ACTIONS = 1000;
 
 template<typename Control>
 Control& the(const f& window, const char* name) {
@@ -50,63 +48,6 @@ Control& the(const f& window, const char* name) {
 }
 
 bool diagramShown(const f& window) { return the<QRadioButton>(window, "optView(0)").isChecked(); }
-
-// --- the stations ---
-
-/// Records of a day, one every `step` minutes, some of them without a value.
-std::string dayFile(int day, int step, std::size_t fields) {
-    std::string bytes;
-    for (int minute = 0; minute < 1440; minute += step) {
-        std::vector<float> values;
-        for (std::size_t i = 0; i < fields; ++i) {
-            const auto wave = static_cast<float>(std::sin(minute / 100.0 + static_cast<double>(i)));
-            const bool marked = minute % 130 < 20 && i % 2 == 0;
-            values.push_back(marked ? 99999900.0F : 20 + static_cast<float>(day) * wave);
-        }
-        values[0] = minute % 70 == 0 ? 0 : values[0];
-        values[0] = minute % 350 == 10 ? std::numeric_limits<float>::quiet_NaN() : values[0];
-        if (minute < 300 || minute > 420) {
-            bytes += dayRecord(2020, 6, day, minute, values);
-        }
-    }
-    return bytes;
-}
-
-std::string randomBytes(std::size_t count) {
-    std::mt19937 numbers(1); // always the same file
-    std::string bytes;
-    while (bytes.size() < count) {
-        bytes += static_cast<char>(numbers() & 0xFFU);
-    }
-    return bytes;
-}
-
-/// Lays all stations into a folder; returns the files that the user may choose, the ini station's first.
-QStringList layStations(const TempFolder& root) {
-    const MadeStation nord = madeStation();
-    std::vector<std::string> files = {root.write("Nord/QEL.ini", nord.ini)};
-    for (const auto& [channel, minutes] : nord.minutes) {
-        const std::string number = std::string(channel < 10 ? "0" : "").append(std::to_string(channel));
-        root.write("Nord/Data/Kanal" + number + "_2020.chn", channelFile(minutes));
-    }
-    const std::vector<std::string> narrow = {"Ozon", "-", "Druck", "Feuchte"};
-    files.push_back(root.write("Schmal/VARNIX.CFG", varnixFile("Schmal", narrow, false)));
-    root.write("Schmal/20200618.KMH", dayFile(18, 2, 3));
-    root.write("Schmal/20200619.KMH", dayFile(19, 5, 3));
-    root.write("Schmal/20200619b.kmh", dayFile(19, 60, 3)); // a second file of the day
-    const std::vector<std::string> wide = {"-", "Temperatur", "Wind"};
-    files.push_back(root.write("Breit/varnix.cfg", varnixFile("Breit", wide, true)));
-    root.write("Breit/20200618.KMH", dayFile(18, 3, 6));
-    root.write("Breit/20200619.KMH", dayFile(19, 10, 6) + "torn");
-    files.push_back(root.write("Kaputt/QEL.ini", randomBytes(5000)));
-    files.push_back(root.write("Kaputt/VARNIX.CFG", varnixFile("Kaputt", narrow, false).substr(0, 6544)));
-    files.push_back(root.at("Fort/QEL.ini")); // is not there
-    QStringList result;
-    for (const std::string& file : files) {
-        result << QString::fromStdString(file);
-    }
-    return QStringList(4, result[0]) + QStringList(2, result[1]) + QStringList(2, result[2]) + result;
-}
 
 // --- what a window shows ---
 
@@ -283,12 +224,6 @@ QString wrongWith(const f& window) {
     return {};
 }
 
-std::uint64_t setting(const char* name, std::uint64_t usual) {
-    bool ok = false;
-    const std::uint64_t value = qEnvironmentVariable(name).toULongLong(&ok);
-    return ok ? value : usual;
-}
-
 } // namespace
 
 class f_random_test : public QObject {
@@ -296,8 +231,8 @@ class f_random_test : public QObject {
 
   private Q_SLOTS:
     void showsWhatAFreshWindowShows() {
-        const std::uint64_t seed = setting("KELVRUM_RANDOM_SEED", SEED);
-        const std::uint64_t count = setting("KELVRUM_RANDOM_ACTIONS", ACTIONS);
+        const std::uint64_t seed = randomSeed();
+        const std::uint64_t count = randomActions(ACTIONS);
         qInfo("seed %s", qPrintable(QString::number(seed))); // also seen when the program breaks down
         const TempFolder root;
         const QStringList files = layStations(root);

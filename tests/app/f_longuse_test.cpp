@@ -1,0 +1,119 @@
+// Long use: a random user works the real main window, and its memory stays as it is. KELVRUM_RANDOM_ACTIONS
+// says how long, KELVRUM_RANDOM_SEED on which way.
+#include "tests/app/RandomStations.h"
+#include "tests/app/RandomUser.h"
+#include "tests/app/WindowFixture.h"
+
+#include <QComboBox>
+#include <QDateEdit>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QTest>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <utility>
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
+namespace kelvrum {
+
+using namespace kelvrum::testing;
+
+namespace {
+
+constexpr std::uint64_t ACTIONS = 800;
+constexpr double ALLOWED_GROWTH = 0.01;
+constexpr std::uint64_t LONG = 8000; // actions, after a quarter of which everything has been used once
+constexpr double CACHES =
+    4096; // kB that caches of the toolkit and kept buffers may still take in a short run
+
+struct Memory {
+    double inUse = 0;    // kB handed out by the heap; 0 where it does not tell
+    double resident = 0; // kB
+};
+
+Memory memoryNow() {
+    Memory memory;
+#if defined(__GLIBC__)
+    malloc_trim(0);
+    const auto heap = mallinfo2();
+    memory.inUse = static_cast<double>(heap.uordblks + heap.hblkhd) / 1024;
+#endif
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.rfind("VmRSS:", 0) == 0) {
+            memory.resident = std::stod(line.substr(6));
+        }
+    }
+    return memory;
+}
+
+} // namespace
+
+class f_longuse_test : public QObject {
+    Q_OBJECT
+
+    /// The same view each time that the memory is measured: the first project, one day of its first channel.
+    static Memory measured(f& window, const QString& project) {
+        window.resize(1000, 700);
+        window.readConf(project.toStdString());
+        auto* interval = window.findChild<QComboBox*>(QStringLiteral("selInterval"));
+        interval->setCurrentIndex(0);
+        for (const auto& [name, date] :
+             {std::pair("DTPicker", TEST_DAY), std::pair("DTPicker2", TEST_DAY.addDays(1))}) {
+            auto* picker = window.findChild<QDateEdit*>(QString::fromUtf8(name));
+            const QSignalBlocker quiet(picker);
+            picker->setDate(date);
+        }
+        for (const char* view : {"optView(1)", "optView(0)"}) {
+            window.findChild<QRadioButton*>(QString::fromUtf8(view))->click();
+            QCoreApplication::processEvents();
+        }
+        return memoryNow();
+    }
+
+  private Q_SLOTS:
+    void memoryStaysAsItIs() {
+        const TempFolder root;
+        const QStringList files = layStations(root);
+        const CurrentFolder kept(root.path());
+        Environment environment;
+        environment.today = [] { return TEST_DAY; };
+        environment.programFolder = QString::fromStdString(root.at("Nord"));
+        const auto dialogs = std::make_shared<AnsweredDialogs>();
+        environment.dialogs = dialogs;
+        f window(environment);
+        window.resize(1000, 700);
+        window.Form_Load();
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+
+        RandomUser user(window, *dialogs, files, files[0], randomSeed());
+        const auto work = [&](std::uint64_t actions) {
+            for (std::uint64_t i = 0; i < actions; ++i) {
+                user.act();
+                dialogs->messages.clear(); // what the test itself keeps
+                dialogs->asked.clear();
+            }
+        };
+        const std::uint64_t actions = randomActions(ACTIONS);
+        work(actions / 4); // until everything has been used once
+        const Memory before = measured(window, files[0]);
+        work(actions);
+        const Memory after = measured(window, files[0]);
+        qInfo("%llu actions: heap in use %.0f kB, then %.0f kB (%+.2f %%); resident %.0f kB, then %.0f kB "
+              "(%+.2f %%)",
+              static_cast<unsigned long long>(actions), before.inUse, after.inUse,
+              100 * (after.inUse / before.inUse - 1), before.resident, after.resident,
+              100 * (after.resident / before.resident - 1));
+        const double allowed = actions >= LONG ? before.inUse * ALLOWED_GROWTH : CACHES;
+        QVERIFY(after.inUse <= before.inUse + allowed);
+    }
+};
+
+} // namespace kelvrum
+
+QTEST_MAIN(kelvrum::f_longuse_test)
+#include "f_longuse_test.moc"
