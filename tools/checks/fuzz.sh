@@ -1,7 +1,8 @@
 #!/bin/sh
 # Runs each fuzz target of tests/fuzz: first over its seeds and over the inputs that are kept, then for SECONDS (20) on
 # inputs of the fuzzer's own, two targets at a time. An input that crashes a target or breaks a promise is kept in
-# build/fuzz/crashes; one in tests/fuzz/corpus is tried at every run from then on.
+# build/fuzz/crashes; moved into tests/fuzz/corpus/TARGET it is tried at every run from then on. With 0 SECONDS nothing
+# but what is kept is tried.
 #
 #     tools/checks/fuzz.sh [SECONDS [TARGET...]]
 #     tools/checks/fuzz.sh 3600
@@ -34,9 +35,12 @@ fuzz_one='
     fi
     limits="-max_len=8192 -timeout=20 -rss_limit_mb=1024 -malloc_limit_mb=256"
     for length in -runs=0 "-max_total_time=$1"; do
+        if [ "$length" = -max_total_time=0 ]; then # it would mean: for ever
+            continue
+        fi
         if ! nice "$2/$name" $limits $length -artifact_prefix="build/fuzz/crashes/$name-" -print_final_stats=1 \
                 $folders >"$log" 2>&1; then
-            tail -n 60 "$log"
+            sed "/^#[0-9]/d" "$log" | tail -n 60
             echo "Fuzz target $name failed on the input $(sed -n "s/.*Test unit written to //p" "$log")" >&2
             exit 1
         fi
