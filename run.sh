@@ -32,41 +32,6 @@ start_on_display() {
     exec "$PROGRAM_FOLDER/kelvrum"
 }
 
-scratch=
-server=
-viewer=
-clean_up() {
-    for process in $viewer $server; do
-        kill "$process" 2>/dev/null || true
-        wait "$process" 2>/dev/null || true
-    done
-    [ -z "$scratch" ] || rm -rf "$scratch"
-}
-
-fail() {
-    echo "run.sh: $1" >&2
-    cat "$scratch"/*.log >&2
-    exit 1
-}
-
-# wait_for SECONDS COMMAND... : repeats the command until it succeeds.
-wait_for() {
-    limit=$(($(date +%s) + $1))
-    shift
-    until "$@"; do
-        [ "$(date +%s)" -lt "$limit" ] || return 1
-        sleep 0.3
-    done
-}
-
-display_is_known() { [ -s "$scratch/display" ]; }
-
-window_is_there() {
-    kill -0 "$viewer" 2>/dev/null || fail "the program has ended by itself"
-    window=$(xdotool search --onlyvisible --name '^Kelvrum - Station ' 2>/dev/null | head -n 1)
-    [ -n "$window" ]
-}
-
 # The picture has more than a handful of colours and is the same as the one before.
 picture_stands_still() {
     kill -0 "$viewer" 2>/dev/null || fail "the program has ended by itself"
@@ -77,17 +42,11 @@ picture_stands_still() {
 }
 
 take_picture() {
-    scratch=$(mktemp -d)
-    trap clean_up EXIT
-    trap 'exit 1' HUP INT TERM
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$scratch/display" 2>"$scratch/server.log" &
-    server=$!
-    wait_for 30 display_is_known || fail "the virtual display does not start"
-    DISPLAY=:$(cat "$scratch/display")
-    export DISPLAY
+    . tools/screen.sh
+    start_screen
     XDG_RUNTIME_DIR=$scratch QT_QPA_PLATFORM=xcb "$PROGRAM_FOLDER/kelvrum" 2>"$scratch/viewer.log" &
     viewer=$!
-    wait_for $WINDOW_LIMIT window_is_there || fail "the program shows no window"
+    wait_for $WINDOW_LIMIT window_is_there '^Kelvrum - Station ' || fail "the program shows no window"
     wait_for $PICTURE_LIMIT picture_stands_still || fail "the picture does not stand still"
     cp "$scratch/picture.png" build/screenshot.png
     echo "No display here: the program was started on a virtual one and ended again."

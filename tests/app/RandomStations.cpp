@@ -46,8 +46,7 @@ std::uint64_t setting(const char* name, std::uint64_t usual) {
     return ok ? value : usual;
 }
 
-} // namespace
-
+/// Lays all of them; returns the files that the user may choose.
 QStringList layStations(const TempFolder& root) {
     const MadeStation nord = madeStation();
     std::vector<std::string> files = {root.write("Nord/QEL.ini", nord.ini)};
@@ -72,6 +71,20 @@ QStringList layStations(const TempFolder& root) {
         result << QString::fromStdString(file);
     }
     return QStringList(4, result[0]) + QStringList(2, result[1]) + QStringList(2, result[2]) + result;
+}
+
+} // namespace
+
+RandomStations::RandomStations()
+    : files_(layStations(root_))
+    , current_(root_.path()) {}
+
+Environment RandomStations::environment() const {
+    Environment environment;
+    environment.today = [] { return TEST_DAY; };
+    environment.programFolder = QString::fromStdString(root_.at("Nord"));
+    environment.dialogs = dialogs_;
+    return environment;
 }
 
 std::uint64_t randomSeed() { return setting("KELVRUM_RANDOM_SEED", 20200618); }

@@ -1,15 +1,33 @@
 // What a random user works on: stations of all forms, some of them broken, and the choice of another run.
 #pragma once
 
+#include "app/Environment.h"
+#include "tests/app/AnsweredDialogs.h"
 #include "tests/testing/TempFolder.h"
 
 #include <QStringList>
 #include <cstdint>
+#include <memory>
 
 namespace kelvrum::testing {
 
-/// Lays all stations into a folder; returns the files that the user may choose, the ini station's first.
-QStringList layStations(const TempFolder& root);
+/// The stations in a folder of their own, which is the current one meanwhile, and the world around a window
+/// on the first of them.
+class RandomStations {
+  public:
+    RandomStations();
+
+    /// The files that the user may choose, the first station's first.
+    [[nodiscard]] const QStringList& files() const { return files_; }
+    [[nodiscard]] AnsweredDialogs& dialogs() const { return *dialogs_; }
+    [[nodiscard]] Environment environment() const;
+
+  private:
+    TempFolder root_;
+    QStringList files_;
+    CurrentFolder current_; // windows change it
+    std::shared_ptr<AnsweredDialogs> dialogs_ = std::make_shared<AnsweredDialogs>();
+};
 
 /// The seed that KELVRUM_RANDOM_SEED names, else the usual one.
 std::uint64_t randomSeed();

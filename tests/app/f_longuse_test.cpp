@@ -76,33 +76,26 @@ class f_longuse_test : public QObject {
 
   private Q_SLOTS:
     void memoryStaysAsItIs() {
-        const TempFolder root;
-        const QStringList files = layStations(root);
-        const CurrentFolder kept(root.path());
-        Environment environment;
-        environment.today = [] { return TEST_DAY; };
-        environment.programFolder = QString::fromStdString(root.at("Nord"));
-        const auto dialogs = std::make_shared<AnsweredDialogs>();
-        environment.dialogs = dialogs;
-        f window(environment);
+        const RandomStations stations;
+        f window(stations.environment());
         window.resize(1000, 700);
         window.Form_Load();
         window.show();
         QVERIFY(QTest::qWaitForWindowActive(&window));
 
-        RandomUser user(window, *dialogs, files, files[0], randomSeed());
+        RandomUser user(window, stations.dialogs(), stations.files(), stations.files()[0], randomSeed());
         const auto work = [&](std::uint64_t actions) {
             for (std::uint64_t i = 0; i < actions; ++i) {
                 user.act();
-                dialogs->messages.clear(); // what the test itself keeps
-                dialogs->asked.clear();
+                stations.dialogs().messages.clear(); // what the test itself keeps
+                stations.dialogs().asked.clear();
             }
         };
         const std::uint64_t actions = randomActions(ACTIONS);
         work(actions / 4); // until everything has been used once
-        const Memory before = measured(window, files[0]);
+        const Memory before = measured(window, stations.files()[0]);
         work(actions);
-        const Memory after = measured(window, files[0]);
+        const Memory after = measured(window, stations.files()[0]);
         qInfo("%llu actions: heap in use %.0f kB, then %.0f kB (%+.2f %%); resident %.0f kB, then %.0f kB "
               "(%+.2f %%)",
               static_cast<unsigned long long>(actions), before.inUse, after.inUse,

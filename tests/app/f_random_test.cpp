@@ -234,21 +234,14 @@ class f_random_test : public QObject {
         const std::uint64_t seed = randomSeed();
         const std::uint64_t count = randomActions(ACTIONS);
         qInfo("seed %s", qPrintable(QString::number(seed))); // also seen when the program breaks down
-        const TempFolder root;
-        const QStringList files = layStations(root);
-        const CurrentFolder kept(root.path()); // windows change it
-        Environment environment;
-        environment.today = [] { return TEST_DAY; };
-        environment.programFolder = QString::fromStdString(root.at("Nord"));
-        const auto dialogs = std::make_shared<AnsweredDialogs>();
-        environment.dialogs = dialogs;
-
+        const RandomStations stations;
+        const Environment environment = stations.environment();
         f window(environment);
         window.resize(1000, 700);
         window.Form_Load();
         window.show();
         QVERIFY(QTest::qWaitForWindowActive(&window));
-        RandomUser user(window, *dialogs, files, files[0], seed);
+        RandomUser user(window, stations.dialogs(), stations.files(), stations.files()[0], seed);
         std::uint64_t withData = 0;
         for (std::uint64_t i = 1; i <= count; ++i) {
             user.act();

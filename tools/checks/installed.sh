@@ -5,43 +5,7 @@ set -eu
 root=$1
 cd -P "$(dirname "$0")/../.."
 
-scratch=$(mktemp -d)
-server=
-viewer=
-# Whatever happens, nothing goes on running in the root.
-clean_up() {
-    for process in $viewer $server; do
-        kill "$process" 2>/dev/null || true
-        wait "$process" 2>/dev/null || true
-    done
-    rm -rf "$scratch"
-}
-trap clean_up EXIT
-trap 'exit 1' HUP INT TERM
-
-fail() {
-    echo "installed.sh: $1" >&2
-    cat "$scratch"/*.log >&2 2>/dev/null || true
-    exit 1
-}
-
-# wait_for SECONDS COMMAND... : repeats the command until it succeeds.
-wait_for() {
-    limit=$(($(date +%s) + $1))
-    shift
-    until "$@"; do
-        [ "$(date +%s)" -lt "$limit" ] || return 1
-        sleep 0.2
-    done
-}
-
-display_is_known() { [ -s "$scratch/display" ]; }
-
-window_is_there() {
-    kill -0 "$viewer" 2>/dev/null || fail "the program has ended by itself"
-    window=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | head -n 1)
-    [ -n "$window" ]
-}
+. tools/screen.sh
 
 # A message is closed with its only button: the press does it, there is no window left to release the key in.
 closed_to_the_window() {
@@ -71,13 +35,7 @@ works_in() {
     [ "${folder#"${root%/}"}" = "$1" ] || fail "the program works in $folder, not in $1"
 }
 
-# Without -noreset it starts anew when a program has ended, and refuses the next one meanwhile.
-Xvfb -displayfd 3 -noreset -screen 0 1280x1024x24 -nolisten tcp 3>"$scratch/display" 2>"$scratch/server.log" &
-server=$!
-wait_for 30 display_is_known || fail "the virtual display does not start"
-DISPLAY=:$(cat "$scratch/display")
-export DISPLAY
-
+start_screen
 command=$(sed -n 's/^Exec=//p' "$root"/usr/share/applications/org.kelvrum.Kelvrum.desktop)
 data=/home/anna/.local/share/kelvrum
 mkdir -p "$root$data" "$root/home/berta" "$root/home/clara"
