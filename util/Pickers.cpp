@@ -3,9 +3,21 @@
 #include "util/DateTime.h"
 
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <algorithm>
 
 namespace kelvrum {
+
+namespace {
+
+/// Whether a key begins a new date or time over a text that is selected as a whole.
+bool beginsAnew(const QLineEdit& shown, const QKeyEvent& event) {
+    const QString typed = event.text();
+    return !typed.isEmpty() && typed[0].isDigit() && shown.hasSelectedText() &&
+           shown.selectedText() == shown.text();
+}
+
+} // namespace
 
 QString pickerFormat(const LocaleTexts& texts) {
     return QString::fromStdString(texts.shortDate).replace(QLatin1Char('m'), QLatin1Char('M'));
@@ -27,6 +39,9 @@ void DatePicker::keyPressEvent(QKeyEvent* event) {
         handedOver_ = false;
         event->accept();
         return;
+    }
+    if (beginsAnew(*lineEdit(), *event)) {
+        setSelectedSection(sectionAt(0)); // the toolkit would lose the first digits
     }
     const int before = currentSectionIndex();
     QDateEdit::keyPressEvent(event);
@@ -54,6 +69,13 @@ void TimePicker::stepBy(int steps) {
     const int minute = std::clamp(from.hour() * 60 + from.minute() + steps, 0, LAST_MINUTE);
     setTime(QTime(minute / 60, minute % 60));
     setSelectedSection(MinuteSection);
+}
+
+void TimePicker::keyPressEvent(QKeyEvent* event) {
+    if (beginsAnew(*lineEdit(), *event)) {
+        setSelectedSection(sectionAt(0)); // as in a DatePicker
+    }
+    QTimeEdit::keyPressEvent(event);
 }
 
 QAbstractSpinBox::StepEnabled TimePicker::stepEnabled() const {

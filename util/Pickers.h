@@ -12,7 +12,8 @@ namespace kelvrum {
 QString pickerFormat(const LocaleTexts& texts);
 
 /// A date with a calendar to fold out. Its change is a finished edit. A full section hands over to the next
-/// one by itself; the separator that many type all the same means that step and not one more.
+/// one by itself; the separator that many type all the same means that step and not one more. What is typed
+/// over the whole selected text begins with the first section.
 class DatePicker : public QDateEdit {
     Q_OBJECT
 
@@ -37,6 +38,7 @@ class TimePicker : public QTimeEdit {
     void stepBy(int steps) override;
 
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
     [[nodiscard]] StepEnabled stepEnabled() const override;
 };
 

@@ -342,6 +342,34 @@ class f_range_test : public QObject {
         QCOMPARE(fixture.files.opened, 1);
     }
 
+    /// Ctrl+A, and a new date or time over all of it.
+    void typedOverTheWholeText_data() {
+        QTest::addColumn<QString>("picker");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("shown");
+        const auto add = [](const char* picker, const char* typed, const char* shown) {
+            QTest::newRow(typed) << QString::fromUtf8(picker) << QString::fromUtf8(typed)
+                                 << QString::fromUtf8(shown);
+        };
+        add("DTPicker", "16.05.2019", "16.05.2019");
+        add("DTPicker", "16052019", "16.05.2019");
+        add("DTPicker2", "03.12.2020", "03.12.2020");
+        add("DTPicker2", "3.9.2020", "03.09.2020");
+        add("DTPicker1", "01:23", "01:23");
+        add("DTPicker3", "0123", "01:23");
+    }
+    void typedOverTheWholeText() {
+        QFETCH(QString, picker);
+        QFETCH(QString, typed);
+        WindowFixture fixture(shortYears());
+        auto& field = fixture.the<QDateTimeEdit>(qPrintable(picker));
+        field.setFocus(Qt::MouseFocusReason);
+        QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(&field, typed);
+        QTest::keyClick(&field, Qt::Key_Return);
+        QTEST(field.text(), "shown");
+    }
+
     void scrollBarAndSliderDrawOnly() {
         WindowFixture fixture(shortYears());
         const ShownRange before = fixture.shownRange();
