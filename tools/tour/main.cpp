@@ -1,6 +1,7 @@
 // Takes the pictures of the manual and of the README: tour FOLDER. The clock stands still, the sample station
 // is always the same and the screen is Qt's own without a display, so that the same program and the same
 // fonts give the same bytes.
+#include "app/Appearance.h"
 #include "tools/tour/Chapters.h"
 
 #include <QApplication>
@@ -20,7 +21,11 @@ int main(int argc, char* argv[]) {
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_SCALE_FACTOR", "1");
-    const QApplication application(argc, argv);
+    QApplication application(argc, argv);
+    if (!kelvrum::speakGerman(application)) {
+        std::cerr << "tour: Qt has no German texts here (package qt6-translations-l10n)\n";
+        return 1;
+    }
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(QApplication::style()->standardPalette());
     QApplication::setFont(QFont(QStringLiteral("Arial"), 9)); // not the one that a desktop would choose
