@@ -28,6 +28,8 @@ constexpr int DAYS = 60; // of the station before today
 constexpr int WIDTH = 960;
 constexpr int HEIGHT = 700;
 
+const QString WIDE_FOLDER = QStringLiteral("Tagesdateien");
+
 struct OtherProject {
     const char* folder;
     const char* ini;
@@ -47,6 +49,9 @@ SampleFolder::SampleFolder() {
     plan.until = dateSerial(TODAY.year(), TODAY.month(), TODAY.day()) + 1;
     plan.days = DAYS;
     sample::writeStation(path().toStdString(), plan);
+    plan.form = sample::StationForm::wide;
+    plan.days = 1;
+    sample::writeStation(folder_.filePath(WIDE_FOLDER).toStdString(), plan);
     for (const OtherProject& project : OTHER_PROJECTS) {
         const std::filesystem::path folder =
             folder_.filePath(QString::fromUtf8(project.folder)).toStdString();
@@ -56,6 +61,10 @@ SampleFolder::SampleFolder() {
 }
 
 QString SampleFolder::path() const { return folder_.filePath(QStringLiteral("Klaeranlage")); }
+
+QString SampleFolder::wideStation() const {
+    return folder_.filePath(WIDE_FOLDER + QStringLiteral("/VARNIX.CFG"));
+}
 
 Stage::Stage(const SampleFolder& folder) {
     Environment environment;

@@ -21,6 +21,8 @@ class SampleFolder {
     SampleFolder();
     /// The station's folder.
     [[nodiscard]] QString path() const;
+    /// The configuration of a station with wide day files, of today alone.
+    [[nodiscard]] QString wideStation() const;
 
   private:
     QTemporaryDir folder_;

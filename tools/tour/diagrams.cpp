@@ -5,6 +5,7 @@
 
 #include <QMenu>
 #include <QTest>
+#include <stdexcept>
 
 namespace kelvrum::tour {
 
@@ -14,7 +15,11 @@ QImage whole(const Stage& stage) { return framed(pictureOf(stage.window()), stag
 
 /// The diagram alone, whole: in the window the scroll bar lies over its foot.
 QImage diagram(const Stage& stage) {
-    return stage.the<PolarSys>("KS").picture().toImage().convertToFormat(QImage::Format_RGB32);
+    const auto& ks = stage.the<PolarSys>("KS");
+    if (ks.DataCount() == 0 && ks.sampleCount() == 0) {
+        throw std::runtime_error("a diagram without values");
+    }
+    return ks.picture().toImage().convertToFormat(QImage::Format_RGB32);
 }
 
 void scales(const SampleFolder& station, const QString& pictures) {
@@ -82,6 +87,17 @@ void eachKind(const SampleFolder& station, const QString& pictures) {
     }
 }
 
+void extremes(const SampleFolder& station, const QString& pictures) {
+    const Stage stage(station);
+    stage.window().readConf(station.wideStation().toStdString());
+    stage.window().LoadData();
+    stage.chooseChannel("Lufttemperatur");
+    stage.chooseInterval("1 Stunde");
+    stage.click("Option1");
+    stage.rest();
+    save(diagram(stage), pictures, QStringLiteral("extremes"));
+}
+
 } // namespace
 
 void showDiagrams(const SampleFolder& station, const QString& pictures) {
@@ -89,6 +105,7 @@ void showDiagrams(const SampleFolder& station, const QString& pictures) {
     limits(station, pictures);
     kindMenu(station, pictures);
     eachKind(station, pictures);
+    extremes(station, pictures);
 }
 
 } // namespace kelvrum::tour
