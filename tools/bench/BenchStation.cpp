@@ -101,7 +101,8 @@ BenchDays::BenchDays(bool wide)
             put(bytes, at + kmh::MONTH_AT, 1, static_cast<std::uint32_t>(parts.month));
             put(bytes, at + kmh::DAY_AT, 1, static_cast<std::uint32_t>(parts.day));
             put(bytes, at + kmh::MINUTE_AT, 2, static_cast<std::uint32_t>(minute));
-            const auto number = static_cast<std::size_t>(day * MINUTES_PER_DAY + minute);
+            const auto number =
+                static_cast<std::size_t>(day) * MINUTES_PER_DAY + static_cast<std::size_t>(minute);
             const auto value = std::bit_cast<std::uint32_t>(static_cast<float>(values[number]));
             for (std::size_t k = kmh::FIELDS_AT; k < record; k += kmh::NARROW_FIELD) {
                 put(bytes, at + k, kmh::NARROW_FIELD, value);
