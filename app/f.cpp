@@ -102,6 +102,11 @@ bool f::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonPress && watched == selChan->viewport()) {
         pressLoaded_ = false; // channelChosen tells when the press chooses
     }
+    const bool changedByWheel = watched->inherits("QAbstractSpinBox") || watched->inherits("QComboBox");
+    if (event->type() == QEvent::Wheel && changedByWheel && !static_cast<QWidget*>(watched)->hasFocus()) {
+        event->ignore(); // turned on its way over a picker or a choice
+        return true;
+    }
     if (event->type() == QEvent::KeyPress && watched == KS && diagramKey(*static_cast<QKeyEvent*>(event))) {
         return true;
     }

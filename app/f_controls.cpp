@@ -190,6 +190,9 @@ void f::buildScaleFrames() {
                                  QStringLiteral("&Automatisch"));
     Option2 = make<QRadioButton>(scale, "Option2", QRect(INNER_LEFT, 35, INNER_WIDTH, 17),
                                  QStringLiteral("Man&uell"));
+    auto* scales = new QButtonGroup(this); // the tab key reaches the chosen one
+    scales->addButton(Option1);
+    scales->addButton(Option2);
     Option2->setChecked(true);
     Text1 = box(scale, "Text1", {59, 53, 50, CONTROL_HEIGHT}, "0");
     Label4 = label(scale, "Label4", 53, "&Minimum:", Text1);

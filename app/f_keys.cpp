@@ -1,9 +1,12 @@
-// Keys that work wherever the focus is, and those of the diagram.
+// Keys that work wherever the focus is, those of the diagram, and the wheel.
 #include "app/f.h"
 #include "diagram/PolarSys.h"
 
 #include <QAction>
+#include <QComboBox>
+#include <QDateEdit>
 #include <QKeyEvent>
+#include <initializer_list>
 
 namespace kelvrum {
 
@@ -16,6 +19,11 @@ void f::buildKeys() {
     addAction(reload);
     connect(reload, &QAction::triggered, this, &f::LoadData);
     KS->installEventFilter(this);
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{DTPicker, DTPicker1, DTPicker2, DTPicker3, selInterval, selScroll}) {
+        control->setFocusPolicy(Qt::StrongFocus); // the wheel does not bring the focus
+        control->installEventFilter(this);
+    }
 }
 
 /// The page keys scroll the range by the scroll unit, as the buttons do. True when the key was one.

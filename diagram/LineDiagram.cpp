@@ -139,7 +139,8 @@ class Drawing {
             line({x, y}, {tickEnd, y});
             const Extent extent = surface_.textExtent(tick.label);
             const int labelX =
-                side < 0 ? tickEnd - dots(layout_.textGap) - extent.width : tickEnd + dots(layout_.textGap);
+                side < 0 ? tickEnd - dots(layout_.textGap) - extent.width
+                         : std::min(tickEnd + dots(layout_.textGap), size_.width - extent.width); // never cut
             surface_.text({labelX, y - extent.height / 2}, tick.label);
         }
     }

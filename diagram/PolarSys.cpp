@@ -6,10 +6,10 @@
 #include "diagram/PolarDiagram.h"
 #include "diagram/PrintJob.h"
 
+#include <QFocusEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPalette>
-#include <QStyle>
-#include <QStyleOptionFocusRect>
 #include <exception>
 #include <utility>
 
@@ -102,12 +102,23 @@ void PolarSys::paintEvent(QPaintEvent* /*event*/) {
     }
     QPainter painter(this);
     painter.drawPixmap(0, 0, pb_);
-    if (hasFocus()) { // the style shows a frame to those who work with keys
-        QStyleOptionFocusRect frame;
-        frame.initFrom(this);
-        frame.backgroundColor = toQColor(BgCol());
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
+    if (hasFocus() && focusByKey_) {
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
+}
+
+void PolarSys::focusInEvent(QFocusEvent* event) {
+    const Qt::FocusReason reason = event->reason();
+    focusByKey_ =
+        reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+    QWidget::focusInEvent(event);
+}
+
+void PolarSys::mousePressEvent(QMouseEvent* event) {
+    focusByKey_ = false;
+    update();
+    QWidget::mousePressEvent(event);
 }
 
 void PolarSys::requestRepaint() {

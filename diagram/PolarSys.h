@@ -40,6 +40,8 @@ class PolarSys : public QWidget, public DiagramState {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
 
     void requestRepaint() override;
     void repaintNow() override { Draw(); }
@@ -59,6 +61,7 @@ class PolarSys : public QWidget, public DiagramState {
     QPixmap pb_;
     bool stale_ = true; // the picture is to be drawn before it is shown
     int drawings_ = 0;
+    bool focusByKey_ = false; // the focus came with a key: a frame shows where it is
 };
 
 } // namespace kelvrum

@@ -5,8 +5,10 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QListWidget>
 #include <QMenu>
 #include <QTest>
+#include <QWheelEvent>
 
 namespace kelvrum {
 
@@ -86,9 +88,41 @@ class f_keys_test : public QObject {
         fixture.the<QWidget>("HScroll").setFocus();
         QTest::keyClick(&fixture.the<QWidget>("HScroll"), Qt::Key_Backtab);
         QVERIFY(diagram.hasFocus());
-        QVERIFY(diagram.grab().toImage() != without);
+        const QImage framed = diagram.grab().toImage();
+        QVERIFY(framed != without);
+        const QRect inner = framed.rect().adjusted(1, 1, -1, -1);
+        QCOMPARE(framed.copy(inner), without.copy(inner));
+        QTest::mouseClick(&diagram, Qt::LeftButton);
+        QCOMPARE(diagram.grab().toImage(), without);
         fixture.the<QWidget>("selChan").setFocus();
         QCOMPARE(diagram.grab().toImage(), without);
+    }
+
+    /// The wheel turns over a control that has not got the focus: the user means the window, not the value.
+    void theWheelChangesNothingOnItsWay() {
+        const WindowFixture fixture;
+        fixture.the<QWidget>("selChan").setFocus();
+        const TimeRange before = fixture.window->range();
+        const auto turn = [](QWidget& control) {
+            const QPointF at(control.width() / 2.0, control.height() / 2.0);
+            QWheelEvent wheel(at, control.mapToGlobal(at), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                              Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(&control, &wheel);
+        };
+        for (const char* name :
+             {"DTPicker", "DTPicker1", "DTPicker2", "DTPicker3", "selInterval", "selScroll"}) {
+            turn(fixture.the<QWidget>(name));
+        }
+        QCOMPARE(fixture.window->range().from, before.from);
+        QCOMPARE(fixture.window->range().to, before.to);
+        QCOMPARE(fixture.the<QComboBox>("selInterval").currentIndex(), 0);
+        QCOMPARE(fixture.the<QComboBox>("selScroll").currentIndex(), 2);
+        QCOMPARE(QApplication::focusWidget(), &fixture.the<QWidget>("selChan"));
+        auto& interval = fixture.the<QComboBox>("selInterval");
+        turn(*fixture.the<QListWidget>("selChan").viewport()); // a list scrolls
+        interval.setFocus();
+        turn(interval);
+        QCOMPARE(interval.currentIndex(), 1);
     }
 
     void aReaderHearsTheDiagram() {

@@ -93,6 +93,21 @@ TEST(Axes, ValueLabelsStandOutsideAtTheirTicks) {
     EXPECT_EQ(seen, 2 * expected.size());
 }
 
+/// A high picture divides 0 to 100 by 2.5, and "100,0" is wider than the right margin.
+TEST(Axes, NoValueLabelIsCutAtTheRightEdge) {
+    ColouredDiagram diagram;
+    diagram.setY1Low(0);
+    diagram.setY1High(10);
+    RecordingSurface surface({1000, 1000});
+    draw(surface, diagram);
+    const auto widest = surface.only("100,0");
+    ASSERT_TRUE(widest.has_value());
+    EXPECT_EQ(widest->at.x + widest->extent.width, 1000);
+    for (const RecordedText& text : surface.texts) {
+        EXPECT_LE(text.at.x + text.extent.width, 1000) << text.text;
+    }
+}
+
 TEST(Axes, TimeLabelsAreCentredBelowTheirTicks) {
     ColouredDiagram diagram;
     diagram.setXHigh(DAY + 3);
