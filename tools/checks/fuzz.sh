@@ -11,6 +11,10 @@ cd -P "$(dirname "$0")/../.."
 . tools/packages.sh
 
 seconds=${1:-20}
+seed=0 # a run of a length that is asked for goes a way of its own
+if [ $# -eq 0 ]; then
+    seed=1 # the usual run goes the same way each time, so that it fails for a change and not by chance
+fi
 if [ $# -gt 0 ]; then
     shift
 fi
@@ -22,10 +26,10 @@ rm -rf build/fuzz/seeds
 "$folder/make_seeds" build/fuzz/seeds
 mkdir -p build/fuzz/crashes build/fuzz/logs
 
-# fuzz_one SECONDS TARGETS NAME, run as a program of its own for each target. What is found is kept in
+# fuzz_one SECONDS TARGETS SEED NAME, run as a program of its own for each target. What is found is kept in
 # build/fuzz/found and tried first the next time.
 fuzz_one='
-    name=$3
+    name=$4
     found=build/fuzz/found/$name
     log=build/fuzz/logs/$name
     mkdir -p "$found"
@@ -33,7 +37,7 @@ fuzz_one='
     if [ -d "tests/fuzz/corpus/$name" ]; then
         folders="$folders tests/fuzz/corpus/$name"
     fi
-    limits="-max_len=8192 -timeout=20 -rss_limit_mb=1024 -malloc_limit_mb=256"
+    limits="-max_len=8192 -timeout=20 -rss_limit_mb=1024 -malloc_limit_mb=256 -seed=$3"
     for length in -runs=0 "-max_total_time=$1"; do
         if [ "$length" = -max_total_time=0 ]; then # it would mean: for ever
             continue
@@ -50,4 +54,4 @@ fuzz_one='
 if [ $# -eq 0 ]; then
     set -- $(ls "$folder/targets")
 fi
-printf '%s\n' "$@" | xargs -n 1 -P 2 sh -c "$fuzz_one" fuzz_one "$seconds" "$folder/targets"
+printf '%s\n' "$@" | xargs -n 1 -P 2 sh -c "$fuzz_one" fuzz_one "$seconds" "$folder/targets" "$seed"
