@@ -2,6 +2,7 @@
 
 #include "diagram/Curve.h"
 #include "diagram/LineScale.h"
+#include "diagram/ReducedCurve.h"
 #include "diagram/SeriesTable.h"
 
 #include <algorithm>
@@ -23,6 +24,9 @@ std::string counted(std::int64_t count) {
 
 /// Columns before a second pass over the range begins.
 std::size_t firstPass(std::span<const DateTime> times, DateTime xLow) {
+    if (ascend(times)) {
+        return times.size();
+    }
     PassDetector passes(xLow);
     const auto second =
         std::find_if(times.begin(), times.end(), [&](DateTime t) { return passes.starts(t); });
