@@ -20,6 +20,11 @@ namespace kelvrum {
 namespace {
 constexpr int ROW_DAYS = 2; // of selScroll
 
+/// Pickers and choices change their value when the wheel turns over them.
+bool turnsOnWheel(const QObject& control) {
+    return control.inherits("QAbstractSpinBox") || control.inherits("QComboBox");
+}
+
 /// A home that is missing or full keeps nobody from looking at a station.
 QString noProgramFolder(const QString& folder) {
     return QStringLiteral("Der Programmordner „%1“ ist nicht zugänglich.\n"
@@ -102,8 +107,8 @@ bool f::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonPress && watched == selChan->viewport()) {
         pressLoaded_ = false; // channelChosen tells when the press chooses
     }
-    const bool changedByWheel = watched->inherits("QAbstractSpinBox") || watched->inherits("QComboBox");
-    if (event->type() == QEvent::Wheel && changedByWheel && !static_cast<QWidget*>(watched)->hasFocus()) {
+    if (event->type() == QEvent::Wheel && turnsOnWheel(*watched) &&
+        !static_cast<QWidget*>(watched)->hasFocus()) {
         event->ignore(); // turned on its way over a picker or a choice
         return true;
     }
