@@ -1,7 +1,6 @@
 #include "data/Averaging.h"
 
 #include "config/ChannelTable.h"
-#include "data/WindMean.h"
 
 #include <algorithm>
 
@@ -46,7 +45,7 @@ double blockAverage(std::span<const double> block, std::int32_t mode, std::span<
     }
 }
 
-void averageBlocks(const BlockRun& run, std::int32_t mode, std::span<double> results) {
+void averageBlocks(const BlockRun& run, std::int32_t mode, std::span<double> results, WindMeans& winds) {
     if (run.empty()) {
         return;
     }
@@ -58,7 +57,7 @@ void averageBlocks(const BlockRun& run, std::int32_t mode, std::span<double> res
         return;
     }
     if (mode == MODE_WIND_DIRECTION) {
-        windMeans(run.values, run.paired, n, results.first(run.blocks));
+        winds.of(run.values, run.paired, n, results.first(run.blocks));
         return;
     }
     for (std::size_t i = 0; i < run.blocks; ++i) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/BlockReader.h"
+#include "data/WindMean.h"
 #include "util/DateTime.h"
 #include "util/Validity.h"
 
@@ -24,7 +25,8 @@ struct IntervalValue {
 double blockAverage(std::span<const double> block, std::int32_t mode, std::span<const double> paired,
                     double upper = UPPER_BOUND, double lower = LOWER_BOUND);
 
-/// blockAverage of each block of a run; `results` has room for run.blocks values.
-void averageBlocks(const BlockRun& run, std::int32_t mode, std::span<double> results);
+/// blockAverage of each block of a run; `results` has room for run.blocks values. `winds` is memory that is
+/// kept from one run to the next.
+void averageBlocks(const BlockRun& run, std::int32_t mode, std::span<double> results, WindMeans& winds);
 
 } // namespace kelvrum

@@ -41,15 +41,6 @@ Reading trapped(Read read) {
     }
 }
 
-/// The average of each block, in memory that is kept.
-std::span<const double> averagesOf(const BlockRun& run, std::int32_t mode, std::vector<double>& memory) {
-    if (memory.size() < run.blocks) {
-        memory.resize(run.blocks);
-    }
-    averageBlocks(run, mode, memory);
-    return std::span<const double>(memory).first(run.blocks);
-}
-
 /// Lays the intervals of day files into the table, pass after pass, and returns the number of columns.
 std::size_t fillPasses(const std::vector<DayInterval>& intervals, const ReadRequest& request, bool wide) {
     constexpr std::array<double DayInterval::*, 3> PASSES = {&DayInterval::mean, &DayInterval::minimum,
@@ -87,6 +78,15 @@ std::string firstHeadline(const StationConfig& station, std::int32_t channel) {
 
 std::string secondHeadline(const StationConfig& station, const std::string& intervalCaption) {
     return station.Subtitle + " - " + intervalCaption + " Mittelwert";
+}
+
+std::span<const double> DataReader::averagesOf(const BlockRun& run, std::int32_t mode,
+                                               std::vector<double>& memory) {
+    if (memory.size() < run.blocks) {
+        memory.resize(run.blocks);
+    }
+    averageBlocks(run, mode, memory, winds_);
+    return std::span<const double>(memory).first(run.blocks);
 }
 
 template<typename Consume>

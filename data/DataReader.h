@@ -7,6 +7,7 @@
 #include "data/BlockReader.h"
 #include "data/DayFiles.h"
 #include "data/DayList.h"
+#include "data/WindMean.h"
 #include "diagram/DiagramState.h"
 #include "util/FileSource.h"
 
@@ -73,9 +74,13 @@ class DataReader {
     template<typename Consume>
     Reading averagePieces(BlockReader& blocks, std::int32_t mode, const ReadingStep& step, Consume consume);
 
+    /// The average of each block, in memory that is kept.
+    std::span<const double> averagesOf(const BlockRun& run, std::int32_t mode, std::vector<double>& memory);
+
     FileOpener open_;
     ReadBuffers buffers_;
     std::vector<double> averages_;
+    WindMeans winds_;
 };
 
 /// First headline: "Title - Name [Unit]".

@@ -1,5 +1,6 @@
 #include "data/WindMean.h"
 
+#include "data/Remembered.h"
 #include "util/Validity.h"
 
 #include <algorithm>
@@ -34,26 +35,81 @@ bool isNorth(double d) {
     return d <= TOLERANCE || d >= 360 - TOLERANCE;
 }
 
+struct SineCosine {
+    double sine = 0;
+    double cosine = 0;
+};
+
+/// Of an angle in radians.
+struct SineCosineOf {
+    SineCosine operator()(double angle) const { return {std::sin(angle), std::cos(angle)}; }
+};
+
+/// In radians.
+struct ArctangentOf {
+    double operator()(double tangent) const { return std::atan(tangent); }
+};
+
+/// Works out each result, where Remembered would keep them.
+template<typename Function>
+struct WorkedOut {
+    template<typename Work>
+    void use(Work work) {
+        work(Function{});
+    }
+};
+
 /// Wind vectors as X and Y, taken through each step together: loops without branches and calls are many times
-/// faster than one vector after the other, and round the same.
+/// faster than one vector after the other, and round the same. `Through` is WorkedOut or Remembered.
+template<template<typename> typename Through>
 class WindVectors {
   public:
-    explicit WindVectors(std::size_t minutes)
-        : x_(std::max<std::size_t>(minutes, 1))
-        , y_(x_.size())
-        , speed_(x_.size())
-        , sine_(x_.size())
-        , tangent_(x_.size()) {}
+    /// The mean of each block of `minutes` minutes, of few blocks; as many directions as speeds.
+    void means(std::span<const double> directions, std::span<const double> speeds, std::size_t minutes,
+               std::span<double> results) {
+        makeRoom(std::max(directions.size(), results.size()));
+        setMinutes(directions, speeds);
+        if (minutes != 1) {
+            addUp(minutes, results.size());
+        }
+        turnToDirections(results);
+        for (std::size_t i = 0; i < results.size(); ++i) {
+            if (speed_[i] == DOUBTFUL) {
+                results[i] = windMeanByMinutes(directions.subspan(i * minutes, minutes),
+                                               speeds.subspan(i * minutes, minutes));
+            }
+        }
+    }
+
+  private:
+    // In the place of a sum of speeds, which is above 0.
+    static constexpr double NOT_USED = 0;
+    static constexpr double DOUBTFUL = -1;
+
+    void makeRoom(std::size_t count) {
+        if (x_.size() < count) {
+            for (std::vector<double>* part : {&x_, &y_, &speed_, &sine_, &tangent_}) {
+                part->resize(count);
+            }
+        }
+    }
 
     /// One vector for each minute; directions in degrees.
     void setMinutes(std::span<const double> directions, std::span<const double> speeds) {
-        for (std::size_t i = 0; i < directions.size(); ++i) {
-            const bool present = isPresent(directions[i]) && isPresent(speeds[i]);
-            const double angle = directions[i] * TO_RADIANS;
-            x_[i] = present ? std::sin(angle) * speeds[i] : 0;
-            y_[i] = present ? std::cos(angle) * speeds[i] : 0;
-            speed_[i] = present ? std::fabs(speeds[i]) : NOT_USED;
-        }
+        sineCosine_.use([&](auto sineCosineOf) {
+            for (std::size_t i = 0; i < directions.size(); ++i) {
+                if (isPresent(directions[i]) && isPresent(speeds[i])) {
+                    const SineCosine unit = sineCosineOf(directions[i] * TO_RADIANS);
+                    x_[i] = unit.sine * speeds[i];
+                    y_[i] = unit.cosine * speeds[i];
+                    speed_[i] = std::fabs(speeds[i]);
+                } else {
+                    x_[i] = 0;
+                    y_[i] = 0;
+                    speed_[i] = NOT_USED;
+                }
+            }
+        });
     }
 
     /// From one vector for each minute to one for each block.
@@ -90,7 +146,7 @@ class WindVectors {
     }
 
     /// The directions as reported, of as many vectors as there are results: by the steps of directionOf.
-    void directions(std::span<double> results) {
+    void turnToDirections(std::span<double> results) {
         constexpr std::array<double, 2> MIDDLE = {0, 180};
         constexpr std::array<double, 2> SIDE = {1, -1};
         constexpr std::array<double, 2> TURN = {0, 360};
@@ -103,9 +159,11 @@ class WindVectors {
             y_[i] = hasDirection ? y_[i] : 0;
             tangent_[i] = sine_[i] / std::sqrt(1 - sine_[i] * sine_[i]);
         }
-        for (std::size_t i = 0; i < count; ++i) {
-            tangent_[i] = std::atan(tangent_[i]);
-        }
+        arctangent_.use([&](auto arctangentOf) {
+            for (std::size_t i = 0; i < count; ++i) {
+                tangent_[i] = arctangentOf(tangent_[i]);
+            }
+        });
         for (std::size_t i = 0; i < count; ++i) {
             const double arcsine = std::fabs(sine_[i]) < 1 ? tangent_[i] * TO_DEGREES : 90 * sine_[i];
             const std::size_t lower = y_[i] < 0 ? 1 : 0; // half plane; a table, since it cannot be foreseen
@@ -115,18 +173,13 @@ class WindVectors {
         }
     }
 
-    [[nodiscard]] bool isDoubtful(std::size_t block) const { return speed_[block] == DOUBTFUL; }
-
-  private:
-    // In the place of a sum of speeds, which is above 0.
-    static constexpr double NOT_USED = 0;
-    static constexpr double DOUBTFUL = -1;
-
     std::vector<double> x_;
     std::vector<double> y_;
     std::vector<double> speed_;   // sum of the magnitudes added
     std::vector<double> sine_;    // x / r
     std::vector<double> tangent_; // of the direction, then its arctangent
+    Through<SineCosineOf> sineCosine_;
+    Through<ArctangentOf> arctangent_;
 };
 
 } // namespace
@@ -159,37 +212,38 @@ double windMeanByMinutes(std::span<const double> directions, std::span<const dou
 }
 
 double windMean(std::span<const double> directions, std::span<const double> speeds) {
-    std::array<double, 1> result{};
-    windMeans(directions, speeds, directions.size(), result);
+    std::array<double, 1> result = {INVALID_VALUE};
+    if (speeds.size() >= directions.size()) {
+        WindVectors<WorkedOut>().means(directions, speeds.first(directions.size()), directions.size(),
+                                       result);
+    }
     return result[0];
 }
 
-void windMeans(std::span<const double> directions, std::span<const double> speeds, std::size_t minutes,
-               std::span<double> results) {
+template<typename Function>
+using Kept = Remembered<Function>;
+
+struct WindMeans::Memory : WindVectors<Kept> {};
+
+WindMeans::WindMeans() = default;
+WindMeans::~WindMeans() = default;
+
+void WindMeans::of(std::span<const double> directions, std::span<const double> speeds, std::size_t minutes,
+                   std::span<double> results) {
     if (speeds.size() < directions.size()) {
         std::fill(results.begin(), results.end(), INVALID_VALUE);
         return;
     }
+    if (!memory_) {
+        memory_ = std::make_unique<Memory>();
+    }
     constexpr std::size_t PIECE_MINUTES = 1024; // worked on together, so that they stay in the fast memory
-    const std::size_t most = std::clamp<std::size_t>(PIECE_MINUTES / std::max<std::size_t>(minutes, 1), 1,
-                                                     std::max<std::size_t>(results.size(), 1));
-    WindVectors vectors(most * minutes);
+    const std::size_t most = std::max<std::size_t>(PIECE_MINUTES / std::max<std::size_t>(minutes, 1), 1);
     for (std::size_t block = 0; block < results.size(); block += most) {
         const std::size_t blocks = std::min(most, results.size() - block);
-        const auto d = directions.subspan(block * minutes, blocks * minutes);
-        const auto s = speeds.subspan(block * minutes, blocks * minutes);
-        const auto means = results.subspan(block, blocks);
-        vectors.setMinutes(d, s);
-        if (minutes != 1) {
-            vectors.addUp(minutes, blocks);
-        }
-        vectors.directions(means);
-        for (std::size_t i = 0; i < blocks; ++i) {
-            if (vectors.isDoubtful(i)) {
-                means[i] =
-                    windMeanByMinutes(d.subspan(i * minutes, minutes), s.subspan(i * minutes, minutes));
-            }
-        }
+        memory_->means(directions.subspan(block * minutes, blocks * minutes),
+                       speeds.subspan(block * minutes, blocks * minutes), minutes,
+                       results.subspan(block, blocks));
     }
 }
 

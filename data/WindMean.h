@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <span>
 
 namespace kelvrum {
@@ -11,13 +12,26 @@ namespace kelvrum {
 /// `speeds` are equally long; an empty `speeds` stands for a channel without its pair.
 double windMean(std::span<const double> directions, std::span<const double> speeds);
 
-/// windMean of each block of `minutes` minutes; `results` has a value for each block.
-void windMeans(std::span<const double> directions, std::span<const double> speeds, std::size_t minutes,
-               std::span<double> results);
-
-/// The same, minute by minute: after each minute the running vector is turned into direction and magnitude
+/// windMean, minute by minute: after each minute the running vector is turned into direction and magnitude
 /// and back. windMean carries the vector as X and Y instead and falls back to this for blocks in which the
 /// two ways would round differently; nowhere do they lie more than 1e-7 degrees apart.
 double windMeanByMinutes(std::span<const double> directions, std::span<const double> speeds);
+
+/// Means of many blocks, with memory that is kept from one call to the next: half a megabyte from the first.
+class WindMeans {
+  public:
+    WindMeans();
+    WindMeans(const WindMeans&) = delete;
+    WindMeans& operator=(const WindMeans&) = delete;
+    ~WindMeans();
+
+    /// windMean of each block of `minutes` minutes; `results` has a value for each block.
+    void of(std::span<const double> directions, std::span<const double> speeds, std::size_t minutes,
+            std::span<double> results);
+
+  private:
+    struct Memory;
+    std::unique_ptr<Memory> memory_;
+};
 
 } // namespace kelvrum

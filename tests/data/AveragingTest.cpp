@@ -90,14 +90,15 @@ TEST(AverageBlocks, EachBlockByItself) {
     run.blocks = 5;
     run.values = values;
 
+    WindMeans winds;
     std::vector<double> results(5, 42);
-    averageBlocks(run, MODE_MEAN, results);
+    averageBlocks(run, MODE_MEAN, results, winds);
     EXPECT_EQ(results, (std::vector<double>{2, INVALID_VALUE, 7, -2, 1e-300}));
 
-    averageBlocks(run, MODE_SUM, results);
+    averageBlocks(run, MODE_SUM, results, winds);
     EXPECT_EQ(results, (std::vector<double>{4, INVALID_VALUE, 7, -2, 1e-300}));
 
-    averageBlocks(run, 2, results);
+    averageBlocks(run, 2, results, winds);
     EXPECT_EQ(results, std::vector<double>(5, 0));
 }
 
@@ -108,14 +109,15 @@ TEST(AverageBlocks, WindTakesThePairedMinutes) {
     run.blocks = 3;
     run.values = values;
     run.paired = paired;
+    WindMeans winds;
     std::vector<double> results(3, 42);
-    averageBlocks(run, MODE_WIND_DIRECTION, results);
+    averageBlocks(run, MODE_WIND_DIRECTION, results, winds);
     EXPECT_NEAR(results[0], 180, 1e-9);
     EXPECT_NEAR(results[1], 270, 1e-6);
     EXPECT_EQ(results[2], INVALID_VALUE);
 
     run.paired = {};
-    averageBlocks(run, MODE_WIND_DIRECTION, results);
+    averageBlocks(run, MODE_WIND_DIRECTION, results, winds);
     EXPECT_EQ(results, std::vector<double>(3, INVALID_VALUE));
 }
 
@@ -125,16 +127,20 @@ TEST(AverageBlocks, SingleMinutesAreBlocksLikeOthers) {
     BlockRun run;
     run.blocks = values.size();
     run.values = values;
+    WindMeans winds;
     for (const std::int32_t mode : {0, 1, 2}) {
         std::vector<double> results(values.size(), 42);
-        averageBlocks(run, mode, results);
+        averageBlocks(run, mode, results, winds);
         for (std::size_t i = 0; i < values.size(); ++i) {
             EXPECT_EQ(results[i], blockAverage({&values[i], 1}, mode, {})) << mode << " " << values[i];
         }
     }
 }
 
-TEST(AverageBlocks, AnEmptyRun) { averageBlocks(BlockRun{}, MODE_MEAN, {}); }
+TEST(AverageBlocks, AnEmptyRun) {
+    WindMeans winds;
+    averageBlocks(BlockRun{}, MODE_MEAN, {}, winds);
+}
 
 } // namespace
 } // namespace kelvrum

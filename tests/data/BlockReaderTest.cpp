@@ -212,7 +212,8 @@ TEST(BlockReader, WhatIsNoNumberIsNotPresent) {
     const BlockRun run = reader.next();
     ASSERT_EQ(run.blocks, 2U);
     std::vector<double> means(2);
-    averageBlocks(run, MODE_MEAN, means);
+    WindMeans winds;
+    averageBlocks(run, MODE_MEAN, means, winds);
     EXPECT_EQ(means, (std::vector<double>{INVALID_VALUE, 4}));
 }
 
@@ -255,7 +256,8 @@ TEST(BlockReader, PairedFiles) {
         const BlockRun run = reader.next();
         ASSERT_EQ(run.blocks, 120U);
         std::vector<double> directions(run.blocks);
-        averageBlocks(run, MODE_WIND_DIRECTION, directions);
+        WindMeans winds;
+        averageBlocks(run, MODE_WIND_DIRECTION, directions, winds);
         for (int i = 0; i < 120; ++i) {
             EXPECT_NEAR(directions[static_cast<std::size_t>(i)], i < row.pairedMinutes ? 180 : INVALID_VALUE,
                         1e-9)

@@ -238,29 +238,51 @@ TEST(WindMean, SpeedsTooSmallToBeSquaredFollowTheRule) {
     }
 }
 
-TEST(WindMean, OfManyBlocksIsTheMeanOfEach) {
+TEST(WindMeans, OfManyBlocksIsTheMeanOfEach) {
     std::mt19937 random(11); // NOLINT(cert-msc51-cpp): the same blocks at every run
+    WindMeans winds;         // one for all, with what it remembers
     for (const std::size_t minutes : {1U, 5U, 7U, 60U, 1440U}) {
         const std::size_t blocks = 5000 / minutes + 2;
         std::vector<double> directions;
         std::vector<double> speeds;
-        for (const Weather weather : {Weather::gaps, Weather::nearEast, Weather::any}) {
+        for (const Weather weather :
+             {Weather::gaps, Weather::nearEast, Weather::any, Weather::wholeDegrees}) {
             const auto d = drawDirections(random, weather, blocks * minutes);
             const auto s = drawSpeeds(random, weather, blocks * minutes);
             directions.insert(directions.end(), d.begin(), d.end());
             speeds.insert(speeds.end(), s.begin(), s.end());
         }
         std::fill_n(speeds.begin() + static_cast<std::ptrdiff_t>(minutes), minutes, 0.0); // a block of calms
-        std::vector<double> means(3 * blocks);
-        windMeans(directions, speeds, minutes, means);
+        std::vector<double> means(4 * blocks);
+        winds.of(directions, speeds, minutes, means);
         for (std::size_t i = 0; i < means.size(); ++i) {
             const auto d = std::span<const double>(directions).subspan(i * minutes, minutes);
             const auto s = std::span<const double>(speeds).subspan(i * minutes, minutes);
             ASSERT_EQ(means[i], windMean(d, s)) << "block " << i << " of " << minutes << " minutes";
         }
         EXPECT_EQ(means[1], INVALID_VALUE);
-        windMeans(directions, {}, minutes, means);
+        winds.of(directions, {}, minutes, means);
         EXPECT_EQ(std::count(means.begin(), means.end(), INVALID_VALUE), std::ssize(means));
+    }
+}
+
+TEST(WindMeans, WhatComesAgainIsTheSameAgain) {
+    // Tenths of degrees and of speeds, a turn and more to both sides: far more arguments than are remembered.
+    std::vector<double> directions;
+    std::vector<double> speeds;
+    for (int tenths = -4000; tenths <= 7600; ++tenths) {
+        for (const double speed : {0.1, 0.3, 7.7}) {
+            directions.push_back(tenths / 10.0);
+            speeds.push_back(speed);
+        }
+    }
+    WindMeans winds;
+    for (int round = 0; round < 3; ++round) {
+        std::vector<double> means(directions.size());
+        winds.of(directions, speeds, 1, means);
+        for (std::size_t i = 0; i < means.size(); ++i) {
+            ASSERT_EQ(means[i], literalWindMean({directions[i]}, {speeds[i]})) << directions[i];
+        }
     }
 }
 

@@ -48,16 +48,24 @@ BenchStation::BenchStation()
     config.Kind = ConfigKind::ini;
     config.DataFolder = folder() + "/";
     config.Title = "Messstation";
-    write(SPEED, MODE_MEAN, yearOfMinutes(5, 4));
-    write(DIRECTION, MODE_WIND_DIRECTION, yearOfMinutes(200, 150));
+    write(SPEED, MODE_MEAN, inSteps(yearOfMinutes(5, 4), 10));
+    write(DIRECTION, MODE_WIND_DIRECTION, inSteps(yearOfMinutes(200, 150), 1));
+    write(DIRECTION_IN_TENTHS, MODE_WIND_DIRECTION, inSteps(yearOfMinutes(200, 150), 10));
+    write(ANY_SPEED, MODE_MEAN, yearOfMinutes(5, 4));
+    write(ANY_DIRECTION, MODE_WIND_DIRECTION, yearOfMinutes(200, 150));
     write(DUST, MODE_MEAN, yearOfMinutes(40, 30));
     write(RAIN, MODE_SUM, yearOfMinutes(1, 0.9));
     write(CORRECTED_DUST, MODE_MEAN, yearOfMinutes(40, 30));
     config.ChannelTable.grow(DIRECTION).PairedChannel = SPEED;
+    config.ChannelTable.grow(DIRECTION_IN_TENTHS).PairedChannel = SPEED;
+    config.ChannelTable.grow(ANY_DIRECTION).PairedChannel = ANY_SPEED;
     std::ofstream(folder_.path() / "QEL.ini") << "PROJEKTNAME=Messstation\nDATAFOLDER=" << config.DataFolder
                                               << "\nZEITVON=01.01.2019\nZEITBIS=01.01.2020\n"
                                                  "CHAN04|Windgeschwindigkeit|m/s|0|40||0|1|2|1|0|0|WG\n"
                                                  "CHAN05|Windrichtung|Grad|0|360||0|1|2|36|4|0|WR\n"
+                                                 "CHAN06|Windrichtung 2|Grad|0|360||0|1|2|36|4|0|WZ\n"
+                                                 "CHAN08|Windgeschwindigkeit 3|m/s|0|40||0|1|2|1|0|0|WH\n"
+                                                 "CHAN09|Windrichtung 3|Grad|0|360||0|1|2|36|8|0|WB\n"
                                                  "CHAN07|Staub|µg/m³|0|500||0|1|2|1|0|0|ST\n"
                                                  "CHAN12|Niederschlag|mm|0|10||0|1|2|0|0|0|NS\n";
 }

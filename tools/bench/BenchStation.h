@@ -12,8 +12,11 @@
 namespace kelvrum::bench {
 
 // Channels of the station.
-inline constexpr int SPEED = 4;
-inline constexpr int DIRECTION = 5; // paired with SPEED
+inline constexpr int SPEED = 4;     // in tenths, as instruments deliver
+inline constexpr int DIRECTION = 5; // in whole degrees, paired with SPEED
+inline constexpr int DIRECTION_IN_TENTHS = 6;
+inline constexpr int ANY_SPEED = 8;     // hardly two alike
+inline constexpr int ANY_DIRECTION = 9; // the same, paired with ANY_SPEED
 inline constexpr int CORRECTED_DUST = 15;
 inline constexpr int DUST = 7;
 inline constexpr int RAIN = 12;

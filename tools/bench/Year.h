@@ -11,7 +11,15 @@ namespace kelvrum::bench {
 inline constexpr std::size_t YEAR = 525'600;
 inline constexpr double MISSING_PART = 0.04;
 
-/// Values around `middle`; the same on every run.
+/// The values of an instrument that delivers so many steps to the unit: 10 for tenths.
+inline std::vector<double> inSteps(std::vector<double> values, double stepsToTheUnit) {
+    for (double& value : values) {
+        value = std::round(value * stepsToTheUnit) / stepsToTheUnit;
+    }
+    return values;
+}
+
+/// Values around `middle`, hardly two of them alike; the same on every run.
 inline std::vector<double> yearOfMinutes(double middle, double swing) {
     std::mt19937_64 random(4);
     const auto unit = [&random] { return static_cast<double>(random() >> 11U) * 0x1p-53; };

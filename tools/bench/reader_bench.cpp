@@ -73,7 +73,7 @@ void reader(benchmark::State& state) {
     state.counters["columns"] = static_cast<double>(diagram.DataCount());
 }
 BENCHMARK(reader)
-    ->ArgsProduct({{DUST, RAIN, DIRECTION}, {1, 5, 10, 15, 60, 1440}})
+    ->ArgsProduct({{DUST, RAIN, DIRECTION, DIRECTION_IN_TENTHS, ANY_DIRECTION}, {1, 5, 10, 15, 60, 1440}})
     ->Unit(benchmark::kMillisecond);
 
 const bool RATIOS = [] {
@@ -82,9 +82,10 @@ const bool RATIOS = [] {
         const std::string minutes = std::to_string(n);
         addRatio({"reader, mean, N = " + minutes, "reader/7/" + minutes, {"plainRead", "plainPass"}});
         addRatio({"reader, sum, N = " + minutes, "reader/12/" + minutes, {"plainRead", "plainPass"}});
-        addRatio({"reader, wind, N = " + minutes,
-                  "reader/5/" + minutes,
-                  {"plainRead", "plainRead", "sineAndCosine"}});
+        const std::vector<std::string> windLimit = {"plainRead", "plainRead", "sineAndCosine"};
+        addRatio({"reader, wind, whole degrees, N = " + minutes, "reader/5/" + minutes, windLimit});
+        addRatio({"reader, wind, tenths, N = " + minutes, "reader/6/" + minutes, windLimit});
+        addRatio({"reader, wind, no two alike, N = " + minutes, "reader/9/" + minutes, windLimit});
     }
     return true;
 }();

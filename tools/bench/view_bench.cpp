@@ -84,6 +84,8 @@ void wholeRoad(benchmark::State& state, int channel) {
 BENCHMARK_CAPTURE(wholeRoad, mean, DUST)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(wholeRoad, sum, RAIN)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(wholeRoad, wind, DIRECTION)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(wholeRoad, windInTenths, DIRECTION_IN_TENTHS)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(wholeRoad, anyWind, ANY_DIRECTION)->Unit(benchmark::kMillisecond);
 
 /// Finds the extremes of each column of dots and draws them, without axes, gaps or clipping.
 void barePicture(benchmark::State& state) {
@@ -225,14 +227,16 @@ void listScrolledToItsEnd(benchmark::State& state) {
 BENCHMARK(listScrolledToItsEnd)->Unit(benchmark::kMillisecond);
 
 const std::vector<std::string> READ_AND_DRAW = {"plainRead", "plainPass", "barePicture", "barePainting"};
+const std::vector<std::string> READ_AND_DRAW_WIND = {"plainRead", "plainRead", "sineAndCosine", "barePicture",
+                                                     "barePainting"};
 const std::vector<std::string> DRAW = {"barePicture", "barePainting"};
 
 const bool RATIOS =
     addRatio({"whole road, mean, beside the sum of its limits", "wholeRoad/mean", READ_AND_DRAW}) &&
     addRatio({"whole road, sum, beside the sum of its limits", "wholeRoad/sum", READ_AND_DRAW}) &&
-    addRatio({"whole road, wind, beside the sum of its limits",
-              "wholeRoad/wind",
-              {"plainRead", "plainRead", "sineAndCosine", "barePicture", "barePainting"}}) &&
+    addRatio({"whole road, wind in whole degrees", "wholeRoad/wind", READ_AND_DRAW_WIND}) &&
+    addRatio({"whole road, wind in tenths", "wholeRoad/windInTenths", READ_AND_DRAW_WIND}) &&
+    addRatio({"whole road, wind, no two alike", "wholeRoad/anyWind", READ_AND_DRAW_WIND}) &&
     addRatio({"change of channel", "changeOfChannel", READ_AND_DRAW}) &&
     addRatio({"change of interval (1 and 5 minutes)", "changeOfInterval", READ_AND_DRAW}) &&
     addRatio({"scroll by a day", "scrollByADay", READ_AND_DRAW}) &&

@@ -1,0 +1,70 @@
+// Results of a function of one number, kept for the arguments that come again.
+#pragma once
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <type_traits>
+#include <vector>
+
+namespace kelvrum {
+
+/// Gives what Function{}(argument) gives, bit for bit, but works it out only for arguments that are new. An
+/// instrument delivers few different values (whole degrees, tenths of metres per second), so nearly all of
+/// them have come before. Where most are new all the same, remembering rests, for longer each time. Each
+/// argument has one place among `PLACES` and takes it from whichever was there.
+template<typename Function, std::size_t PLACES = 16384>
+class Remembered {
+  public:
+    using Result = std::invoke_result_t<Function, double>;
+
+    Remembered()
+        : places_(PLACES, Place{0, Function{}(std::bit_cast<double>(std::uint64_t{0}))}) {}
+
+    /// Calls work(function) once, where function(argument) gives a result. The work should ask about a
+    /// thousand times: at its end it is judged whether remembering is worth its while.
+    template<typename Work>
+    void use(Work work) {
+        if (resting_ > 0) {
+            --resting_;
+            work(Function{});
+            return;
+        }
+        std::size_t asked = 0;
+        std::size_t fresh = 0;
+        work([&](double argument) {
+            const auto bits = std::bit_cast<std::uint64_t>(argument);
+            Place& place = places_[((bits ^ (bits >> 32)) * SPREAD) >> SHIFT];
+            ++asked;
+            if (place.argument != bits) {
+                place = {bits, Function{}(argument)};
+                ++fresh;
+            }
+            return place.result;
+        });
+        const bool mostAreNew = 2 * fresh > asked;
+        rest_ = mostAreNew ? std::min(2 * rest_, LONGEST_REST) : 1;
+        resting_ = mostAreNew ? rest_ : 0;
+    }
+
+  private:
+    static_assert(PLACES > 1 && std::has_single_bit(PLACES));
+    // Knuth's multiplicative hashing: the upper bits of the product depend on all bits below them. The upper
+    // half of the argument is folded in first, so that neighbouring angles spread too.
+    static constexpr std::uint64_t SPREAD = 0x9E3779B97F4A7C15; // 2^64 divided by the golden ratio
+    static constexpr int SHIFT = 64 - std::countr_zero(PLACES);
+
+    static constexpr int LONGEST_REST = 64; // uses
+
+    struct Place {
+        std::uint64_t argument; // its bits: 0 and -0 are two, and no number equals itself
+        Result result;
+    };
+
+    std::vector<Place> places_;
+    int rest_ = 1;    // uses of the last rest
+    int resting_ = 0; // uses until the next look
+};
+
+} // namespace kelvrum

@@ -1,0 +1,107 @@
+// Results that are kept for the arguments that come again.
+#include "data/Remembered.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <random>
+#include <vector>
+
+namespace kelvrum {
+namespace {
+
+int worked = 0; // how often the function below was worked out
+
+struct InverseOf {
+    double operator()(double x) const {
+        ++worked;
+        return 1 / x;
+    }
+};
+
+/// Asks `inverse` for all arguments in one use and returns the results.
+template<typename Inverse>
+std::vector<double> ask(Inverse& inverse, const std::vector<double>& arguments) {
+    std::vector<double> results;
+    inverse.use([&](auto inverseOf) {
+        for (const double x : arguments) {
+            results.push_back(inverseOf(x));
+        }
+    });
+    return results;
+}
+
+/// How many of the arguments are worked out.
+template<typename Inverse>
+int workedFor(Inverse& inverse, const std::vector<double>& arguments) {
+    worked = 0;
+    ask(inverse, arguments);
+    return worked;
+}
+
+TEST(Remembered, GivesWhatTheFunctionGives) {
+    constexpr double INFINITE = std::numeric_limits<double>::infinity();
+    Remembered<InverseOf, 4> inverse; // few places: arguments drive each other out
+    std::mt19937 random(3);           // NOLINT(cert-msc51-cpp): the same arguments at every run
+    for (int round = 0; round < 100; ++round) {
+        std::vector<double> arguments = {
+            0.0, -0.0, 0.0, -0.0, INFINITE, -INFINITE, std::numeric_limits<double>::denorm_min()};
+        for (int i = 0; i < 20; ++i) {
+            const int number = std::uniform_int_distribution<int>(-9, 9)(random);
+            arguments.push_back(number / 2.0);
+            arguments.push_back(1 + number * std::numeric_limits<double>::epsilon()); // the next neighbours
+        }
+        const std::vector<double> results = ask(inverse, arguments);
+        for (std::size_t i = 0; i < arguments.size(); ++i) {
+            EXPECT_EQ(results[i], 1 / arguments[i]) << arguments[i];
+        }
+        EXPECT_TRUE(std::isnan(ask(inverse, {std::numeric_limits<double>::quiet_NaN()})[0]));
+    }
+}
+
+TEST(Remembered, WorksOutWhatIsNew) {
+    Remembered<InverseOf, 1024> inverse;
+    const double noNumber = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_EQ(workedFor(inverse, {1, 2, noNumber, 1, 2, noNumber, 1, noNumber}), 3);
+    EXPECT_EQ(workedFor(inverse, {2, noNumber, 1}), 0);
+    EXPECT_EQ(workedFor(inverse, {0.0}), 0) << "known from the first";
+    EXPECT_EQ(workedFor(inverse, {-0.0, 1}), 1);
+}
+
+TEST(Remembered, NeighboursHavePlacesOfTheirOwn) {
+    Remembered<InverseOf> inverse;
+    std::vector<double> degrees;
+    for (int round = 0; round < 3; ++round) {
+        for (int degree = 1; degree <= 360; ++degree) {
+            degrees.push_back(degree * 0.0174532925199433);
+        }
+    }
+    EXPECT_LT(workedFor(inverse, degrees), 360 + 40); // a few lie on each other
+}
+
+TEST(Remembered, RestsWhileMostAreNewAndLooksAgain) {
+    Remembered<InverseOf, 1024> inverse;
+    std::vector<int> looked; // the uses that found the 7 that is asked for twice
+    double next = 8;
+    for (int use = 0; use < 200; ++use) {
+        const std::vector<double> arguments = {7, next, next + 1, next + 2, next + 3, 7};
+        next += 4;
+        if (workedFor(inverse, arguments) < 6) {
+            looked.push_back(use);
+        }
+    }
+    // Rests of 2, 4, 8, 16, 32, 64 and 64 uses.
+    EXPECT_EQ(looked, (std::vector<int>{0, 3, 8, 17, 34, 67, 132, 197}));
+
+    while (workedFor(inverse, {1, 1, 1, 1}) == 4) { // until the next look
+    }
+    EXPECT_EQ(workedFor(inverse, {1, 1, 1, 1}), 0) << "what comes again is remembered from then on";
+    EXPECT_EQ(workedFor(inverse, {-1, -2, -3, -4}), 4);
+    EXPECT_EQ(workedFor(inverse, {1, 1, 1, 1}), 4) << "a rest, but a short one";
+    EXPECT_EQ(workedFor(inverse, {1, 1, 1, 1}), 4);
+    EXPECT_EQ(workedFor(inverse, {1, 1, 1, 1}), 0);
+}
+
+} // namespace
+} // namespace kelvrum
