@@ -5,6 +5,8 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
+#include <QStyle>
+#include <QStyleOptionHeader>
 #include <algorithm>
 #include <vector>
 
@@ -13,10 +15,32 @@ namespace kelvrum {
 namespace {
 constexpr int ROW_HEIGHT = 17;
 constexpr int COLUMN_WIDTH = 120;
+/// Column titles that never turn bold, and so need no room for it: the toolkit would look for the bold face
+/// of the font, while the program starts, only to measure them.
+class ColumnTitles : public QHeaderView {
+  public:
+    explicit ColumnTitles(QWidget* parent)
+        : QHeaderView(Qt::Horizontal, parent) {
+        setSectionsClickable(true);
+        setHighlightSections(false);
+    }
+
+  protected:
+    [[nodiscard]] QSize sectionSizeFromContents(int logicalIndex) const override {
+        QStyleOptionHeader option;
+        initStyleOption(&option);
+        option.section = logicalIndex;
+        option.text = model()->headerData(logicalIndex, Qt::Horizontal).toString();
+        option.fontMetrics = fontMetrics();
+        return style()->sizeFromContents(QStyle::CT_HeaderSection, &option, {}, this);
+    }
+};
+
 } // namespace
 
 ListView::ListView(QWidget* parent)
     : QTableView(parent) {
+    setHorizontalHeader(new ColumnTitles(this));
     setShowGrid(false);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setWordWrap(false);
@@ -27,7 +51,6 @@ ListView::ListView(QWidget* parent)
     verticalHeader()->setMinimumSectionSize(ROW_HEIGHT);
     verticalHeader()->setDefaultSectionSize(ROW_HEIGHT);
     horizontalHeader()->setDefaultSectionSize(COLUMN_WIDTH);
-    horizontalHeader()->setHighlightSections(false);
 }
 
 QString ListView::selectedText() const {
