@@ -24,9 +24,10 @@ void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
         constexpr double MS_PER_S = 1000;
         // The processor's time, which other programs disturb least; of processes that were waited for, the
         // clock's.
-        const bool byTheClock = run.benchmark_name().ends_with("/real_time");
+        const std::string name = run.benchmark_name();
+        const bool byTheClock = name.ends_with("/real_time") || name.ends_with("/manual_time");
         const double seconds = byTheClock ? run.real_accumulated_time : run.cpu_accumulated_time;
-        milliseconds_[run.benchmark_name()] = seconds / static_cast<double>(run.iterations) * MS_PER_S;
+        milliseconds_[name] = seconds / static_cast<double>(run.iterations) * MS_PER_S;
     }
     ConsoleReporter::ReportRuns(runs);
 }
