@@ -44,9 +44,12 @@ f::f(Environment environment)
     buildKeys();
     connectControls();
     setCaption();
+    isReadOut_ = QAccessible::isActive();
+    QAccessible::installActivationObserver(this);
 }
 
 f::~f() {
+    QAccessible::removeActivationObserver(this);
     // A picker with an unfinished edit reports it when it loses the focus; the window is half gone by then.
     for (QWidget* control : findChildren<QWidget*>()) {
         control->disconnect(this);

@@ -9,6 +9,7 @@
 #include "diagram/PrintJob.h"
 #include "util/DateTime.h"
 
+#include <QAccessible>
 #include <QMainWindow>
 #include <QPointer>
 #include <cstdint>
@@ -45,7 +46,7 @@ class PolarSys;
 /// The start object and only long-lived window: one channel of one station over a time range, as a data list
 /// or as a diagram. It owns the StationConfig, the four pickers (which are the range), the interval and the
 /// diagram control KS. Controls bear their given names, also as object names.
-class f : public QMainWindow {
+class f : public QMainWindow, private QAccessible::ActivationObserver {
     Q_OBJECT
 
   public:
@@ -106,6 +107,7 @@ class f : public QMainWindow {
     void showRows(std::span<const IntervalValue> intervals);
     void showNothing();
     void describeView();
+    void accessibilityActiveChanged(bool active) override;
     void showChannel(std::int32_t channel);
     [[nodiscard]] bool diagramSelected() const;
     [[nodiscard]] std::int32_t selectedChannel() const;
@@ -185,6 +187,7 @@ class f : public QMainWindow {
     double lastDustFactor_ = 0;
     int previousStartTime_ = 0; // minutes; the time pickers' values after their last change handling
     int previousEndTime_ = 0;
+    bool isReadOut_ = false;      // somebody has the screen read out
     bool suppressReload_ = false; // while the interval re-rounds the times
 
     QWidget* client_ = nullptr; // the window's inner area below the menu bar

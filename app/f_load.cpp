@@ -55,12 +55,21 @@ void f::LoadData() {
     Label8->hide();
 }
 
-/// The diagram as text, for a reader of the screen.
+/// The diagram as text, for a reader of the screen. Its figures go through the whole series, so they are
+/// taken only while somebody listens.
 void f::describeView() {
     KS->setAccessibleName(QStringLiteral("Diagramm: ") + QString::fromStdString(KS->HeadLine()));
+    if (!isReadOut_) {
+        return;
+    }
     KS->setAccessibleDescription(diagramSelected()
                                      ? QString::fromStdString(diagramSummary(*KS, environment_.texts))
                                      : QStringLiteral("Die Werte stehen in der Datenliste."));
+}
+
+void f::accessibilityActiveChanged(bool active) {
+    isReadOut_ = active;
+    describeView(); // what is shown already
 }
 
 /// Reads what the view shows. The view that is not shown keeps nothing of an older request. False when the

@@ -2,6 +2,7 @@
 #include "diagram/PolarSys.h"
 #include "tests/app/WindowFixture.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -128,6 +129,8 @@ class f_keys_test : public QObject {
     void aReaderHearsTheDiagram() {
         const WindowFixture fixture;
         const auto& diagram = fixture.the<QWidget>("KS");
+        QVERIFY2(diagram.accessibleDescription().isEmpty(), "nobody listens yet");
+        QAccessible::setActive(true);
         QVERIFY(diagram.accessibleName().contains(QStringLiteral("Windgeschwindigkeit")));
         QVERIFY2(diagram.accessibleDescription().contains(QStringLiteral("1320 Werte.")),
                  qPrintable(diagram.accessibleDescription()));
@@ -139,6 +142,7 @@ class f_keys_test : public QObject {
         QVERIFY(diagram.accessibleDescription().contains(QStringLiteral("24 Werte.")));
         fixture.click("optView(1)");
         QVERIFY(diagram.accessibleDescription().contains(QStringLiteral("Datenliste")));
+        QAccessible::setActive(false);
     }
 };
 
