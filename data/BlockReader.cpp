@@ -11,7 +11,7 @@
 namespace kelvrum {
 
 namespace {
-constexpr std::size_t PIECE_VALUES = 64UL * 1024; // minutes fetched with one read
+constexpr std::size_t PIECE_VALUES = 16UL * 1024; // minutes fetched with one read
 } // namespace
 
 BlockReader::BlockReader(const StationConfig& station, const ReadRequest& request, const FileOpener& open,

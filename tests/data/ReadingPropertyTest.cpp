@@ -16,7 +16,7 @@ namespace {
 using namespace kelvrum::testing;
 
 constexpr std::array<std::int32_t, 8> INTERVALS = {1, 5, 7, 10, 15, 60, 1440, 4321};
-constexpr int PIECE = 64 * 1024; // minutes; where pieces of a long reading meet
+constexpr int PIECE = 16 * 1024; // minutes; where pieces of a long reading meet
 
 bool sameBits(double a, double b) {
     return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
