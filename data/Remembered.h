@@ -14,7 +14,7 @@ namespace kelvrum {
 /// instrument delivers few different values (whole degrees, tenths of metres per second), so nearly all of
 /// them have come before. Where most are new all the same, remembering rests, for longer each time. Each
 /// argument has one place among `PLACES` and takes it from whichever was there.
-template<typename Function, std::size_t PLACES = 16384>
+template<typename Function, std::size_t PLACES = 8192>
 class Remembered {
   public:
     using Result = std::invoke_result_t<Function, double>;

@@ -17,7 +17,7 @@ double windMean(std::span<const double> directions, std::span<const double> spee
 /// two ways would round differently; nowhere do they lie more than 1e-7 degrees apart.
 double windMeanByMinutes(std::span<const double> directions, std::span<const double> speeds);
 
-/// Means of many blocks, with memory that is kept from one call to the next: half a megabyte from the first.
+/// Means of many blocks, with memory that is kept from one call to the next: a third of a megabyte.
 class WindMeans {
   public:
     WindMeans();

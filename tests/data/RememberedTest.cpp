@@ -70,7 +70,7 @@ TEST(Remembered, WorksOutWhatIsNew) {
 }
 
 TEST(Remembered, NeighboursHavePlacesOfTheirOwn) {
-    Remembered<InverseOf> inverse;
+    Remembered<InverseOf, 16384> inverse;
     std::vector<double> degrees;
     for (int round = 0; round < 3; ++round) {
         for (int degree = 1; degree <= 360; ++degree) {
