@@ -1,5 +1,6 @@
 #include "tools/bench/Ratios.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -12,6 +13,15 @@ std::vector<Ratio>& ratios() {
     return list;
 }
 
+/// The processor's time, which other programs disturb least; of processes that were waited for, the clock's.
+double millisecondsOf(const benchmark::BenchmarkReporter::Run& run) {
+    constexpr double MS_PER_S = 1000;
+    const std::string name = run.benchmark_name();
+    const bool byTheClock = name.ends_with("/real_time") || name.ends_with("/manual_time");
+    const double seconds = byTheClock ? run.real_accumulated_time : run.cpu_accumulated_time;
+    return seconds / static_cast<double>(run.iterations) * MS_PER_S;
+}
+
 } // namespace
 
 bool addRatio(Ratio ratio) {
@@ -19,33 +29,54 @@ bool addRatio(Ratio ratio) {
     return true;
 }
 
-void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
-    for (const Run& run : runs) {
-        constexpr double MS_PER_S = 1000;
-        // The processor's time, which other programs disturb least; of processes that were waited for, the
-        // clock's.
-        const std::string name = run.benchmark_name();
-        const bool byTheClock = name.ends_with("/real_time") || name.ends_with("/manual_time");
-        const double seconds = byTheClock ? run.real_accumulated_time : run.cpu_accumulated_time;
-        milliseconds_[name] = seconds / static_cast<double>(run.iterations) * MS_PER_S;
-    }
-    ConsoleReporter::ReportRuns(runs);
+bool RatioReporter::ReportContext(const Context& context) {
+    PrintBasicContext(&GetErrorStream(), context);
+    return true;
 }
 
-void RatioReporter::printRatios() const {
-    std::printf("\n%-58s %10s %10s %8s\n", "ratio", "ms", "beside ms", "times");
-    for (const Ratio& ratio : ratios()) {
-        const auto found = milliseconds_.find(ratio.figure);
-        double beside = 0;
-        for (const std::string& name : ratio.beside) {
-            const auto part = milliseconds_.find(name);
-            beside += part == milliseconds_.end() ? 0 : part->second;
-        }
-        if (found != milliseconds_.end() && beside > 0) {
-            std::printf("%-58s %10.3f %10.3f %8.2f\n", ratio.what.c_str(), found->second, beside,
-                        found->second / beside);
+void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
+    for (const Run& run : runs) {
+        if (run.error_occurred) {
+            std::printf("%s: %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
+        } else if (run.run_type == Run::RT_Iteration) {
+            Figure& figure = figures_[run.run_name.str()];
+            figure.milliseconds.push_back(millisecondsOf(run));
+            figure.counters = run.counters;
         }
     }
+}
+
+void RatioReporter::print() const {
+    printFigures();
+    std::printf("\n%-58s %10s %10s %8s\n", "ratio of the best", "ms", "beside ms", "times");
+    for (const Ratio& ratio : ratios()) {
+        double beside = 0;
+        for (const std::string& name : ratio.beside) {
+            beside += best(name);
+        }
+        const double figure = best(ratio.figure);
+        if (figure > 0 && beside > 0) {
+            std::printf("%-58s %10.3f %10.3f %8.2f\n", ratio.what.c_str(), figure, beside, figure / beside);
+        }
+    }
+}
+
+void RatioReporter::printFigures() const {
+    std::printf("%-46s %10s %10s\n", "figure", "best ms", "median ms");
+    for (const auto& [name, figure] : figures_) {
+        std::vector<double> sorted = figure.milliseconds;
+        std::sort(sorted.begin(), sorted.end());
+        std::printf("%-46s %10.3f %10.3f", name.c_str(), sorted.front(), sorted[sorted.size() / 2]);
+        for (const auto& [what, counter] : figure.counters) {
+            std::printf("  %s %.6g", what.c_str(), counter.value);
+        }
+        std::printf("\n");
+    }
+}
+
+double RatioReporter::best(const std::string& name) const {
+    const auto found = figures_.find(name);
+    return found == figures_.end() ? 0 : std::ranges::min(found->second.milliseconds);
 }
 
 } // namespace kelvrum::bench

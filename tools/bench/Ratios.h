@@ -18,15 +18,26 @@ struct Ratio {
 /// Adds a line to the closing table; to be called while the program starts.
 bool addRatio(Ratio ratio);
 
-/// Prints as usual and keeps the times.
-class RatioReporter : public benchmark::ConsoleReporter {
+/// Collects what was measured and shows it at the end.
+class RatioReporter : public benchmark::BenchmarkReporter {
   public:
+    bool ReportContext(const Context& context) override;
     void ReportRuns(const std::vector<Run>& runs) override;
-    /// The closing table.
-    void printRatios() const;
+
+    /// The figures, then their ratios.
+    void print() const;
 
   private:
-    std::map<std::string, double> milliseconds_;
+    struct Figure {
+        std::vector<double> milliseconds; // of each repetition
+        benchmark::UserCounters counters;
+    };
+
+    void printFigures() const;
+    /// The best repetition, milliseconds; 0 when it was not measured.
+    [[nodiscard]] double best(const std::string& name) const;
+
+    std::map<std::string, Figure> figures_; // by name
 };
 
 } // namespace kelvrum::bench

@@ -43,7 +43,7 @@ void start(benchmark::State& state, const char* program, const QStringList& furt
 }
 
 void startAs(const char* name, const char* program, const QStringList& further = {}) {
-    constexpr int STARTS = 30;
+    constexpr int STARTS = 3; // of each repetition
     benchmark::RegisterBenchmark(
         name, [program, further](benchmark::State& state) { start(state, program, further); })
         ->Unit(benchmark::kMillisecond)
@@ -56,7 +56,7 @@ const bool RATIOS = [] {
     startAs("start/windowWithOneText", "kelvrum_bench_empty_window", {QStringLiteral("text")});
     startAs("start/firstView", "kelvrum_bench_first_view");
     startAs("start/yearInView", "kelvrum_bench_first_view", {QStringLiteral("year")});
-    const std::string run = "/iterations:30/manual_time";
+    const std::string run = "/iterations:3/manual_time";
     return addRatio({"start to the first view, beside an empty window",
                      "start/firstView" + run,
                      {"start/emptyWindow" + run}}) &&
