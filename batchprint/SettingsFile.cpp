@@ -139,6 +139,7 @@ LoadedSettings decodeSettings(std::span<const std::byte, FILE_SIZE> bytes) {
         const RowSettings row = decodeRow(bytes.subspan(i * RECORD_SIZE, RECORD_SIZE));
         if (!isChoice(row.interval)) {
             settings.damaged = true;
+            settings.damagedRow = row;
             break;
         }
         settings.rows.push_back(row);
@@ -149,7 +150,9 @@ LoadedSettings decodeSettings(std::span<const std::byte, FILE_SIZE> bytes) {
 LoadedSettings loadSettings(std::string_view path, const FileOpener& open) {
     const auto file = open(path);
     if (!file) {
-        return {{}, fileExists(path)}; // there, but not to be read: a folder, say
+        return {.rows = {},
+                .damaged = fileExists(path),
+                .damagedRow = {}}; // there, but not to be read: a folder, say
     }
     SettingsBytes bytes{};
     if (file->size() != bytes.size() || file->read(0, bytes) != bytes.size()) {

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <system_error>
@@ -23,6 +24,7 @@ using SettingsBytes = std::array<std::byte, sammeldruck::FILE_SIZE>;
 struct LoadedSettings {
     std::vector<RowSettings> rows; // from slot 0 on; of a damaged file those before the damage
     bool damaged = false;          // unreadable, of another length, or with an interval that does not exist
+    std::optional<RowSettings> damagedRow = std::nullopt; // the row with that interval
 
     bool operator==(const LoadedSettings&) const = default;
 };

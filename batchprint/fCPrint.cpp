@@ -2,14 +2,13 @@
 
 #include "batchprint/SettingsFile.h"
 #include "util/Numbers.h"
+#include "util/Pickers.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTimeEdit>
 #include <utility>
 
 namespace kelvrum {
@@ -51,14 +50,21 @@ void fCPrint::loadSettings() {
     for (std::size_t i = 0; i < loaded.rows.size(); ++i) {
         applySettings(rows_[i], loaded.rows[i]);
     }
+    if (loaded.damagedRow) { // what stands before its interval is received still
+        applyChoices(rows_[loaded.rows.size()], *loaded.damagedRow);
+    }
     if (loaded.damaged) {
         owner_.dialogs.message(parentWidget(), QStringLiteral("Fehler beim Laden der Einstellungen."), TITLE);
     }
 }
 
-void fCPrint::applySettings(const Row& row, const RowSettings& settings) {
+void fCPrint::applyChoices(const Row& row, const RowSettings& settings) {
     row.chKanal->setChecked(settings.selected);
     row.chAuto->setChecked(settings.automatic);
+}
+
+void fCPrint::applySettings(const Row& row, const RowSettings& settings) {
+    applyChoices(row, settings);
     showNumber(*row.tMin, settings.minimum);
     showNumber(*row.tMax, settings.maximum);
     row.selInterval->setCurrentIndex(settings.interval);
@@ -147,9 +153,9 @@ int fCPrint::lastChecked() const {
 void fCPrint::enableOk() { OKButton->setEnabled(!printing_ && lastChecked() >= 0); }
 
 TimeRange fCPrint::period() const {
-    const auto at = [](QDateEdit& date, QTimeEdit& time) {
-        date.interpretText(); // a button's mnemonic leaves what is being typed untaken
-        time.interpretText();
+    const auto at = [](DatePicker& date, TimePicker& time) {
+        date.finish(); // a button's mnemonic leaves what is being typed untaken
+        time.finish();
         const QDate day = date.date();
         return dateSerial(day.year(), day.month(), day.day()) +
                timeSerial(time.time().hour(), time.time().minute());

@@ -17,17 +17,17 @@
 
 class QCheckBox;
 class QComboBox;
-class QDateEdit;
 class QLabel;
 class QLineEdit;
 class QProgressBar;
 class QPushButton;
-class QTimeEdit;
 
 namespace kelvrum {
 
+class DatePicker;
 class PolarSys;
 class PrintJob;
+class TimePicker;
 
 /// "Sammeldruck": prints several channels over one period, each with its own scale, interval, limit lines and
 /// mean line, as one print job. The settings of the rows are kept in "Sammeldruck.cfg" in the current folder.
@@ -108,7 +108,8 @@ class fCPrint : public QDialog {
 
     // --- fCPrint.cpp: what the controls hold ---
     void loadSettings();
-    void applySettings(const Row& row, const RowSettings& settings);
+    static void applyChoices(const Row& row, const RowSettings& settings);
+    static void applySettings(const Row& row, const RowSettings& settings);
     /// Throws NotANumber when one of the four number fields holds none, be it enabled or not.
     [[nodiscard]] static RowSettings settingsOf(const Row& row);
     static void enableRow(const Row& row);
@@ -133,10 +134,10 @@ class fCPrint : public QDialog {
     bool hourglass_ = false;
 
     QWidget* entries_ = nullptr; // all controls but the foot
-    QDateEdit* DTPicker = nullptr;
-    QTimeEdit* DTPicker1 = nullptr;
-    QDateEdit* DTPicker2 = nullptr;
-    QTimeEdit* DTPicker3 = nullptr;
+    DatePicker* DTPicker = nullptr;
+    TimePicker* DTPicker1 = nullptr;
+    DatePicker* DTPicker2 = nullptr;
+    TimePicker* DTPicker3 = nullptr;
     std::vector<Row> rows_;
     QProgressBar* PBar = nullptr;
     QPushButton* SaveButton = nullptr;

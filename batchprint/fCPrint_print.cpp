@@ -33,6 +33,9 @@ class BorrowedDiagram {
         , line1_(diagram.Hilfslinie1())
         , line2_(diagram.Hilfslinie2())
         , mean_(diagram.showMittel())
+        , headLine_(diagram.HeadLine())
+        , headLine2_(diagram.HeadLine2())
+        , unit_(diagram.Einheit())
         , updates_(diagram.updatesEnabled()) {
         diagram_.setUpdatesEnabled(false);
     }
@@ -49,6 +52,9 @@ class BorrowedDiagram {
         diagram_.setHilfslinie1(line1_);
         diagram_.setHilfslinie2(line2_);
         diagram_.setShowMittel(mean_);
+        diagram_.setHeadLine(headLine_);
+        diagram_.setHeadLine2(headLine2_);
+        diagram_.setEinheit(unit_);
         diagram_.setUpdatesEnabled(updates_);
     }
 
@@ -64,6 +70,9 @@ class BorrowedDiagram {
     double line1_;
     double line2_;
     bool mean_;
+    std::string headLine_;
+    std::string headLine2_;
+    std::string unit_;
     bool updates_;
 };
 

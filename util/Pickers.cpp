@@ -2,80 +2,269 @@
 
 #include "util/DateTime.h"
 
+#include <QCalendarWidget>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
+#include <QSignalBlocker>
 #include <algorithm>
 
 namespace kelvrum {
-
-namespace {
-
-/// Whether a key begins a new date or time over a text that is selected as a whole.
-bool beginsAnew(const QLineEdit& shown, const QKeyEvent& event) {
-    const QString typed = event.text();
-    return !typed.isEmpty() && typed[0].isDigit() && shown.hasSelectedText() &&
-           shown.selectedText() == shown.text();
-}
-
-} // namespace
 
 QString pickerFormat(const LocaleTexts& texts) {
     return QString::fromStdString(texts.shortDate).replace(QLatin1Char('m'), QLatin1Char('M'));
 }
 
+template<typename Edit>
+TypedPicker<Edit>::TypedPicker(const QString& format, QWidget* parent)
+    : Edit(parent)
+    , typing_(format.toStdString()) {
+    Edit::setDisplayFormat(format);
+    Edit::setTimeSpec(Qt::UTC); // stations know no summer time
+    Edit::setKeyboardTracking(false);
+    Edit::lineEdit()->installEventFilter(this);
+}
+
+template<typename Edit>
+void TypedPicker<Edit>::stepBy(int steps) {
+    finish();
+    Edit::stepBy(steps);
+}
+
+template<typename Edit>
+bool TypedPicker<Edit>::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == Edit::lineEdit() && event->type() == QEvent::MouseButtonPress) {
+        finish();
+    }
+    return Edit::eventFilter(watched, event);
+}
+
+template<typename Edit>
+void TypedPicker<Edit>::keyPressEvent(QKeyEvent* event) {
+    if (typing_.isActive() && Edit::lineEdit()->text() != shown_) {
+        typing_.end(); // the value was set meanwhile
+    }
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        finish();
+        Edit::setSelectedSection(Edit::currentSection());
+        event->ignore(); // for a dialog's default button
+        Q_EMIT Edit::editingFinished();
+        return;
+    case Qt::Key_Escape:
+        if (typing_.isActive()) {
+            drop();
+            event->accept();
+            return;
+        }
+        break;
+    default:
+        if (typed(*event)) {
+            show();
+            event->accept();
+            return;
+        }
+        break;
+    }
+    Edit::keyPressEvent(event);
+}
+
+template<typename Edit>
+void TypedPicker<Edit>::focusOutEvent(QFocusEvent* event) {
+    finish();
+    Edit::focusOutEvent(event);
+}
+
+/// The tab key goes from section to section and leaves behind the last one.
+template<typename Edit>
+bool TypedPicker<Edit>::focusNextPrevChild(bool next) {
+    if (typing_.isActive() && typing_.move(next ? +1 : -1)) {
+        show();
+        return false;
+    }
+    finish();
+    return Edit::focusNextPrevChild(next);
+}
+
+/// What is being typed stands as it is: it is judged at its end.
+template<typename Edit>
+QValidator::State TypedPicker<Edit>::validate(QString& text, int& position) const {
+    return typing_.isActive() && text == shown_ ? QValidator::Intermediate : Edit::validate(text, position);
+}
+
+template<typename Edit>
+void TypedPicker<Edit>::finish() {
+    if (!typing_.isActive()) {
+        return;
+    }
+    const bool overtaken = Edit::lineEdit()->text() != shown_;
+    const auto section = static_cast<int>(typing_.section());
+    const SectionTyping whole = typing_;
+    drop();
+    if (!overtaken) {
+        take(whole);
+        Edit::setSelectedSection(Edit::sectionAt(section));
+    }
+}
+
+template<typename Edit>
+void TypedPicker<Edit>::begin() {
+    const QLineEdit& line = *Edit::lineEdit();
+    const bool wholeText = line.hasSelectedText() && line.selectedText() == line.text();
+    const int section = wholeText ? 0 : std::max(Edit::currentSectionIndex(), 0);
+    typing_.begin(line.text().toStdString(), static_cast<std::size_t>(section));
+}
+
+/// The value is shown again.
+template<typename Edit>
+void TypedPicker<Edit>::drop() {
+    const int section = static_cast<int>(typing_.section());
+    typing_.end();
+    const QSignalBlocker quiet(Edit::lineEdit());
+    Edit::lineEdit()->setText(Edit::textFromDateTime(Edit::dateTime()));
+    Edit::setSelectedSection(Edit::sectionAt(section));
+}
+
+template<typename Edit>
+void TypedPicker<Edit>::show() {
+    shown_ = QString::fromStdString(typing_.text());
+    QLineEdit& line = *Edit::lineEdit();
+    const QSignalBlocker quiet(line); // no value yet
+    line.setText(shown_);
+    const auto start = static_cast<int>(typing_.sectionStart());
+    const auto length = static_cast<int>(typing_.sectionLength());
+    if (typing_.isFresh()) {
+        line.setSelection(start, length);
+    } else {
+        line.setCursorPosition(start + length);
+    }
+}
+
+/// Whether a key belongs to the typing; it is done then.
+template<typename Edit>
+bool TypedPicker<Edit>::typed(const QKeyEvent& event) {
+    const bool erases = event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete;
+    const bool moves = event.key() == Qt::Key_Left || event.key() == Qt::Key_Right;
+    const bool pastes = event.matches(QKeySequence::Paste);
+    const QString text = pastes ? QGuiApplication::clipboard()->text().trimmed() : event.text();
+    const bool prints = !text.isEmpty() && text[0].isPrint() &&
+                        (pastes || (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0);
+    if (Edit::isReadOnly() || !(erases || prints || (moves && typing_.isActive()))) {
+        return false;
+    }
+    const bool wholeText = Edit::lineEdit()->selectedText() == Edit::lineEdit()->text();
+    if (!typing_.isActive()) {
+        begin();
+    }
+    if (moves) {
+        typing_.move(event.key() == Qt::Key_Left ? -1 : +1);
+    } else if (erases && wholeText) {
+        typing_.eraseAll();
+    } else if (erases) {
+        typing_.eraseDigit();
+    } else {
+        for (const QChar c : text) {
+            typing_.type(c.digitValue() >= 0 ? static_cast<char>('0' + c.digitValue()) : '.');
+        }
+    }
+    return true;
+}
+
+template class TypedPicker<QDateEdit>;
+template class TypedPicker<QTimeEdit>;
+
 DatePicker::DatePicker(const LocaleTexts& texts, QWidget* parent)
-    : QDateEdit(parent) {
-    setTimeSpec(Qt::UTC); // stations know no summer time
-    setDisplayFormat(pickerFormat(texts));
+    : TypedPicker<QDateEdit>(pickerFormat(texts), parent) {
     setCalendarPopup(true);
-    setKeyboardTracking(false);
     setDateRange(QDate(100, 1, 1), QDate(9999, 12, 31));
 }
 
-void DatePicker::keyPressEvent(QKeyEvent* event) {
-    const QString typed = event->text();
-    const bool separator = !typed.isEmpty() && typed[0].isPrint() && !typed[0].isLetterOrNumber();
-    if (separator && handedOver_) {
-        handedOver_ = false;
-        event->accept();
+void DatePicker::take(const SectionTyping& typed) {
+    using Unit = SectionTyping::Unit;
+    const QDate before = date();
+    const int year = typed.number(Unit::year).value_or(before.year());
+    const int month = typed.number(Unit::month).value_or(before.month());
+    const int day = typed.number(Unit::day).value_or(before.day());
+    constexpr int LONGEST_MONTH = 31;
+    const QDate first(year, month, 1);
+    if (!first.isValid() || day < 1 || day > LONGEST_MONTH) {
         return;
     }
-    if (beginsAnew(*lineEdit(), *event)) {
-        setSelectedSection(sectionAt(0)); // the toolkit would lose the first digits
+    const QDate wanted(year, month, std::min(day, first.daysInMonth()));
+    if (wanted >= minimumDate() && wanted <= maximumDate()) {
+        setDate(wanted);
     }
-    const int before = currentSectionIndex();
-    QDateEdit::keyPressEvent(event);
-    handedOver_ = !typed.isEmpty() && typed[0].isDigit() && currentSectionIndex() != before;
+}
+
+void DatePicker::mousePressEvent(QMouseEvent* event) {
+    finish();
+    TypedPicker<QDateEdit>::mousePressEvent(event);
+    auto* calendar = findChild<QCalendarWidget*>(); // made when it is first folded out
+    if (calendar != nullptr && calendar->isVisible()) {
+        calendarOpened(*calendar->window());
+    }
+}
+
+/// The toolkit takes every day that is walked over: none is reported before the calendar is closed.
+void DatePicker::calendarOpened(QWidget& popup) {
+    beforeCalendar_ = date();
+    calendarLeft_ = false;
+    blockSignals(true);
+    popup.installEventFilter(this);
+}
+
+void DatePicker::calendarClosed() {
+    const QDate chosen = calendarLeft_ ? beforeCalendar_ : date();
+    setDate(beforeCalendar_);
+    blockSignals(false);
+    setDate(chosen);
+}
+
+bool DatePicker::eventFilter(QObject* watched, QEvent* event) {
+    auto* popup = qobject_cast<QWidget*>(watched);
+    if (popup != nullptr && popup->windowType() == Qt::Popup) {
+        if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+            calendarLeft_ = true;
+        } else if (event->type() == QEvent::MouseButtonPress &&
+                   !popup->rect().contains(static_cast<QMouseEvent*>(event)->position().toPoint())) {
+            calendarLeft_ = true;
+        } else if (event->type() == QEvent::Hide) {
+            popup->removeEventFilter(this);
+            calendarClosed();
+        }
+    }
+    return TypedPicker<QDateEdit>::eventFilter(watched, event);
 }
 
 TimePicker::TimePicker(QWidget* parent)
-    : QTimeEdit(parent) {
-    setTimeSpec(Qt::UTC);
-    setDisplayFormat(QStringLiteral("HH:mm"));
-    setKeyboardTracking(false);
+    : TypedPicker<QTimeEdit>(QStringLiteral("hh:mm"), parent) {
     setWrapping(false);
     setButtonSymbols(QAbstractSpinBox::NoButtons);
     setAlignment(Qt::AlignHCenter);
 }
 
+void TimePicker::take(const SectionTyping& typed) {
+    using Unit = SectionTyping::Unit;
+    const QTime typedTime(typed.number(Unit::hour).value_or(time().hour()),
+                          typed.number(Unit::minute).value_or(time().minute()));
+    if (typedTime.isValid()) {
+        setTime(typedTime);
+    }
+}
+
 void TimePicker::stepBy(int steps) {
+    finish();
     if (currentSection() != MinuteSection) {
-        QTimeEdit::stepBy(steps);
+        TypedPicker<QTimeEdit>::stepBy(steps);
         return;
     }
     constexpr int LAST_MINUTE = MINUTES_PER_DAY - 1;
-    const QTime now = locale().toTime(text(), displayFormat()); // what was typed is not taken over yet
-    const QTime from = now.isValid() ? now : time();
-    const int minute = std::clamp(from.hour() * 60 + from.minute() + steps, 0, LAST_MINUTE);
+    const int minute = std::clamp(time().hour() * 60 + time().minute() + steps, 0, LAST_MINUTE);
     setTime(QTime(minute / 60, minute % 60));
     setSelectedSection(MinuteSection);
-}
-
-void TimePicker::keyPressEvent(QKeyEvent* event) {
-    if (beginsAnew(*lineEdit(), *event)) {
-        setSelectedSection(sectionAt(0)); // as in a DatePicker
-    }
-    QTimeEdit::keyPressEvent(event);
 }
 
 QAbstractSpinBox::StepEnabled TimePicker::stepEnabled() const {

@@ -2,34 +2,78 @@
 #pragma once
 
 #include "util/Format.h"
+#include "util/SectionTyping.h"
 
 #include <QDateEdit>
 #include <QTimeEdit>
+
+class QCalendarWidget;
 
 namespace kelvrum {
 
 /// A short date format in the letters of Qt's pickers.
 QString pickerFormat(const LocaleTexts& texts);
 
-/// A date with a calendar to fold out. Its change is a finished edit. A full section hands over to the next
-/// one by itself; the separator that many type all the same means that step and not one more. What is typed
-/// over the whole selected text begins with the first section.
-class DatePicker : public QDateEdit {
+/// A picker whose typed change is one finished edit: it counts, as a whole, with the return key, with the
+/// loss of the focus and before a step or a click. Until then the value stays as it was; the escape key gives
+/// it back. What is no date or time is not taken. Typing over the whole selected text begins with the first
+/// section, and a click chooses the section to type into.
+template<typename Edit>
+class TypedPicker : public Edit {
+  public:
+    void stepBy(int steps) override;
+
+    /// Ends the typing: the value is that of the typed text, or stays.
+    void finish();
+
+  protected:
+    TypedPicker(const QString& format, QWidget* parent);
+
+    /// Takes over what was typed, if it makes sense.
+    virtual void take(const SectionTyping& typed) = 0;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    [[nodiscard]] QValidator::State validate(QString& text, int& position) const override;
+
+  private:
+    void begin();
+    void drop();
+    void show();
+    bool typed(const QKeyEvent& event);
+
+    SectionTyping typing_;
+    QString shown_; // of the typing
+};
+
+extern template class TypedPicker<QDateEdit>;
+extern template class TypedPicker<QTimeEdit>;
+
+/// A date with a calendar to fold out, which may be walked through with keys: its choice is one change. A day
+/// that the month typed with it lacks becomes the month's last one.
+class DatePicker : public TypedPicker<QDateEdit> {
     Q_OBJECT
 
   public:
     explicit DatePicker(const LocaleTexts& texts, QWidget* parent = nullptr);
 
   protected:
-    void keyPressEvent(QKeyEvent* event) override;
+    void take(const SectionTyping& typed) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
 
   private:
-    bool handedOver_ = false;
+    void calendarOpened(QWidget& popup);
+    void calendarClosed();
+
+    QDate beforeCalendar_;
+    bool calendarLeft_ = false; // without a choice
 };
 
-/// A time of day, hours and minutes. Its change is a finished edit. Steps of a minute carry over the full
-/// hour: 10:00 steps back to 09:59.
-class TimePicker : public QTimeEdit {
+/// A time of day, hours and minutes. Steps of a minute carry over the full hour: 10:00 steps back to 09:59.
+class TimePicker : public TypedPicker<QTimeEdit> {
     Q_OBJECT
 
   public:
@@ -38,7 +82,7 @@ class TimePicker : public QTimeEdit {
     void stepBy(int steps) override;
 
   protected:
-    void keyPressEvent(QKeyEvent* event) override;
+    void take(const SectionTyping& typed) override;
     [[nodiscard]] StepEnabled stepEnabled() const override;
 };
 

@@ -100,6 +100,7 @@ TEST(LoadSettings, Interval) {
         const LoadedSettings loaded = loadBytes(patched(fileOf(TEN_RECORDS), c.slot * 84 + 24, c.bytes));
         EXPECT_EQ(loaded.damaged, c.damaged) << c.slot;
         EXPECT_EQ(loaded.rows.size(), c.rows) << c.slot;
+        EXPECT_EQ(loaded.damagedRow.has_value(), c.damaged) << c.slot;
     }
 }
 

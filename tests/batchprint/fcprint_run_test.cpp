@@ -30,6 +30,9 @@ void setView(PolarSys& diagram) {
     diagram.setShowMittel(true);
     diagram.setXLow(100);
     diagram.setXHigh(101);
+    diagram.setHeadLine("Kopf");
+    diagram.setHeadLine2("Fuß");
+    diagram.setEinheit("mm");
 }
 
 QString viewOf(const PolarSys& diagram) {
@@ -181,6 +184,9 @@ class fcprint_run_test : public QObject {
         fixture.click(QStringLiteral("OKButton")); // and once more
         QCOMPARE(fixture.events.size(), 4);
         QCOMPARE(viewOf(fixture.diagram), VIEW);
+        QCOMPARE(fixture.diagram.HeadLine(), std::string("Kopf"));
+        QCOMPARE(fixture.diagram.HeadLine2(), std::string("Fuß"));
+        QCOMPARE(fixture.diagram.Einheit(), std::string("mm"));
     }
 
     /// The averaged data of the channel are on the diagram; here of the first hour and a half.
@@ -192,8 +198,6 @@ class fcprint_run_test : public QObject {
         fixture.typePicker("DTPicker3", QStringLiteral("0830"));
         QTest::keyClick(fixture.window.get(), Qt::Key_D, Qt::AltModifier);
         QTRY_COMPARE(fixture.events.size(), 2);
-        QCOMPARE(fixture.diagram.HeadLine(), std::string("Kläranlage Nord - Wind & Wetter [m/s]"));
-        QCOMPARE(fixture.diagram.HeadLine2(), std::string("Köln - 17 - 1 Stunde Mittelwert"));
         QCOMPARE(fixture.diagram.DataCount(), 2);
         QCOMPARE(seriesTable().row(SeriesTable::Y1)[0], 390 + 30.5); // the values count minutes from 1
         QCOMPARE(seriesTable().row(SeriesTable::Y1)[1], 450 + 30.5);

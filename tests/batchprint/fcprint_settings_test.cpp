@@ -123,7 +123,7 @@ class fcprint_settings_test : public QObject {
         QCOMPARE(allRows(fixture), before);
     }
 
-    /// The rows before the bad one are kept as they were received.
+    /// The rows before the bad one are kept as they were received, and what stands before its interval.
     void badInterval_data() {
         QTest::addColumn<QByteArray>("position");
         QTest::newRow("6") << QByteArray("\x06\0", 2);
@@ -139,9 +139,11 @@ class fcprint_settings_test : public QObject {
         fixture.open();
         QCOMPARE(fixture.dialogs.messages, QStringList{NOT_LOADED});
         for (int i = 0; i < 10; ++i) {
+            const QString partly = QStringLiteral("x x") + before[i].mid(3);
             QCOMPARE(rowText(fixture, i),
-                     i < 2 ? QStringLiteral("x x x x -1 2.5 4 5 15 Minuten") : before[i]);
+                     i < 2 ? QStringLiteral("x x x x -1 2.5 4 5 15 Minuten") : (i == 2 ? partly : before[i]));
         }
+        QVERIFY(!fixture.the<QLineEdit>("tMin", 2).isEnabled());
         QVERIFY(fixture.the<QAbstractButton>(QStringLiteral("OKButton")).isEnabled());
     }
 

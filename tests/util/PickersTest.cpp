@@ -1,0 +1,294 @@
+// The pickers under the hands of a user: a typed change is one finished edit.
+#include "util/Pickers.h"
+
+#include <QCalendarWidget>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+#include <random>
+
+namespace kelvrum {
+
+namespace {
+
+const QString DATE = QStringLiteral("dd.MM.yyyy");
+const QString TIME = QStringLiteral("HH:mm");
+
+/// A window with the two pickers and something else to focus.
+struct Desk {
+    QWidget window;
+    QLineEdit other{&window};
+    DatePicker date{LocaleTexts{}, &window};
+    TimePicker time{&window};
+    QSignalSpy dates{&date, &QDateEdit::userDateChanged};
+    QSignalSpy times{&time, &QTimeEdit::userTimeChanged};
+
+    Desk() {
+        QVBoxLayout* layout = new QVBoxLayout(&window);
+        layout->addWidget(&other);
+        layout->addWidget(&date);
+        layout->addWidget(&time);
+        window.show();
+        window.activateWindow();
+        if (!QTest::qWaitForWindowActive(&window)) {
+            qFatal("the window does not show");
+        }
+    }
+
+    /// The picker with the date, reached by the tab key.
+    void show(const QDate& shown) {
+        other.setFocus();
+        date.setDate(shown);
+        dates.clear();
+        date.setFocus(Qt::TabFocusReason);
+    }
+    void show(const QTime& shown) {
+        other.setFocus();
+        time.setTime(shown);
+        times.clear();
+        time.setFocus(Qt::TabFocusReason);
+    }
+    /// Folds the calendar out.
+    QCalendarWidget* unfold() {
+        QTest::mouseClick(&date, Qt::LeftButton, {}, {date.width() - 6, date.height() / 2});
+        auto* calendar = date.findChild<QCalendarWidget*>();
+        return calendar != nullptr && calendar->isVisible() ? calendar : nullptr;
+    }
+};
+
+QDate dateOf(const QString& text) { return QDate::fromString(text, DATE); }
+
+} // namespace
+
+class PickersTest : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void typedDates_data() {
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("result");
+        const auto add = [](const char* shown, const char* typed, const char* result) {
+            QTest::addRow("%s over %s", typed, shown)
+                << QString::fromUtf8(shown) << QString::fromUtf8(typed) << QString::fromUtf8(result);
+        };
+        add("18.06.2020", "31.01.2020", "31.01.2020"); // a day that the month before lacks
+        add("29.02.2020", "31.12.2019", "31.12.2019");
+        add("29.02.2020", "31032020", "31.03.2020");
+        add("18.06.2019", "29.02.2020", "29.02.2020");
+        add("18.06.2020", "31.12.9999", "31.12.9999");
+        add("18.06.2020", "1.7.2020", "01.07.2020");
+        add("18.06.2020", "2/12/2020", "02.12.2020");
+        add("18.06.2020", "16.05.19", "16.05.2019");
+        add("18.06.2020", "31.06.2021", "30.06.2021"); // the month's last
+        add("18.06.2020", "29.2.2021", "28.02.2021");
+        add("18.06.2020", "7", "07.06.2020"); // the other sections stay
+        add("18.06.2020", "7.9", "07.09.2020");
+        add("18.06.2020", "32.01.2020", "18.06.2020"); // no date
+        add("18.06.2020", "0.01.2020", "18.06.2020");
+        add("18.06.2020", "01.13.2020", "18.06.2020");
+        add("18.06.2020", "01.07.202", "01.07.0202");
+        add("18.06.2020", "01.07.0050", "18.06.2020"); // before the calendar
+    }
+    void typedDates() {
+        QFETCH(QString, shown);
+        QFETCH(QString, typed);
+        QFETCH(QString, result);
+        for (const Qt::Key end : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab}) {
+            Desk desk;
+            desk.show(dateOf(shown));
+            QTest::keyClicks(&desk.date, typed);
+            QCOMPARE(desk.date.date(), dateOf(shown));
+            QCOMPARE(desk.dates.count(), 0);
+            QTest::keyClick(&desk.date, end);
+            while (end == Qt::Key_Tab && desk.date.hasFocus()) { // by the sections behind
+                QTest::keyClick(&desk.date, end);
+            }
+            QCOMPARE(desk.date.text(), result);
+            QCOMPARE(desk.date.date(), dateOf(result));
+            QCOMPARE(desk.dates.count(), result == shown ? 0 : 1);
+            desk.other.setFocus();
+            QCOMPARE(desk.dates.count(), result == shown ? 0 : 1);
+        }
+    }
+
+    void anyDateOverAnyOther() {
+        Desk desk;
+        std::mt19937 random(1); // NOLINT(cert-msc51-cpp): the same dates at every run
+        const auto draw = [&random] { return QDate(2018, 1, 1).addDays(static_cast<int>(random() % 2190U)); };
+        for (const char* form : {"dd.MM.yyyy", "d.M.yyyy", "ddMMyyyy", "dd.MM.yy"}) {
+            for (int i = 0; i < 150; ++i) {
+                const QDate before = draw();
+                const QDate wanted = draw();
+                const QString typed = wanted.toString(QString::fromUtf8(form));
+                desk.show(before);
+                QTest::keyClicks(&desk.date, typed);
+                QCOMPARE(desk.dates.count(), 0);
+                QTest::keyClick(&desk.date, Qt::Key_Return);
+                QVERIFY2(desk.date.date() == wanted,
+                         qPrintable(typed + QStringLiteral(" over ") + before.toString(DATE)));
+            }
+        }
+    }
+
+    void anyTimeOverAnyOther() {
+        Desk desk;
+        std::mt19937 random(2); // NOLINT(cert-msc51-cpp): the same times at every run
+        const auto draw = [&random] {
+            return QTime(static_cast<int>(random() % 24U), static_cast<int>(random() % 60U));
+        };
+        for (const char* form : {"HH:mm", "H:mm", "HHmm", "H.m"}) {
+            for (int i = 0; i < 150; ++i) {
+                const QTime before = draw();
+                const QTime wanted = draw();
+                const QString typed = wanted.toString(QString::fromUtf8(form));
+                desk.show(before);
+                QTest::keyClicks(&desk.time, typed);
+                QCOMPARE(desk.times.count(), 0);
+                QTest::keyClick(&desk.time, Qt::Key_Return);
+                QVERIFY2(desk.time.time() == wanted,
+                         qPrintable(typed + QStringLiteral(" over ") + before.toString(TIME)));
+                QCOMPARE(desk.times.count(), before == wanted ? 0 : 1);
+            }
+        }
+    }
+
+    void noTime() {
+        Desk desk;
+        for (const char* typed : {"24:00", "29:00", "1260"}) {
+            desk.show(QTime(10, 7));
+            QTest::keyClicks(&desk.time, QString::fromUtf8(typed));
+            QTest::keyClick(&desk.time, Qt::Key_Return);
+            QCOMPARE(desk.time.text(), QStringLiteral("10:07"));
+            QCOMPARE(desk.times.count(), 0);
+        }
+    }
+
+    void returnInAnUnchangedPickerIsNoChange() {
+        Desk desk;
+        desk.show(QTime(10, 7));
+        QTest::keyClick(&desk.time, Qt::Key_Return);
+        desk.show(QDate(2020, 6, 18));
+        QTest::keyClick(&desk.date, Qt::Key_Enter);
+        QTest::keyClicks(&desk.date, QStringLiteral("18.06.2020\r"));
+        QCOMPARE(desk.times.count() + desk.dates.count(), 0);
+    }
+
+    void escapeGivesBackWhatWasThere() {
+        Desk desk;
+        desk.show(QDate(2020, 6, 18));
+        QTest::keyClicks(&desk.date, QStringLiteral("3112"));
+        QTest::keyClick(&desk.date, Qt::Key_Escape);
+        QCOMPARE(desk.date.text(), QStringLiteral("18.06.2020"));
+        QTest::keyClick(&desk.date, Qt::Key_Return);
+        QCOMPARE(desk.dates.count(), 0);
+    }
+
+    void aValueThatIsSetMeanwhileCounts() {
+        Desk desk;
+        desk.show(QDate(2020, 6, 18));
+        QTest::keyClicks(&desk.date, QStringLiteral("05.07"));
+        desk.date.setDate(QDate(2019, 1, 31));
+        QTest::keyClick(&desk.date, Qt::Key_Return);
+        QCOMPARE(desk.date.text(), QStringLiteral("31.01.2019"));
+        QTest::keyClicks(&desk.date, QStringLiteral("05.07"));
+        desk.date.setDate(QDate(2018, 1, 31));
+        desk.other.setFocus();
+        QCOMPARE(desk.date.date(), QDate(2018, 1, 31));
+    }
+
+    void aClickChoosesTheSectionToTypeInto() {
+        Desk desk;
+        desk.show(QTime(10, 0));
+        desk.other.setFocus();
+        auto* line = desk.time.findChild<QLineEdit*>();
+        const auto clickAt = [line](int character) {
+            line->setCursorPosition(character);
+            const QPoint there = line->inputMethodQuery(Qt::ImCursorRectangle).toRectF().center().toPoint();
+            line->setCursorPosition(0);
+            QTest::mouseClick(line, Qt::LeftButton, {}, there);
+        };
+        clickAt(0);
+        QTest::keyClicks(&desk.time, QStringLiteral("09:30\r"));
+        QCOMPARE(desk.time.time(), QTime(9, 30));
+        clickAt(4);
+        QTest::keyClicks(&desk.time, QStringLiteral("45"));
+        QTest::keyClick(&desk.time, Qt::Key_Return);
+        QCOMPARE(desk.time.time(), QTime(9, 45));
+    }
+
+    void stepsTakeOverWhatWasTyped() {
+        Desk desk;
+        desk.show(QTime(10, 0));
+        QTest::keyClicks(&desk.time, QStringLiteral("0959"));
+        QTest::keyClick(&desk.time, Qt::Key_Up);
+        QCOMPARE(desk.time.time(), QTime(10, 0));
+        desk.show(QDate(2020, 6, 18));
+        QTest::keyClicks(&desk.date, QStringLiteral("2"));
+        QTest::keyClick(&desk.date, Qt::Key_Right);
+        QTest::keyClicks(&desk.date, QStringLiteral("1"));
+        QTest::keyClick(&desk.date, Qt::Key_Up);
+        QCOMPARE(desk.date.date(), QDate(2020, 2, 2));
+    }
+
+    void pasted() {
+        Desk desk;
+        QGuiApplication::clipboard()->setText(QStringLiteral(" 31.12.2019\n"));
+        desk.show(QDate(2020, 2, 29));
+        QTest::keyClick(&desk.date, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(&desk.date, Qt::Key_V, Qt::ControlModifier);
+        QTest::keyClick(&desk.date, Qt::Key_Return);
+        QCOMPARE(desk.date.date(), QDate(2019, 12, 31));
+        QCOMPARE(desk.dates.count(), 1);
+    }
+
+    void theWholeTextErased() {
+        Desk desk;
+        for (const Qt::Key erase : {Qt::Key_Delete, Qt::Key_Backspace}) {
+            desk.show(QDate(2020, 2, 29));
+            QTest::keyClick(&desk.date, Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClick(&desk.date, erase);
+            QTest::keyClicks(&desk.date, QStringLiteral("31.12.2019\r"));
+            QCOMPARE(desk.date.date(), QDate(2019, 12, 31));
+        }
+    }
+
+    /// However many days are walked over, the choice is one change.
+    void theCalendarWalkedThrough_data() {
+        QTest::addColumn<int>("end");
+        QTest::addColumn<QDate>("result");
+        QTest::newRow("return") << int(Qt::Key_Return) << QDate(2020, 6, 20);
+        QTest::newRow("escape") << int(Qt::Key_Escape) << QDate(2020, 6, 18);
+    }
+    void theCalendarWalkedThrough() {
+        QFETCH(int, end);
+        QFETCH(QDate, result);
+        Desk desk;
+        desk.show(QDate(2020, 6, 18));
+        for (int round = 0; round < 2; ++round) {
+            desk.date.setDate(QDate(2020, 6, 18));
+            desk.dates.clear();
+            QCalendarWidget* calendar = desk.unfold();
+            QVERIFY(calendar != nullptr);
+            QWidget* view = calendar->focusProxy() != nullptr ? calendar->focusProxy() : calendar;
+            QTest::keyClick(view, Qt::Key_Right);
+            QTest::keyClick(view, Qt::Key_Right);
+            QCOMPARE(desk.dates.count(), 0);
+            QTest::keyClick(view, Qt::Key(end));
+            QTRY_VERIFY(!calendar->isVisible());
+            QCOMPARE(desk.date.date(), result);
+            QCOMPARE(desk.date.text(), result.toString(DATE));
+            QCOMPARE(desk.dates.count(), result == QDate(2020, 6, 18) ? 0 : 1);
+        }
+        desk.date.setDate(QDate(2019, 1, 1)); // reports as ever
+        QVERIFY(desk.dates.count() > 0);
+    }
+};
+
+} // namespace kelvrum
+
+QTEST_MAIN(kelvrum::PickersTest)
+#include "PickersTest.moc"

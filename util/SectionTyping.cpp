@@ -1,0 +1,179 @@
+#include "util/SectionTyping.h"
+
+#include <algorithm>
+
+namespace kelvrum {
+
+namespace {
+
+constexpr std::size_t YEAR_DIGITS = 4;
+constexpr std::size_t OTHER_DIGITS = 2;
+
+std::optional<SectionTyping::Unit> unitOf(char letter) {
+    switch (letter) {
+    case 'd':
+        return SectionTyping::Unit::day;
+    case 'M':
+        return SectionTyping::Unit::month;
+    case 'y':
+        return SectionTyping::Unit::year;
+    case 'h':
+        return SectionTyping::Unit::hour;
+    case 'm':
+        return SectionTyping::Unit::minute;
+    default:
+        return std::nullopt;
+    }
+}
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+std::size_t digitsOf(SectionTyping::Unit unit) {
+    return unit == SectionTyping::Unit::year ? YEAR_DIGITS : OTHER_DIGITS;
+}
+
+/// The greatest first digit behind which a second one can stand.
+char lastFirstDigit(SectionTyping::Unit unit) {
+    switch (unit) {
+    case SectionTyping::Unit::day:
+        return '3';
+    case SectionTyping::Unit::month:
+        return '1';
+    case SectionTyping::Unit::hour:
+        return '2';
+    case SectionTyping::Unit::minute:
+        return '5';
+    default:
+        return '9';
+    }
+}
+
+} // namespace
+
+SectionTyping::SectionTyping(std::string_view format) {
+    std::string before;
+    for (std::size_t i = 0; i < format.size();) {
+        const auto unit = unitOf(format[i]);
+        if (!unit) {
+            before += format[i++];
+            continue;
+        }
+        sections_.push_back({*unit, before, {}});
+        before.clear();
+        i = std::min(format.find_first_not_of(format[i], i), format.size());
+    }
+    behind_ = before;
+}
+
+void SectionTyping::begin(std::string_view shown, std::size_t section) {
+    for (Section& one : sections_) {
+        const auto start = std::find_if(shown.begin(), shown.end(), isDigit);
+        const auto end = std::find_if_not(start, shown.end(), isDigit);
+        one.text.assign(start, end);
+        shown.remove_prefix(static_cast<std::size_t>(end - shown.begin()));
+    }
+    section_ = std::min(section, sections_.size() - 1);
+    fresh_ = true;
+    handedOver_ = false;
+    active_ = !sections_.empty();
+}
+
+void SectionTyping::type(char c) {
+    if (!isDigit(c)) {
+        if (!handedOver_ && !fresh_) {
+            handOver();
+        }
+        handedOver_ = false;
+        return;
+    }
+    std::string& text = sections_[section_].text;
+    if (fresh_) {
+        text.clear();
+    }
+    fresh_ = false;
+    handedOver_ = false;
+    if (text.size() < digitsOf(sections_[section_].unit)) {
+        text += c;
+    }
+    if (isFull() && section_ + 1 < sections_.size()) {
+        handOver();
+        handedOver_ = true;
+    }
+}
+
+void SectionTyping::eraseDigit() {
+    std::string& text = sections_[section_].text;
+    if (!text.empty()) {
+        text.pop_back();
+    }
+    fresh_ = false;
+    handedOver_ = false;
+}
+
+void SectionTyping::eraseAll() {
+    for (Section& one : sections_) {
+        one.text.clear();
+    }
+    section_ = 0;
+    fresh_ = true;
+    handedOver_ = false;
+}
+
+bool SectionTyping::move(int steps) {
+    const int wanted = static_cast<int>(section_) + steps;
+    if (wanted < 0 || wanted >= static_cast<int>(sections_.size())) {
+        return false;
+    }
+    section_ = static_cast<std::size_t>(wanted);
+    fresh_ = true;
+    handedOver_ = false;
+    return true;
+}
+
+std::string SectionTyping::text() const {
+    std::string text;
+    for (const Section& one : sections_) {
+        text += one.before + one.text;
+    }
+    return text + behind_;
+}
+
+std::size_t SectionTyping::sectionStart() const {
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < section_; ++i) {
+        start += sections_[i].before.size() + sections_[i].text.size();
+    }
+    return start + sections_[section_].before.size();
+}
+
+std::optional<int> SectionTyping::number(Unit unit) const {
+    const auto found = std::find_if(sections_.begin(), sections_.end(),
+                                    [unit](const Section& one) { return one.unit == unit; });
+    if (found == sections_.end() || found->text.empty()) {
+        return std::nullopt;
+    }
+    int number = 0;
+    for (const char c : found->text) {
+        number = 10 * number + (c - '0');
+    }
+    if (unit == Unit::year && found->text.size() <= 2) {
+        constexpr int FIRST_YEAR = 70;
+        number += number < FIRST_YEAR ? 2000 : 1900;
+    }
+    return number;
+}
+
+bool SectionTyping::isFull() const {
+    const Section& now = sections_[section_];
+    return now.text.size() == digitsOf(now.unit) ||
+           (now.unit != Unit::year && now.text[0] > lastFirstDigit(now.unit));
+}
+
+void SectionTyping::handOver() {
+    if (section_ + 1 < sections_.size()) {
+        ++section_;
+        fresh_ = true;
+    }
+}
+
+} // namespace kelvrum

@@ -1,0 +1,69 @@
+// What is typed into a date or a time, section by section, until the edit is finished.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelvrum {
+
+/// The sections of a date or time while somebody types: nothing is judged before all of it is there, so a day
+/// may be typed that only the month typed behind it has. A section that is full hands over to the next one by
+/// itself; the separator that many type all the same means that step and not one more.
+class SectionTyping {
+  public:
+    enum class Unit { day, month, year, hour, minute };
+
+    /// For a display format such as "dd.MM.yyyy" or "hh:mm"; other letters are separators.
+    explicit SectionTyping(std::string_view format);
+
+    /// Starts with what is shown; the next digit replaces the given section (the last one if there are
+    /// fewer).
+    void begin(std::string_view shown, std::size_t section);
+    /// Ends without a result.
+    void end() { active_ = false; }
+    [[nodiscard]] bool isActive() const { return active_; }
+
+    /// A digit, or any other character as separator.
+    void type(char c);
+    /// Takes back the last digit of the section.
+    void eraseDigit();
+    /// Empties all sections and goes to the first one.
+    void eraseAll();
+    /// Goes to a neighbouring section; false when there is none.
+    bool move(int steps);
+
+    [[nodiscard]] std::size_t section() const { return section_; }
+    /// What is to be shown.
+    [[nodiscard]] std::string text() const;
+    /// Where the section stands in that text, and how long it is there.
+    [[nodiscard]] std::size_t sectionStart() const;
+    [[nodiscard]] std::size_t sectionLength() const { return sections_[section_].text.size(); }
+    /// Whether the next digit replaces the section.
+    [[nodiscard]] bool isFresh() const { return fresh_; }
+
+    /// The number of a section; nothing when it is empty or there is no such section. A year of one or two
+    /// digits lies in 1970 to 2069.
+    [[nodiscard]] std::optional<int> number(Unit unit) const;
+
+  private:
+    struct Section {
+        Unit unit;
+        std::string before; // the text in front of it
+        std::string text;
+    };
+
+    [[nodiscard]] bool isFull() const;
+    void handOver();
+
+    std::vector<Section> sections_;
+    std::string behind_; // the text behind the last section
+    std::size_t section_ = 0;
+    bool fresh_ = true;
+    bool handedOver_ = false; // by itself, and the separator may still be typed
+    bool active_ = false;
+};
+
+} // namespace kelvrum
