@@ -116,7 +116,12 @@ void PainterSurface::pie(const Box& box, Dot from, Dot to, Colour fill) {
     }
     const double xc = (box.left + box.right) / 2.0;
     const double yc = (box.top + box.bottom) / 2.0;
-    const auto angle = [&](Dot dot) { return qRadiansToDegrees(std::atan2(yc - dot.y, dot.x - xc)); };
+    // The painter counts angles on the circle that the ellipse is a stretched picture of.
+    const double rx = (box.right - box.left) / 2.0;
+    const double ry = (box.bottom - box.top) / 2.0;
+    const auto angle = [&](Dot dot) {
+        return qRadiansToDegrees(std::atan2((yc - dot.y) / ry, (dot.x - xc) / rx));
+    };
     double span = angle(to) - angle(from);
     if (span <= 0) {
         span += FULL_CIRCLE;

@@ -17,8 +17,14 @@ constexpr Colour SECTOR_LINE = RED;
 constexpr Colour SECTOR_FILL = 0x00FFFF; // yellow
 constexpr double CALM_BELOW = 0.5;       // speed
 
-/// Every float becomes an integer by rounding halves to even.
-int rounded(double v) { return roundToInt32(v).value_or(0); }
+/// Every float becomes an integer by rounding halves to even. Throws when it does not fit or is no number.
+int rounded(double v) {
+    const auto whole = roundToInt32(v);
+    if (!whole) {
+        throw std::overflow_error("Überlauf");
+    }
+    return *whole;
+}
 
 /// A sector's radius passes through count times radius as a 32-bit integer of drawing units.
 void requireProduct(std::int32_t count, int radius) {
@@ -132,6 +138,9 @@ class PolarDrawing {
                                 ? Box{xc, yc, xc, yc}
                                 : Box{rounded(xc - rx), rounded(yc - ry), rounded(xc + rx), rounded(yc + ry)};
             surface_.pie(box, second, first, SECTOR_FILL);
+            if (tooSmall && first != Dot{xc, yc}) {
+                line({xc, yc}, first); // its outline alone
+            }
         }
     }
 

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <limits>
 #include <stdexcept>
 
 namespace kelvrum {
@@ -217,6 +218,29 @@ TEST(PolarDiagram, AMillionSamplesDrawAndTooManyOverflow) {
     EXPECT_EQ(surface.pies.size(), 8U);
     RecordingSurface huge({9000, 6000});
     EXPECT_THROW(drawPolarDiagram(huge, rose, {}), std::overflow_error);
+}
+
+TEST(PolarDiagram, AnAngleThatIsNoneEndsTheDrawing) {
+    Rose rose;
+    rose.setAngelOffset(std::numeric_limits<double>::infinity());
+    RecordingSurface surface({400, 400});
+    EXPECT_THROW(drawPolarDiagram(surface, rose, {}), std::overflow_error);
+}
+
+TEST(PolarDiagram, ASectorThinnerThanADotIsALine) {
+    Rose rose;
+    rose.setRadRaster(360);
+    rose.add(50, 3, 0);
+    rose.add(10, 3, 90);
+    RecordingSurface surface({500, 500});
+    drawPolarDiagram(surface, rose, {});
+    ASSERT_EQ(surface.pies.size(), 360U);
+    const std::vector<Segment> outlines = surface.linesOf(RED);
+    ASSERT_EQ(outlines.size(), 1U);
+    const PolarGeometry g({500, 500}, RecordingSurface::LINE_HEIGHT, rose.LongRaster(), 1);
+    EXPECT_EQ(outlines[0].from, (Dot{g.xCentre, g.yCentre}));
+    EXPECT_NEAR(outlines[0].to.x, g.xCentre + g.dx(g.rings) / 5.0, 1);
+    EXPECT_EQ(outlines[0].to.y, g.yCentre);
 }
 
 } // namespace

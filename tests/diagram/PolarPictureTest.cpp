@@ -11,7 +11,7 @@ namespace kelvrum {
 
 namespace {
 
-constexpr Extent SIZE{500, 500};
+constexpr Extent SQUARE{500, 500};
 constexpr QRgb YELLOW = 0xFFFFFF00;
 
 class Rose : public DiagramState {
@@ -24,9 +24,9 @@ class Rose : public DiagramState {
     }
 };
 
-QImage pictureOf(DiagramState& rose) {
-    QImage picture(SIZE.width, SIZE.height, QImage::Format_RGB32);
-    PainterSurface surface(picture, SIZE, 1.0);
+QImage pictureOf(DiagramState& rose, Extent size) {
+    QImage picture(size.width, size.height, QImage::Format_RGB32);
+    PainterSurface surface(picture, size, 1.0);
     drawPolarDiagram(surface, rose, {});
     return picture;
 }
@@ -39,26 +39,34 @@ class PolarPictureTest : public QObject {
   private Q_SLOTS:
     void sectors_data() {
         QTest::addColumn<int>("classes");
-        for (const int classes : {4, 8, 12, 16, 36}) {
-            QTest::addRow("%d classes", classes) << classes;
+        QTest::addColumn<int>("width");
+        QTest::addColumn<int>("height");
+        for (const Extent size : {SQUARE, Extent{900, 400}, Extent{450, 800}}) {
+            for (const int classes : {4, 8, 12, 16, 36}) {
+                QTest::addRow("%d classes, %d x %d", classes, size.width, size.height)
+                    << classes << size.width << size.height;
+            }
         }
     }
     void sectors() {
         QFETCH(int, classes);
+        QFETCH(int, width);
+        QFETCH(int, height);
+        const Extent size{width, height};
         const double sector = 360.0 / classes;
         for (int filled = 0; filled < classes; ++filled) {
             Rose rose(classes);
             rose.AddItem(3, filled * sector);
-            const QImage picture = pictureOf(rose);
+            const QImage picture = pictureOf(rose, size);
             QFontMetrics metrics(surfaceFont({}, 96.0 / 72));
-            const PolarGeometry g(SIZE, metrics.height(), 4, 1);
+            const PolarGeometry g(size, metrics.height(), 4, 1);
             for (int j = 0; j < classes; ++j) {
                 // Beside the spoke's middle, between two rings and clear of their labels.
                 for (const double beside : {-0.35, 0.35}) {
                     const double angle = ((j + beside) * sector - 90) * M_PI / 180;
-                    const double radius = g.dx(4) * 0.87;
-                    const QRgb pixel = picture.pixel(static_cast<int>(g.xCentre + radius * std::cos(angle)),
-                                                     static_cast<int>(g.yCentre + radius * std::sin(angle)));
+                    const QRgb pixel =
+                        picture.pixel(static_cast<int>(g.xCentre + 0.87 * g.dx(4) * std::cos(angle)),
+                                      static_cast<int>(g.yCentre + 0.87 * g.dy(4) * std::sin(angle)));
                     QVERIFY2(
                         (pixel == YELLOW) == (j == filled),
                         qPrintable(
@@ -70,15 +78,15 @@ class PolarPictureTest : public QObject {
 
     void theControlDrawsIt() {
         PolarSys control{LocaleTexts()};
-        control.resize(SIZE.width, SIZE.height);
+        control.resize(SQUARE.width, SQUARE.height);
         control.setDiagTyp(KIND_POLAR);
         control.AddItem(3, 0.0);
         control.show();
         QVERIFY(QTest::qWaitForWindowExposed(&control));
         QCOMPARE(control.drawings(), 1);
-        QVERIFY(control.Ycenter() > SIZE.height / 2);
+        QVERIFY(control.Ycenter() > SQUARE.height / 2);
         const QImage picture = control.picture().toImage();
-        QCOMPARE(picture.pixel(SIZE.width / 2 + 3, control.Ycenter() - 100), YELLOW);
+        QCOMPARE(picture.pixel(SQUARE.width / 2 + 3, control.Ycenter() - 100), YELLOW);
     }
 };
 
