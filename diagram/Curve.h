@@ -47,6 +47,13 @@ inline double joinedDirection(double previous, double v) {
 /// What becomes the value before of the next point: kept within 0 to 540. Degrees.
 inline double keptDirection(double v) { return v >= 540 ? v - 360 : v < 0 ? v + 360 : v; }
 
+/// The upper edge of the bar of a value above a base line: a value above the axis' low end shows at least a
+/// dot.
+inline int barTop(double v, const ValueScale& scale, int base) {
+    const int top = scale.y(v);
+    return top == base && v > scale.low && scale.dotsPerUnit > 0 ? base - 1 : top;
+}
+
 /// Gathers the dots of a curve and hands them to a sink as runs of joined dots. A long run comes in pieces,
 /// each of which begins with the last dot of the one before.
 template<typename Sink>
@@ -123,16 +130,16 @@ int walkCurve(std::span<const double> times, std::span<const double> values, boo
             }
             continue;
         }
-        run.add({x, scale.y(v)});
+        previous = directions ? keptDirection(v) : v;
+        run.add({x, scale.y(previous)});
         started = true;
-        previous = v;
     }
     run.end();
     return pass + 1;
 }
 
 /// Walks the columns of a precipitation series: `pass(n)` as above and `bar(box)` for each valid value other
-/// than 0, from the base line up to the value, as wide as `interval` (days), at least one dot.
+/// than 0, from the base line up to the value, as wide as `interval` (days), at least one dot wide and high.
 template<typename Sink>
 int walkBars(std::span<const double> times, std::span<const double> values, double interval,
              bool detectPasses, const PlotArea& plot, const ValueScale& scale, Sink& sink) {
@@ -152,7 +159,7 @@ int walkBars(std::span<const double> times, std::span<const double> values, doub
         }
         const int left = plot.x(times[i]);
         const int right = std::max(plot.x(times[i] + interval), left + 1);
-        const int top = scale.y(v);
+        const int top = barTop(v, scale, base);
         if (top < base) {
             sink.bar(Box{left, top, right, base});
         }

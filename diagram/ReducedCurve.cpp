@@ -99,13 +99,8 @@ class ColumnWalk {
         double previous = 0; // the value to join to
         for (std::size_t i = nextValue(0); i < values.size(); i = nextValue(i)) {
             enterColumn(i);
-            Joined joined{values[i]};
-            if (joinedBefore_) {
-                joined = {joinedDirection(previous, values[i])};
-                previous = turned(joined);
-            } else {
-                previous = values[i];
-            }
+            Joined joined{joinedBefore_ ? joinedDirection(previous, values[i]) : keptDirection(values[i])};
+            previous = joinedBefore_ ? turned(joined) : joined.last;
             for (++i; i < columnEnd_ && isValidPoint(values[i]); ++i) {
                 joined.add(joinedDirection(previous, values[i]));
                 previous = turned(joined);
@@ -180,7 +175,8 @@ void mergeBars(const PlottedSeries& series, double interval, ReducedBars& bars) 
             i, series.values.size(), [&](std::size_t k) { return leftOf(k) == left && rightOf(k) == right; });
         const SeriesScan scan = scanSeries(series.values.subspan(i, end - i));
         if (scan.count > 0) {
-            const int top = std::min(series.scale.y(scan.minimum), series.scale.y(scan.maximum));
+            const int top =
+                std::min(barTop(scan.minimum, series.scale, base), barTop(scan.maximum, series.scale, base));
             if (top < base) {
                 bars.bar({left, top, std::max(right, left + 1), base});
             }

@@ -251,6 +251,9 @@ TEST(Directions, AreJoinedTheShortWay) {
         {"a new pass forgets it too", columns({{0, 348}, {1, 12}, {0, 12}, {1, 30}}),
          "0,92-10,88 #1 0,148-10,145"},
         {"lone", hourly({90}), "*0,135"},
+        {"the first one kept within 540 too", hourly({-12, 12}), "0,92-10,88"},
+        {"from above", hourly({552, 180}), "0,118-10,120"},
+        {"behind a gap", hourly({90, 999999, -12, 12}), "*0,135 20,92-30,88"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(directions(row.series).drawn, row.drawn) << row.what;
@@ -268,7 +271,7 @@ TEST(Bars, StandOnTheBaseLineAndAreAsWideAsTheInterval) {
         {"zeros and gaps draw nothing", hourly({0, 999999, 5, -999999}), HOUR, "[20,145,30,150]"},
         {"at least one dot wide", hourly({5, 10}), 0, "[0,145,1,150] [10,140,11,150]"},
         {"a tiny interval", hourly({5}), 1e-9, "[0,145,1,150]"},
-        {"lower than a dot", hourly({0.2}), HOUR, ""},
+        {"lower than a dot", hourly({0.2, 1e-300}), HOUR, "[0,149,10,150] [10,149,20,150]"},
         {"negative", hourly({-5}), HOUR, ""},
         {"passes", columns({{0, 5}, {1, 6}, {0, 7}}), HOUR,
          "[0,145,10,150] [10,144,20,150] #1 [0,143,10,150]"},
