@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <optional>
 
 namespace kelvrum {
 
@@ -21,6 +22,7 @@ constexpr double TENTH = 10;
 constexpr double SPAN_TOLERANCE = 1e-6; // days: a span that misses its rule by rounding only
 constexpr double END_TOLERANCE = 1e-6;  // of a step: an end that misses its tick by rounding only
 constexpr double GAP_TOLERANCE = 1e-3;  // of a unit of width: a gap that is too small by rounding only
+constexpr double FULL_MONTH = 31;       // days
 
 DateTime firstOfMonth(DateTime t) {
     const CalendarTime parts = calendarTime(t);
@@ -52,6 +54,17 @@ std::vector<DateTime> monthSteps(const TimeRange& range, double step) {
     return times;
 }
 
+/// The distance of two labels in days. Months count as equally long, so that February does not cost March its
+/// label.
+double labelDistance(DateTime from, DateTime to, bool months) {
+    if (!months) {
+        return to - from;
+    }
+    const CalendarTime a = calendarTime(from);
+    const CalendarTime b = calendarTime(to);
+    return ((b.year - a.year) * 12 + b.month - a.month) * FULL_MONTH;
+}
+
 } // namespace
 
 double timeStep(double span) {
@@ -72,11 +85,11 @@ std::vector<TimeTick> timeTicks(const TimeAxis& axis, const LocaleTexts& texts) 
     const bool months = span >= MONTH_LABEL_SPAN - SPAN_TOLERANCE;
     const double step = timeStep(span);
     const double perDay = axis.width / span;
-    double label = -1; // offset of the last label
-    double tick = 0;   // offset of the last tick
+    std::optional<DateTime> label; // the last one
+    double tick = 0;               // offset of the last tick
     for (const DateTime t : months ? monthSteps(axis.range, step) : plainSteps(axis.range, step)) {
         const double offset = (t - axis.range.from) * perDay;
-        if (label < 0 || offset >= label + axis.minLabelGap - GAP_TOLERANCE) {
+        if (!label || labelDistance(*label, t, months) * perDay >= axis.minLabelGap - GAP_TOLERANCE) {
             // Short ticks that would crowd the label give way to it.
             while (!ticks.empty() && !ticks.back().labelled &&
                    offset - (ticks.back().time - axis.range.from) * perDay <
@@ -89,7 +102,7 @@ std::vector<TimeTick> timeTicks(const TimeAxis& axis, const LocaleTexts& texts) 
                 ticks.push_back(
                     {t, true, formatDateTime(t, "hh:mm", texts), formatDateTime(t, "dd/mm/yy", texts)});
             }
-            label = offset;
+            label = t;
             tick = offset;
         } else if (offset >= tick + axis.minTickGap - GAP_TOLERANCE) {
             ticks.push_back({t, false, {}, {}});

@@ -65,7 +65,8 @@ TEST(TimeTicksProperties, EveryLabelStandsRightOfTheOneBeforeByTheLeastDistance)
             if (tick != nullptr && (t.time <= tick->time || apart(*tick) < axis.minTickGap - ROUNDING)) {
                 return "a tick is " + std::to_string(apart(*tick)) + " behind the one before";
             }
-            if (t.labelled && label != nullptr && apart(*label) < axis.minLabelGap - ROUNDING) {
+            const double shortest = t.lower.empty() ? 28.0 / 31 : 1; // February beside a full month
+            if (t.labelled && label != nullptr && apart(*label) < shortest * axis.minLabelGap - ROUNDING) {
                 return t.upper + " " + t.lower + " is " + std::to_string(apart(*label)) + " behind " +
                        label->upper;
             }
