@@ -30,6 +30,7 @@ struct DiagramLayout {
     std::optional<double> title2Points;
     std::optional<double> textPoints;
 
+    bool background = true;        // drawn on BgCol; the paper of a page stays as it is
     bool titleBand = true;         // the titles stand on a filled band
     std::optional<double> legendY; // upper edge of the legend of the passes; nothing: no legend
     double legendInset = 13;       // the first word is centred this much left of the middle
@@ -52,6 +53,7 @@ struct DiagramLayout {
         layout.titlePoints = 12;
         layout.title2Points = 10;
         layout.textPoints = 8;
+        layout.background = false;
         layout.titleBand = false;
         layout.legendY = layout.top - 14;
         return layout;

@@ -63,7 +63,9 @@ class Drawing {
         , ascending_(ascend(series_.times)) {}
 
     LineDrawing run() {
-        surface_.clear(state_.BgCol());
+        if (layout_.background) {
+            surface_.clear(state_.BgCol());
+        }
         surface_.setFont(fontOf(layout_.textPoints));
         scanRanges();
         drawTimeAxis();

@@ -71,6 +71,9 @@ ValueRange rightRange(const DiagramState& state, std::span<const double> values)
         range.low = std::min(range.low, v);
         range.high = std::max(range.high, v);
     }
+    if (range.low > range.high) {
+        return {}; // no number among them
+    }
     const double margin = range.height() * AUTOMATIC_MARGIN;
     return {range.low - margin, range.high + margin};
 }

@@ -48,6 +48,15 @@ void draw(RecordingSurface& surface, DiagramState& diagram, const LocaleTexts& t
     drawLineDiagram(surface, diagram, DiagramLayout(), texts);
 }
 
+TEST(Axes, APageHasItsPaper) {
+    ColouredDiagram diagram;
+    diagram.setBgCol(0xABCDEF);
+    RecordingSurface surface({2970, 2100}, 10);
+    const LocaleTexts texts;
+    drawLineDiagram(surface, diagram, DiagramLayout::page(), texts);
+    EXPECT_THAT(surface.backgrounds, IsEmpty());
+}
+
 TEST(Axes, StandAtTheMarginsInTheirColours) {
     for (const std::int32_t kind : {0, 2, 3, 4}) {
         ColouredDiagram diagram;

@@ -113,6 +113,7 @@ const RightCase RIGHT_RANGES[] = {
     {"only markers", -1, -1, {999999, 999999}, 999999, 999999},
     {"beyond the start values", -1, -1, {99999900}, 5500003.95, 104499895.05},
     {"empty", -1, -1, {}, 0, 100},
+    {"no number", -1, -1, {std::numeric_limits<double>::quiet_NaN()}, 0, 100},
 };
 
 TEST(RightRange, IsGivenOrFollowsEveryStoredValue) {
