@@ -15,6 +15,13 @@
 
 namespace kelvrum {
 
+namespace {
+
+/// Whether a kind of diagram draws anything.
+bool isDrawn(std::int32_t kind) { return kind >= KIND_LINE && kind <= KIND_LINE_4; }
+
+} // namespace
+
 PolarSys::PolarSys(LocaleTexts texts, QWidget* parent)
     : QWidget(parent)
     , texts_(std::move(texts)) {
@@ -48,11 +55,17 @@ void PolarSys::PrintDiag(bool& finish) {
 }
 
 void PolarSys::SavePic(const QString& FileName) {
-    const QPixmap picture = pb_; // what is drawn while the routine waits does not change it
+    const QPixmap picture = pb_.isNull() ? blankPicture() : pb_; // drawing meanwhile does not change it
     savePicture(picture, FileName);
 }
 
 QSize PolarSys::pictureSize() const { return (QSizeF(size()) * devicePixelRatioF()).toSize(); }
+
+QPixmap PolarSys::blankPicture() const {
+    QPixmap blank(pictureSize());
+    blank.fill(toQColor(BgCol()));
+    return blank;
+}
 
 void PolarSys::drawPicture() {
     stale_ = false;
@@ -61,11 +74,13 @@ void PolarSys::drawPicture() {
         return;
     }
     const double ratio = devicePixelRatioF();
-    if (pb_.size() != wanted) {
-        pb_ = QPixmap(wanted);
-        pb_.fill(toQColor(BgCol())); // a kind that draws nothing leaves the picture as it is
-    }
     pb_.setDevicePixelRatio(1);
+    if (pb_.size() != wanted) {
+        const QPixmap before = std::exchange(pb_, blankPicture());
+        if (!isDrawn(DiagTyp())) { // what there was stays
+            QPainter(&pb_).drawPixmap(0, 0, before);
+        }
+    }
     try {
         paintPicture(wanted, ratio);
     } catch (const std::exception&) {

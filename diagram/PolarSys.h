@@ -46,12 +46,14 @@ class PolarSys : public QWidget, public DiagramState {
     void requestRepaint() override;
     void repaintNow() override { Draw(); }
     void backgroundChanged() override;
-    [[nodiscard]] bool enabledState() const override { return QWidget::isEnabled(); }
+    /// The control's own state, whatever that of the window around it.
+    [[nodiscard]] bool enabledState() const override { return isEnabledTo(parentWidget()); }
     void applyEnabled(bool enabled) override { QWidget::setEnabled(enabled); }
 
   private:
     /// The size of the picture in device pixels.
     [[nodiscard]] QSize pictureSize() const;
+    [[nodiscard]] QPixmap blankPicture() const;
     void drawPicture();
     /// Draws what DiagTyp says on pb_; another kind leaves it as it is.
     void paintPicture(const QSize& wanted, double ratio);

@@ -218,6 +218,29 @@ class PolarSysTest : public QObject {
         QVERIFY(control.Enabled());
         control.setEnabledState(true);
         QVERIFY(control.isEnabled());
+        QWidget window;
+        window.setEnabled(false);
+        control.setParent(&window);
+        QVERIFY(!control.isEnabled());
+        QVERIFY(control.Enabled()); // whatever the window is
+        control.setEnabledState(false);
+        QVERIFY(!control.Enabled());
+        control.setParent(nullptr);
+    }
+
+    void aKindThatDrawsNothingLeavesThePicture() {
+        PolarSys control{LocaleTexts()};
+        fill(control);
+        control.resize(300, 200);
+        control.Draw();
+        const QImage before = control.picture().toImage();
+        control.setDiagTyp(9);
+        control.Draw();
+        QCOMPARE(control.picture().toImage(), before);
+        control.resize(310, 190);
+        control.Draw();
+        QCOMPARE(control.picture().toImage().copy(0, 0, 300, 190), before.copy(0, 0, 300, 190));
+        QCOMPARE(control.drawings(), 1);
     }
 
     void theBackgroundPassesToTheWidgetAndThePicture() {
