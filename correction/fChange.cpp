@@ -57,7 +57,7 @@ fChange::fChange(Owner owner, QWidget* parent)
     layout->addWidget(CancelButton, 2, 2);
     setFixedSize(sizeHint());
 
-    connect(Text1, &QLineEdit::textEdited, this, &fChange::factorEdited);
+    connect(Text1, &QLineEdit::textChanged, this, &fChange::factorEdited);
     connect(OKButton, &QPushButton::clicked, this, &fChange::calculate);
     connect(CancelButton, &QPushButton::clicked, this, &fChange::reject);
     factorEdited();

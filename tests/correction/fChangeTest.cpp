@@ -202,6 +202,15 @@ class fchange_test : public QObject {
         QCOMPARE(made.factor, factor);
     }
 
+    /// Also by other ways than the keyboard.
+    void everyChangeOfTheFactorCounts() {
+        const Made made;
+        made.box().setText(QStringLiteral("1.05"));
+        QVERIFY(made.ok().isEnabled());
+        made.box().setText(QStringLiteral("0"));
+        QVERIFY(!made.ok().isEnabled());
+    }
+
     void calculates_data() {
         QTest::addColumn<QString>("text");
         QTest::addColumn<double>("factor");
