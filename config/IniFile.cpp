@@ -21,7 +21,8 @@ constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 /// Hands the bytes of a file to `consume` in pieces of bounded size.
 template<typename Consume>
 void readPieces(FileSource& file, Consume consume) {
-    std::vector<std::byte> piece(MAX_INI_LINE);
+    constexpr std::size_t PIECE = 64UL * 1024;
+    std::vector<std::byte> piece(PIECE);
     std::uint64_t offset = 0;
     while (const std::size_t got = file.read(offset, piece)) {
         consume(std::string_view(reinterpret_cast<const char*>(piece.data()), got));
@@ -136,7 +137,7 @@ class IniParser {
     std::set<std::int32_t> defined_; // channels that a CHAN or VIRT line has set
 
     /// The entry that a CHAN or VIRT line fills. A repeated line replaces the whole entry; the first one
-    /// keeps what a KGW or direction line has already put there.
+    /// keeps what a KGW line has already put there. Directions have to follow their channel's line.
     ChannelInfo& define(std::int32_t channel) {
         ChannelInfo& info = station_.ChannelTable.grow(channel);
         if (!defined_.insert(channel).second) {
@@ -144,6 +145,8 @@ class IniParser {
             info = {};
             info.PairedChannel = paired; // a VIRT line leaves it as it was
         }
+        info.DirIn.clear();
+        info.DirOut.clear();
         return info;
     }
 

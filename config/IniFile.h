@@ -14,7 +14,7 @@ inline constexpr std::int32_t INI_READ = 0;
 inline constexpr std::int32_t INI_NOT_FOUND = 1; // the file cannot be opened
 
 /// A line longer than this many bytes is no line of a configuration; it is skipped.
-inline constexpr std::size_t MAX_INI_LINE = 64UL * 1024;
+inline constexpr std::size_t MAX_INI_LINE = 1024UL * 1024;
 
 /// Empties the channel table of `station` and fills the station from the ini file `pfad`: fields that no line
 /// names keep their value. Lines that make no sense are ignored silently. The file is taken as UTF-8 when its

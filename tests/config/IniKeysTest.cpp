@@ -153,6 +153,20 @@ TEST(IniKeys, ADirectionOfAnEmptyEntryBelowTheCount) {
     EXPECT_EQ(stationOf("CHAN05|Windrichtung\nRICHTUNGREIN=3,Nord\n").ChannelTable.at(3).DirIn, "Nord");
 }
 
+TEST(IniKeys, ADirectionBeforeItsChannelsLineHasNoEffect) {
+    for (const char* line : {"CHAN05|Windrichtung", "VIRT05|Windrichtung"}) {
+        for (const char* before : {"", "CHAN12|Niederschlag\n"}) {
+            const std::string text =
+                std::string(before) + "RICHTUNGREIN=5,Nord\nRICHTUNGRAUS=5,Süd\nKGW05|1|2\n" + line + "\n";
+            const ChannelInfo channel = stationOf(text).ChannelTable.at(5);
+            EXPECT_EQ(channel.Name, "Windrichtung") << text;
+            EXPECT_EQ(channel.DirIn, "") << text;
+            EXPECT_EQ(channel.DirOut, "") << text;
+            EXPECT_EQ(channel.Limit2, 2) << text;
+        }
+    }
+}
+
 TEST(IniKeys, Times) {
     const struct {
         const char* value;
