@@ -11,6 +11,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QItemSelectionModel>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -293,6 +294,12 @@ void f::connectControls() {
     connect(selChan, &QListWidget::currentRowChanged, this, &f::channelChosen);
     connect(selChan, &QListWidget::itemClicked, this, &f::channelClicked);
     selChan->viewport()->installEventFilter(this);
+    connect(selChan->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        QListWidgetItem* shown = selChan->currentItem();
+        if (shown != nullptr && !selChan->selectionModel()->hasSelection()) {
+            shown->setSelected(true); // a channel is selected at all times
+        }
+    });
     for (QRadioButton* view : optView) {
         connect(view, &QRadioButton::clicked, this, &f::viewChosen);
     }

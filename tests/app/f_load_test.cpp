@@ -177,6 +177,14 @@ class f_load_test : public QObject {
                           list.visualItemRect(list.item(3)).center());
         QCOMPARE(list.selectedItems().size(), 1);
         QCOMPARE(list.currentRow(), 3);
+        // Below the last row.
+        fixture.files.opened = 0;
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, {40, list.viewport()->height() - 3});
+        QCOMPARE(list.selectedItems().size(), 1);
+        QTest::keyClick(&list, Qt::Key_Space, Qt::ControlModifier);
+        QCOMPARE(list.selectedItems().size(), 1);
+        QCOMPARE(list.currentRow(), 3);
+        QCOMPARE(fixture.files.opened, 0);
     }
 
     void limitsFollowTheChannel() {
