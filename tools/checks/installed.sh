@@ -35,6 +35,11 @@ works_in() {
     [ "${folder#"${root%/}"}" = "$1" ] || fail "the program works in $folder, not in $1"
 }
 
+manual=$root/usr/share/doc/kelvrum/Handbuch.md
+grep -o 'pictures/[a-z-]*\.png' "$manual" | while read -r picture; do
+    [ -s "${manual%/*}/$picture" ] || fail "the manual lacks $picture"
+done
+
 start_screen
 command=$(sed -n 's/^Exec=//p' "$root"/usr/share/applications/org.kelvrum.Kelvrum.desktop)
 data=/home/anna/.local/share/kelvrum
