@@ -18,7 +18,7 @@ class FileSource {
     FileSource& operator=(const FileSource&) = delete;
     virtual ~FileSource() = default;
 
-    /// Length of the file in bytes.
+    /// Length of the file in bytes; 0 when it cannot be told.
     virtual std::uint64_t size() = 0;
 
     /// Reads from a byte offset on and returns how many bytes it got; fewer than asked for only at the end

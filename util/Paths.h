@@ -17,8 +17,8 @@ bool fileExists(std::string_view path);
 
 /// The machine's path of a station path: both separators are understood, and each component that does not
 /// exist as written is matched without regard to case (the first in byte order when several match).
-/// Components that do not exist at all stay as written. Nothing for an empty path and, on a system without
-/// drives, for a path with a drive letter.
+/// Components that do not exist at all stay as written. Nothing for an empty path, for one with a NUL in it
+/// and, on a system without drives, for a path with a drive letter.
 std::optional<std::filesystem::path> nativePath(std::string_view path);
 
 /// The station path of a machine path (UTF-8, separators as the machine has them).
