@@ -2,8 +2,8 @@
 #pragma once
 
 #include "config/ChannelList.h"
-#include "data/Averaging.h"
 #include "data/DayList.h"
+#include "data/Reading.h"
 #include "util/Format.h"
 
 #include <QAbstractTableModel>

@@ -3,21 +3,12 @@
 
 #include "data/BlockReader.h"
 #include "data/WindMean.h"
-#include "util/DateTime.h"
 #include "util/Validity.h"
 
 #include <cstdint>
 #include <span>
 
 namespace kelvrum {
-
-/// The value of one interval; INVALID_VALUE when it has none.
-struct IntervalValue {
-    DateTime start = 0;
-    double value = INVALID_VALUE;
-
-    bool operator==(const IntervalValue&) const = default;
-};
 
 /// The value of a block by the rule of a channel's Mode (sum, mean, wind direction), passed through the
 /// validity test with the bounds. `paired` is used for wind directions only. Any other mode gives 0, whatever

@@ -2,24 +2,15 @@
 #pragma once
 
 #include "config/StationConfig.h"
-#include "util/DateTime.h"
+#include "data/Reading.h"
 #include "util/FileSource.h"
 
 #include <cstdint>
 #include <memory>
 #include <span>
-#include <string>
 #include <vector>
 
 namespace kelvrum {
-
-/// What is to be read.
-struct ReadRequest {
-    std::int32_t channel = 0;
-    std::string suffix; // part of the file name, usually empty
-    TimeRange range;
-    std::int32_t interval = 1; // minutes in a block
-};
 
 /// Consecutive blocks of raw minute values. A missing minute reads as 0.
 struct BlockRun {

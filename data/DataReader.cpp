@@ -1,5 +1,7 @@
 #include "data/DataReader.h"
 
+#include "data/Averaging.h"
+#include "data/DayFiles.h"
 #include "data/SeriesFill.h"
 #include "diagram/SeriesTable.h"
 #include "util/Validity.h"

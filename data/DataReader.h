@@ -3,10 +3,9 @@
 #pragma once
 
 #include "config/StationConfig.h"
-#include "data/Averaging.h"
 #include "data/BlockReader.h"
-#include "data/DayFiles.h"
 #include "data/DayList.h"
+#include "data/Reading.h"
 #include "data/WindMean.h"
 #include "diagram/DiagramState.h"
 #include "util/FileSource.h"
@@ -18,12 +17,6 @@
 #include <vector>
 
 namespace kelvrum {
-
-/// How a reading ended.
-enum class Reading {
-    complete,
-    givenUp, // a step said so; what was handed out so far is to be dropped
-};
 
 /// Two horizontal auxiliary lines, as they were asked for; each is still to pass the validity test.
 struct AuxiliaryLines {

@@ -2,22 +2,18 @@
 #pragma once
 
 #include "config/StationConfig.h"
-#include "data/BlockReader.h"
+#include "data/Reading.h"
 #include "util/DateTime.h"
 #include "util/FileSource.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
 namespace kelvrum {
-
-/// Called between the steps of a long reading; false gives the reading up.
-using ReadingStep = std::function<bool()>;
 
 /// Name of the day file of a date, for example "20200618.KMH".
 std::string dayFileName(DateTime day);

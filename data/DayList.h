@@ -4,6 +4,7 @@
 
 #include "config/StationConfig.h"
 #include "data/DayFiles.h"
+#include "data/Reading.h"
 #include "util/DateTime.h"
 #include "util/FileSource.h"
 

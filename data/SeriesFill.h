@@ -23,7 +23,7 @@ void intervalStarts(DateTime start, std::int64_t first, std::int32_t interval, s
 /// none.
 class SeriesFill {
   public:
-    /// The table must outlive the fill; it grows to `expected` columns at once.
+    /// The table must outlive the fill; it gets room for `expected` columns at once.
     SeriesFill(SeriesTable& table, std::size_t expected);
 
     /// Adds the next interval in time order.

@@ -1,0 +1,38 @@
+// What a reading is asked for, what it hands out and how it ends.
+#pragma once
+
+#include "util/DateTime.h"
+#include "util/Validity.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace kelvrum {
+
+/// What is to be read.
+struct ReadRequest {
+    std::int32_t channel = 0;
+    std::string suffix; // part of the file name, usually empty
+    TimeRange range;
+    std::int32_t interval = 1; // minutes in a block
+};
+
+/// The value of one interval; INVALID_VALUE when it has none.
+struct IntervalValue {
+    DateTime start = 0;
+    double value = INVALID_VALUE;
+
+    bool operator==(const IntervalValue&) const = default;
+};
+
+/// Called between the steps of a long reading; false gives the reading up.
+using ReadingStep = std::function<bool()>;
+
+/// How a reading ended.
+enum class Reading {
+    complete, // to its end or to an error, which ends it as the file's end does; nothing is thrown
+    givenUp,  // a step said so; what was handed out so far is to be dropped
+};
+
+} // namespace kelvrum
