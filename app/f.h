@@ -11,17 +11,14 @@
 
 #include <QAccessible>
 #include <QMainWindow>
-#include <QPointer>
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 
 class QAction;
-class QButtonGroup;
 class QCheckBox;
 class QComboBox;
-class QDate;
 class QDateEdit;
 class QFrame;
 class QGroupBox;
@@ -163,6 +160,8 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     // --- f_project.cpp: opening projects ---
     void adoptStation(StationConfig station);
     [[nodiscard]] std::string projectFolder() const;
+
+    // --- f_correction.cpp ---
     void correct(CorrectionMode mode);
 
     void viewChosen();
@@ -180,7 +179,7 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     int zoom_ = 1;                  // 1 to 25, read by nothing but the two zoom buttons
     double manualMinimum_ = 0;
     double manualMaximum_ = 100;
-    Colour keptColour1_ = 0x800000; // kept for later use
+    Colour keptColour1_ = 0x800000; // set at start, drawn nowhere
     Colour keptColour2_ = WHITE;
     std::string batchFolder_;   // project folder of the batch print
     double lastWindFactor_ = 0; // shown when the correction dialog opens

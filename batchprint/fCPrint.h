@@ -47,7 +47,7 @@ class fCPrint : public QDialog {
         std::function<Reading(const ReadRequest&, const DiagramSettings&)> readDiagram;
         std::function<void()> loadData; // shows the owner's own view again
         Dialogs& dialogs;
-        std::string projectFolder = {}; // of the channel files, as the configuration's path gives it
+        std::string projectFolder = {}; // as the configuration's path gives it; handed over, not read here
     };
 
     /// Builds the rows and loads the settings; a damaged settings file is reported at once.

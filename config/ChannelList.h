@@ -25,7 +25,7 @@ std::vector<ListedChannel> listedChannels(const StationConfig& station);
 /// One column of the data list.
 struct ListColumn {
     std::string header;
-    std::string key;
+    std::string key; // "st" or "s" and the slot; shown nowhere
 
     bool operator==(const ListColumn&) const = default;
 };

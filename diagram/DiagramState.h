@@ -58,8 +58,8 @@ struct DiagramFont {
     bool operator==(const DiagramFont&) const = default;
 };
 
-/// Getters bear the properties' names, setters "set" and the name. Angles cross the interface in the unit of
-/// Bogenmass and are kept in radians.
+/// Getters bear the properties' names, setters "set" and the name (setEnabledState for Enabled). Angles cross
+/// the interface in the unit of Bogenmass and are kept in radians.
 class DiagramState {
   public:
     DiagramState() = default;

@@ -7,8 +7,8 @@
 
 namespace kelvrum {
 
-/// Hands every primitive on, moved to a corner of the other surface. Lengths and fonts count in units of its
-/// own scale, so that a picture keeps its proportions on a page.
+/// Hands every primitive but clear on, moved to a corner of the other surface. Lengths and fonts count in
+/// units of its own scale, so that a picture keeps its proportions on a page.
 class PlacedSurface final : public Surface {
   public:
     /// `fontFactor` is what a font size is multiplied with on the other surface, which must outlive this one.

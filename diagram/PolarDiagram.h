@@ -39,11 +39,12 @@ struct PolarGeometry {
 };
 
 /// Draws rings, spokes, sectors, labels, compass letters, frame and head line, and sets the control's
-/// Ycenter. Throws std::overflow_error when a sector's radius passes through more than 32 bits.
+/// Ycenter. Throws std::overflow_error when a sector's radius passes through more than 32 bits or an angle is
+/// no number.
 void drawPolarDiagram(Surface& surface, DiagramState& state, const LocaleTexts& texts);
 
 /// Draws the diagram on a printed page (units: millimetres), centred and as large as the margins allow, in
-/// the proportions of a picture of `picture` pixels.
+/// the proportions of a picture of `picture` pixels. Throws as drawPolarDiagram does.
 void printPolarDiagram(Surface& page, Extent picture, DiagramState& state, const LocaleTexts& texts);
 
 } // namespace kelvrum

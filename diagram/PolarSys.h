@@ -26,7 +26,8 @@ class PolarSys : public QWidget, public DiagramState {
     void setPrintJob(PrintJob& job) { printJob_ = &job; }
 
     /// Draws the diagram on a new page of the print job, landscape. With `finish` the job is ended
-    /// afterwards; otherwise it stays open for further pages. Throws PrintError; the job is closed then.
+    /// afterwards; otherwise it stays open for further pages. Throws PrintError, or what the drawing throws;
+    /// the job is closed then.
     void PrintDiag(bool& finish);
 
     /// Saves the picture that was drawn last under a file name; see savePicture.

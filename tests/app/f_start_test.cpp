@@ -139,9 +139,7 @@ class f_start_test : public QObject {
             QStringLiteral("menWind=Wind"),
             QStringLiteral("menStaub=Staub"),
         };
-        for (const QString& caption : expected) {
-            QVERIFY2(captions.contains(caption), qPrintable(caption));
-        }
+        QCOMPARE(captions, expected);
         QVERIFY(fixture.window->findChild<QMenu*>(QStringLiteral("menDat")) != nullptr);
         QVERIFY(fixture.window->findChild<QMenu*>(QStringLiteral("menKor")) != nullptr);
     }

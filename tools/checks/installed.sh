@@ -36,7 +36,8 @@ works_in() {
 }
 
 manual=$root/usr/share/doc/kelvrum/Handbuch.md
-grep -o 'pictures/[a-z-]*\.png' "$manual" | while read -r picture; do
+pictures=$(grep -o 'pictures/[a-z-]*\.png' "$manual")
+for picture in $pictures; do
     [ -s "${manual%/*}/$picture" ] || fail "the manual lacks $picture"
 done
 
