@@ -34,11 +34,9 @@ std::size_t firstPass(std::span<const DateTime> times, DateTime xLow) {
 }
 
 std::string valuesOf(const DiagramState& state, const LocaleTexts& texts) {
-    const SeriesTable& table = seriesTable();
-    const std::size_t columns =
-        std::min(static_cast<std::size_t>(std::max(state.DataCount(), 0)), table.columns());
-    const auto times = table.row(SeriesTable::TIME).first(columns);
-    const auto values = table.row(SeriesTable::Y1).first(firstPass(times, state.XLow()));
+    const Series series = seriesInUse(state.DataCount());
+    const auto times = series.times;
+    const auto values = series.y1.first(firstPass(times, state.XLow()));
     const SeriesScan scan = scanSeries(values);
     if (scan.count == 0) {
         return counted(0);

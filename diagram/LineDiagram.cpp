@@ -24,21 +24,6 @@ constexpr Colour LIMIT_1 = GREEN;
 constexpr Colour LIMIT_2 = RED;
 constexpr Colour MEAN = 0x0080FF; // orange
 
-/// The columns in use.
-struct Series {
-    std::span<const double> times;
-    std::span<const double> y1;
-    std::span<const double> y2;
-};
-
-Series seriesInUse(const DiagramState& state) {
-    const SeriesTable& table = seriesTable();
-    const auto wanted = static_cast<std::size_t>(std::max(state.DataCount(), 0));
-    const std::size_t count = std::min(wanted, table.columns());
-    return {table.row(SeriesTable::TIME).first(count), table.row(SeriesTable::Y1).first(count),
-            table.row(SeriesTable::Y2).first(count)};
-}
-
 /// The axis captions: the parts of AchseText between semicolons.
 std::vector<std::string_view> axisCaptions(const std::string& text) {
     constexpr std::ptrdiff_t SHORTEST = 2; // characters
@@ -59,7 +44,7 @@ class Drawing {
         , size_(surface.size())
         , range_{state.XLow(), state.XHigh()}
         , plot_(layout, size_, scale_, range_)
-        , series_(seriesInUse(state))
+        , series_(seriesInUse(state.DataCount()))
         , ascending_(ascend(series_.times)) {}
 
     LineDrawing run() {

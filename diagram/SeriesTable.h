@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -46,5 +47,15 @@ class SeriesTable {
 
 /// The one table of the program.
 SeriesTable& seriesTable();
+
+/// Columns of the table in use: three rows of equal length.
+struct Series {
+    std::span<const double> times;
+    std::span<const double> y1;
+    std::span<const double> y2;
+};
+
+/// The first `dataCount` columns of the program's table, at most those that there are.
+Series seriesInUse(std::int32_t dataCount);
 
 } // namespace kelvrum
