@@ -77,7 +77,7 @@ void f::accessibilityActiveChanged(bool active) {
 bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
     rows_->clear();
     if (station_.Kind == ConfigKind::binary) {
-        return reader_.readDayDiagram(station_, request, diagramSettings(), *KS, step) == Reading::complete &&
+        return reader_.readSeries(station_, request, diagramSettings(), *KS, step) == Reading::complete &&
                FillListVarn(request.range, step);
     }
     if (diagramSelected()) {
@@ -87,7 +87,7 @@ bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
         return reader_.readPolar(station_, request, diagramSettings(), *KS, step) == Reading::complete;
     }
     if (diagramSelected()) {
-        return reader_.readDiagram(station_, request, diagramSettings(), *KS, step) == Reading::complete;
+        return reader_.readSeries(station_, request, diagramSettings(), *KS, step) == Reading::complete;
     }
     KS->SetArray(0);
     rows_->expect(rowsExpected(request));

@@ -64,9 +64,7 @@ void f::showBatchPrint() {
             QCoreApplication::processEvents();
             return true;
         };
-        return station_.Kind == ConfigKind::binary
-                   ? reader_.readDayDiagram(station_, request, settings, *KS, step)
-                   : reader_.readDiagram(station_, request, settings, *KS, step);
+        return reader_.readSeries(station_, request, settings, *KS, step);
     };
     fCPrint dialog({range(), station_, environment_.texts, *KS, printJob_, read, [this] { LoadData(); },
                     *environment_.dialogs, batchFolder_},

@@ -128,6 +128,13 @@ Reading DataReader::readList(const StationConfig& station, const ReadRequest& re
     });
 }
 
+Reading DataReader::readSeries(const StationConfig& station, const ReadRequest& request,
+                               const DiagramSettings& settings, DiagramState& diagram,
+                               const ReadingStep& step) {
+    return station.Kind == ConfigKind::binary ? readDayDiagram(station, request, settings, diagram, step)
+                                              : readDiagram(station, request, settings, diagram, step);
+}
+
 Reading DataReader::readDiagram(const StationConfig& station, const ReadRequest& request,
                                 const DiagramSettings& settings, DiagramState& diagram,
                                 const ReadingStep& step) {

@@ -42,6 +42,10 @@ class DataReader {
                      const std::function<void(std::span<const IntervalValue>)>& showValues,
                      const ReadingStep& step);
 
+    /// The series of a diagram, by the reader below that the station's form asks for.
+    Reading readSeries(const StationConfig& station, const ReadRequest& request,
+                       const DiagramSettings& settings, DiagramState& diagram, const ReadingStep& step);
+
     /// Diagram reader: fills the shared table from the channel's file, tells the control the count and sets
     /// its headlines, unit and, when asked for, auxiliary lines. A missing file gives a count of 0.
     Reading readDiagram(const StationConfig& station, const ReadRequest& request,
