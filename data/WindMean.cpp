@@ -50,6 +50,19 @@ struct ArctangentOf {
     double operator()(double tangent) const { return std::atan(tangent); }
 };
 
+/// The least of several fractions, without a division for each.
+struct Fraction {
+    double part = 1;
+    double whole = 1;
+
+    void lower(double otherPart, double otherWhole) {
+        if (!(otherPart * whole >= part * otherWhole)) {
+            part = otherPart;
+            whole = otherWhole;
+        }
+    }
+};
+
 /// Works out each result, where Remembered would keep them.
 template<typename Function>
 struct WorkedOut {
@@ -114,17 +127,20 @@ class WindVectors {
 
     /// From one vector for each minute to one for each block.
     void addUp(std::size_t minutes, std::size_t blocks) {
-        // The recursion takes the direction from an arcsine, which is coarse close to east and west, and
-        // loses it where the vectors nearly cancel. A block whose running vector comes so close to either (as
-        // parts of the squared length) goes the recursion's own way, and so does one whose squares are too
-        // small for all the digits of a double.
-        constexpr double CLOSE_TO_EAST_WEST = 1e-10;
-        constexpr double CLOSE_TO_CANCELLING = 1e-12;
-        constexpr double SMALLEST_SQUARE = 1e-280;
+        // The recursion takes the direction from an arcsine, which is coarse close to east and west, and what
+        // it loses there grows where the vectors nearly cancel. A block goes the recursion's own way when the
+        // least part that y has of the length and the least part that the length has of all magnitudes,
+        // multiplied, come below a hundred-thousandth; so does one whose squares are too small to be
+        // compared.
+        constexpr double COARSE = 1e-10; // squared
+        constexpr double SMALLEST_SQUARE = 1e-140;
         for (std::size_t block = 0; block < blocks; ++block) {
             double x = 0;
             double y = 0;
             double speed = NOT_USED;
+            Fraction besideEastWest; // squared, as the next one
+            Fraction left;           // of the magnitudes
+            double leastSquare = 1;
             for (std::size_t i = block * minutes; i < (block + 1) * minutes; ++i) {
                 if (speed_[i] == NOT_USED) {
                     continue;
@@ -133,11 +149,13 @@ class WindVectors {
                 y += y_[i];
                 speed += speed_[i];
                 const double square = x * x + y * y;
-                if (!(y * y > CLOSE_TO_EAST_WEST * square) ||
-                    !(square > CLOSE_TO_CANCELLING * speed * speed + SMALLEST_SQUARE)) {
-                    speed = DOUBTFUL;
-                    break;
-                }
+                besideEastWest.lower(y * y, square);
+                left.lower(square, speed * speed);
+                leastSquare = std::min(leastSquare, square);
+            }
+            const bool precise = besideEastWest.part * left.part > COARSE * besideEastWest.whole * left.whole;
+            if (!precise || !(leastSquare > SMALLEST_SQUARE)) {
+                speed = speed == NOT_USED ? NOT_USED : DOUBTFUL;
             }
             x_[block] = x;
             y_[block] = y;

@@ -222,6 +222,40 @@ TEST(WindMean, ASingleMinuteOfAnySpeedIsTheRuleItself) {
     }
 }
 
+/// Opposite winds that leave a millionth of themselves: what the arcsine has lost by then counts a million
+/// times.
+TEST(WindMean, NearlyCancellingWindsFollowTheRule) {
+    const struct {
+        std::vector<double> directions;
+        std::vector<double> speeds;
+    } cases[] = {
+        {{89.5, 269.5}, {1.00001, 1}},
+        {{89.99, 269.99}, {1.000005, 1}},
+        {{89.999, 269.999}, {3.000015, 3}},
+    };
+    for (const auto& c : cases) {
+        EXPECT_LE(apart(windMean(c.directions, c.speeds), literalWindMean(c.directions, c.speeds)), 1e-7)
+            << c.directions[0];
+    }
+    std::mt19937 random(17); // NOLINT(cert-msc51-cpp): the same winds at every run
+    const auto power = [&random](double least) {
+        return std::pow(10, std::uniform_real_distribution<double>(least, 0)(random));
+    };
+    for (int i = 0; i < 20000; ++i) {
+        const double side = i % 2 == 0 ? 90 : 270;
+        const double direction = side + (i % 3 == 0 ? -1 : 1) * 10 * power(-6);
+        const double left = power(-7); // of the first wind
+        std::vector<double> directions = {direction, direction + 180 + power(-7)};
+        std::vector<double> speeds = {1 + left, 1};
+        for (int more = i % 4; more > 0; --more) {
+            directions.push_back(std::uniform_real_distribution<double>(0.1, 360)(random));
+            speeds.push_back(left * power(-3));
+        }
+        ASSERT_LE(apart(windMean(directions, speeds), literalWindMean(directions, speeds)), 1e-7)
+            << direction << " " << left;
+    }
+}
+
 TEST(WindMean, SpeedsTooSmallToBeSquaredFollowTheRule) {
     const struct {
         std::vector<double> directions;
