@@ -21,6 +21,9 @@ constexpr double HALF_MINUTE = 0.5;
 constexpr std::int64_t MINUTES_OF_A_YEAR =
     366LL * MINUTES_PER_DAY; // room made at once; more is made when needed
 
+/// Of an interval in minutes.
+double days(std::int32_t minutes) { return static_cast<double>(minutes) / MINUTES_PER_DAY; }
+
 /// Everything that a diagram shows beside its series.
 void setTexts(const StationConfig& station, std::int32_t channel, const DiagramSettings& settings,
               DiagramState& diagram) {
@@ -139,6 +142,7 @@ Reading DataReader::readDiagram(const StationConfig& station, const ReadRequest&
                                 const DiagramSettings& settings, DiagramState& diagram,
                                 const ReadingStep& step) {
     diagram.SetArray(0); // a drawing while the table is being filled shows no half curve
+    diagram.setColumnInterval(days(request.interval));
     setTexts(station, request.channel, settings, diagram);
     return trapped([&] {
         BlockReader blocks(station, request, open_, buffers_);
@@ -194,6 +198,7 @@ Reading DataReader::readDayDiagram(const StationConfig& station, const ReadReque
                                    const DiagramSettings& settings, DiagramState& diagram,
                                    const ReadingStep& step) {
     diagram.SetArray(0);
+    diagram.setColumnInterval(days(request.interval));
     setTexts(station, request.channel, settings, diagram);
     return trapped([&] {
         const auto intervals = readDayIntervals(station, request, open_, step);

@@ -193,6 +193,7 @@ void DiagramState::setListIndex(std::int16_t Index) {
 }
 
 void DiagramState::emptyLists() {
+    columnInterval_ = 0;
     speedList_.assign(1, 0);
     directionList_.assign(1, 0);
     listIndex_ = -1;

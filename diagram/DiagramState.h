@@ -173,6 +173,11 @@ class DiagramState {
     [[nodiscard]] std::int32_t DataCount() const { return dataCount_; }
     [[nodiscard]] std::int32_t DataIndex() const { return dataIndex_; }
 
+    /// The interval of the columns in days, for those who fill the table and know it; 0: it follows from the
+    /// columns. Emptying the lists sets it to 0.
+    void setColumnInterval(double days) { columnInterval_ = days; }
+    [[nodiscard]] double columnInterval() const { return columnInterval_; }
+
     /// Empties the polar lists and the shared table, then requests a repaint.
     void Clear();
     /// Says how many columns of the shared table are valid; the caller has filled them.
@@ -242,6 +247,7 @@ class DiagramState {
     std::vector<double> directionList_ = {0}; // radians
     std::int32_t listCount_ = 0;
     std::int32_t listIndex_ = -1;
+    double columnInterval_ = 0;
     std::int32_t dataCount_ = 0;
     std::int32_t dataIndex_ = -1;
 };

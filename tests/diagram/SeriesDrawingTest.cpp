@@ -128,6 +128,25 @@ TEST(SeriesDrawing, PrecipitationIsBoxesOnTheBaseLine) {
     EXPECT_THAT(surface.boxesOf(SECOND), IsEmpty());
 }
 
+TEST(SeriesDrawing, ASingleBarIsAsWideAsItsIntervalWhereThatIsKnown) {
+    TestDiagram diagram;
+    fillSeries(diagram, {{DAY + 8.0 / 24, 5}});
+    diagram.setDiagTyp(KIND_PRECIPITATION);
+    diagram.setXLow(DAY);
+    diagram.setXHigh(DAY + 1);
+    const auto right = [&diagram] {
+        RecordingSurface surface({1000, 600});
+        drawLineDiagram(surface, diagram, DiagramLayout(), LocaleTexts());
+        const auto bars = surface.boxesOf(diagram.D1());
+        return bars.empty() ? 0 : bars[0].right;
+    };
+    EXPECT_EQ(right(), 970); // the rest of the range
+    diagram.setColumnInterval(1.0 / 24);
+    EXPECT_EQ(right(), 389); // an hour
+    diagram.Clear();
+    EXPECT_EQ(diagram.columnInterval(), 0);
+}
+
 TEST(SeriesDrawing, DirectionsTakeTheShortWay) {
     DayDiagram diagram(3);
     diagram.setY1High(600);
