@@ -20,10 +20,11 @@ struct DiagramLayout {
     double bandBelowTitle = 19; // the title band is this much higher than the text of HeadLine
     double longTick = 4;
     double shortTick = 2;
-    double textGap = 1;   // between a tick and its label, and at the surface's edges
-    double unitDrop = 1;  // unit and captions stand one and a half lines above the plot, less this
-    double rowPitch = 11; // from the time of a label to the date below it
-    int totalRow = 1;     // row of the precipitation total below the axis; 1 is shared with the dates
+    double textGap = 1;       // between a tick and its label, and at the surface's edges
+    double rightLabelGap = 3; // the same on the right: at less a tick before a number reads as its minus sign
+    double unitDrop = 1;      // unit and captions stand one and a half lines above the plot, less this
+    double rowPitch = 10;     // from the time of a label to the date below it
+    int totalRow = 1;         // row of the precipitation total below the axis; 1 is shared with the dates
 
     // Sizes in points; nothing: that of SkalaFont.
     std::optional<double> titlePoints;
@@ -46,7 +47,7 @@ struct DiagramLayout {
         layout.foot = 20;
         layout.longTick = 2;
         layout.shortTick = 1;
-        layout.textGap = 1; // at less a tick before a number reads as its minus sign
+        layout.rightLabelGap = 1;
         layout.unitDrop = 0;
         layout.rowPitch = 3.5;
         layout.totalRow = 2;

@@ -127,8 +127,8 @@ class Drawing {
             const Extent extent = surface_.textExtent(tick.label);
             const int labelX =
                 side < 0 ? tickEnd - dots(layout_.textGap) - extent.width
-                         : std::min(tickEnd + dots(layout_.textGap), size_.width - extent.width); // never cut
-            surface_.text({labelX, y - extent.height / 2}, tick.label);
+                         : std::min(tickEnd + dots(layout_.rightLabelGap), size_.width - extent.width);
+            surface_.text({std::max(labelX, 0), y - extent.height / 2}, tick.label); // its start is never cut
         }
     }
 
@@ -149,8 +149,12 @@ class Drawing {
                    : drawCurve(surface_, series, state_.DiagTyp() == KIND_DIRECTION, colours);
     }
 
-    /// The interval of the series in days. A single column stands for the rest of the range.
+    /// The interval of the series in days. Where nobody tells, a single column stands for the rest of the
+    /// range.
     [[nodiscard]] double barWidth() const {
+        if (state_.columnInterval() > 0) {
+            return state_.columnInterval();
+        }
         return series_.times.size() == 1 ? range_.to - series_.times[0] : sampleInterval(series_.times);
     }
 
@@ -191,9 +195,8 @@ class Drawing {
     void drawTotal() {
         if (state_.DiagTyp() == KIND_PRECIPITATION) {
             surface_.setPen(state_.Xaxe());
-            surface_.text({totalLeft(), nearestDot(plot_.bottom) +
-                                            dots(layout_.longTick + layout_.totalRow * layout_.rowPitch)},
-                          totalText());
+            const double row = layout_.longTick + layout_.totalRow * layout_.rowPitch;
+            surface_.text({totalLeft(), nearestDot(plot_.bottom) + dots(row)}, totalText());
         }
     }
 

@@ -161,7 +161,7 @@ const TotalCase TOTALS[] = {
 };
 
 TEST(Total, IsWrittenInTheBottomMarginOfPrecipitationOnly) {
-    constexpr int rowPitch = 11; // rows of labels stand so close
+    constexpr int rowPitch = 10; // rows of labels stand so close
     for (const TotalCase& c : TOTALS) {
         for (const std::int32_t kind : {0, 2, 3, 4}) {
             SCOPED_TRACE(::testing::Message() << c.text << ", kind " << kind);
