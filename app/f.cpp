@@ -2,6 +2,7 @@
 
 #include "diagram/PolarSys.h"
 #include "util/Numbers.h"
+#include "util/Pickers.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -13,6 +14,7 @@
 #include <QListWidget>
 #include <QRadioButton>
 #include <QTableView>
+#include <initializer_list>
 #include <utility>
 
 namespace kelvrum {
@@ -126,6 +128,9 @@ bool f::eventFilter(QObject* watched, QEvent* event) {
 
 void f::closeEvent(QCloseEvent* event) {
     ++loadNumber_; // a reading that is still under way gives up
+    for (QWidget* picker : std::initializer_list<QWidget*>{DTPicker, DTPicker1, DTPicker2, DTPicker3}) {
+        picker->disconnect(this); // an unfinished edit loads nothing any more
+    }
     QMainWindow::closeEvent(event);
 }
 

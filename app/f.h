@@ -38,7 +38,9 @@ class QTimeEdit;
 namespace kelvrum {
 
 class DataListModel;
+class DatePicker;
 class PolarSys;
+class TimePicker;
 
 /// The start object and only long-lived window: one channel of one station over a time range, as a data list
 /// or as a diagram. It owns the StationConfig, the four pickers (which are the range), the interval and the
@@ -112,6 +114,7 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
 
     // --- f_keys.cpp: keys of the whole window and of the diagram ---
     void buildKeys();
+    void finishEdits();
     bool diagramKey(const QKeyEvent& key);
 
     // --- f_range.cpp: the pickers and what moves them ---
@@ -208,10 +211,10 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     DataListModel* rows_ = nullptr;
     QListWidget* selChan = nullptr;
     QRadioButton* optView[2] = {};
-    QDateEdit* DTPicker = nullptr;
-    QTimeEdit* DTPicker1 = nullptr;
-    QDateEdit* DTPicker2 = nullptr;
-    QTimeEdit* DTPicker3 = nullptr;
+    DatePicker* DTPicker = nullptr;
+    TimePicker* DTPicker1 = nullptr;
+    DatePicker* DTPicker2 = nullptr;
+    TimePicker* DTPicker3 = nullptr;
     QPushButton* Command1 = nullptr;
     QPushButton* Command2 = nullptr;
     QPushButton* Command3 = nullptr;

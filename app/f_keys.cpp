@@ -1,6 +1,7 @@
 // Keys that work wherever the focus is, those of the diagram, and the wheel.
 #include "app/f.h"
 #include "diagram/PolarSys.h"
+#include "util/Pickers.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -17,13 +18,27 @@ void f::buildKeys() {
     reload->setObjectName(QStringLiteral("reload"));
     reload->setShortcut(QKeySequence(Qt::Key_F5));
     addAction(reload);
-    connect(reload, &QAction::triggered, this, &f::LoadData);
+    connect(reload, &QAction::triggered, this, [this] {
+        const unsigned before = loadNumber_;
+        finishEdits();
+        if (loadNumber_ == before) {
+            LoadData();
+        }
+    });
     KS->installEventFilter(this);
     for (QWidget* control :
          std::initializer_list<QWidget*>{DTPicker, DTPicker1, DTPicker2, DTPicker3, selInterval, selScroll}) {
         control->setFocusPolicy(Qt::StrongFocus); // the wheel does not bring the focus
         control->installEventFilter(this);
     }
+}
+
+/// Takes over what is being typed into a picker, before a key that needs the range.
+void f::finishEdits() {
+    DTPicker->finish();
+    DTPicker1->finish();
+    DTPicker2->finish();
+    DTPicker3->finish();
 }
 
 /// The page keys scroll the range by the scroll unit, as the buttons do. True when the key was one.

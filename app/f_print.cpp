@@ -24,6 +24,7 @@ bool f::printerReady() {
 }
 
 void f::printView() {
+    finishEdits();
     if (!printerReady()) {
         return;
     }

@@ -1,11 +1,10 @@
 // The time range: it lives in the four pickers alone.
 #include "app/f.h"
 #include "data/RangeSteps.h"
+#include "util/Pickers.h"
 
 #include <QComboBox>
-#include <QDateEdit>
 #include <QSignalBlocker>
-#include <QTimeEdit>
 
 namespace kelvrum {
 

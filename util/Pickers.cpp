@@ -38,7 +38,27 @@ bool TypedPicker<Edit>::eventFilter(QObject* watched, QEvent* event) {
     if (watched == Edit::lineEdit() && event->type() == QEvent::MouseButtonPress) {
         finish();
     }
+    if (watched == Edit::lineEdit() && event->type() == QEvent::KeyPress) {
+        event->accept();
+        this->event(event); // keys belong to the picker, whoever they are sent to
+        return true;
+    }
     return Edit::eventFilter(watched, event);
+}
+
+/// What an input method composes is typed when it is complete.
+template<typename Edit>
+bool TypedPicker<Edit>::event(QEvent* event) {
+    if (event->type() == QEvent::InputMethod) {
+        const QString text = static_cast<QInputMethodEvent*>(event)->commitString();
+        if (!text.isEmpty() && !Edit::isReadOnly()) {
+            QKeyEvent key(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, text);
+            keyPressEvent(&key);
+        }
+        event->accept();
+        return true;
+    }
+    return Edit::event(event);
 }
 
 template<typename Edit>
@@ -50,7 +70,10 @@ void TypedPicker<Edit>::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
         finish();
-        Edit::setSelectedSection(Edit::currentSection());
+        if (!typing_.isActive()) {
+            Edit::interpretText();         // what was pasted or cut by the line's own menu
+            Edit::lineEdit()->selectAll(); // what is typed next begins anew
+        }
         event->ignore(); // for a dialog's default button
         Q_EMIT Edit::editingFinished();
         return;
@@ -61,6 +84,12 @@ void TypedPicker<Edit>::keyPressEvent(QKeyEvent* event) {
             return;
         }
         break;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        finish(); // the step starts from what was typed
+        break;
     default:
         if (typed(*event)) {
             show();
@@ -70,6 +99,12 @@ void TypedPicker<Edit>::keyPressEvent(QKeyEvent* event) {
         break;
     }
     Edit::keyPressEvent(event);
+}
+
+template<typename Edit>
+void TypedPicker<Edit>::wheelEvent(QWheelEvent* event) {
+    finish();
+    Edit::wheelEvent(event);
 }
 
 template<typename Edit>
@@ -106,7 +141,9 @@ void TypedPicker<Edit>::finish() {
     drop();
     if (!overtaken) {
         take(whole);
-        Edit::setSelectedSection(Edit::sectionAt(section));
+        if (!typing_.isActive()) { // somebody may type while the change is handled
+            Edit::setSelectedSection(Edit::sectionAt(section));
+        }
     }
 }
 
@@ -114,8 +151,9 @@ template<typename Edit>
 void TypedPicker<Edit>::begin() {
     const QLineEdit& line = *Edit::lineEdit();
     const bool wholeText = line.hasSelectedText() && line.selectedText() == line.text();
+    Edit::interpretText(); // what was pasted or cut by the line's own menu
     const int section = wholeText ? 0 : std::max(Edit::currentSectionIndex(), 0);
-    typing_.begin(line.text().toStdString(), static_cast<std::size_t>(section));
+    typing_.begin(Edit::textFromDateTime(Edit::dateTime()).toStdString(), static_cast<std::size_t>(section));
 }
 
 /// The value is shown again.
@@ -123,8 +161,10 @@ template<typename Edit>
 void TypedPicker<Edit>::drop() {
     const int section = static_cast<int>(typing_.section());
     typing_.end();
-    const QSignalBlocker quiet(Edit::lineEdit());
-    Edit::lineEdit()->setText(Edit::textFromDateTime(Edit::dateTime()));
+    {
+        const QSignalBlocker quiet(Edit::lineEdit());
+        Edit::lineEdit()->setText(Edit::textFromDateTime(Edit::dateTime()));
+    }
     Edit::setSelectedSection(Edit::sectionAt(section));
 }
 
@@ -147,30 +187,54 @@ void TypedPicker<Edit>::show() {
 template<typename Edit>
 bool TypedPicker<Edit>::typed(const QKeyEvent& event) {
     const bool erases = event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete;
-    const bool moves = event.key() == Qt::Key_Left || event.key() == Qt::Key_Right;
+    const bool moves = (event.key() == Qt::Key_Left || event.key() == Qt::Key_Right ||
+                        event.key() == Qt::Key_Home || event.key() == Qt::Key_End) &&
+                       (event.modifiers() & ~Qt::KeypadModifier) == 0;
     const bool pastes = event.matches(QKeySequence::Paste);
     const QString text = pastes ? QGuiApplication::clipboard()->text().trimmed() : event.text();
     const bool prints = !text.isEmpty() && text[0].isPrint() &&
                         (pastes || (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0);
-    if (Edit::isReadOnly() || !(erases || prints || (moves && typing_.isActive()))) {
+    if (Edit::isReadOnly() || !(erases || prints || moves)) {
         return false;
     }
-    const bool wholeText = Edit::lineEdit()->selectedText() == Edit::lineEdit()->text();
+    const QLineEdit& line = *Edit::lineEdit();
+    const bool marked = line.hasSelectedText();
+    const bool wholeText = marked && line.selectedText() == line.text();
     if (!typing_.isActive()) {
         begin();
+    } else if (wholeText && prints) {
+        typing_.moveToFirst();
     }
     if (moves) {
-        typing_.move(event.key() == Qt::Key_Left ? -1 : +1);
+        move(event.key());
     } else if (erases && wholeText) {
         typing_.eraseAll();
+    } else if (erases && marked) {
+        typing_.eraseSection();
     } else if (erases) {
         typing_.eraseDigit();
     } else {
+        std::string characters;
         for (const QChar c : text) {
-            typing_.type(c.digitValue() >= 0 ? static_cast<char>('0' + c.digitValue()) : '.');
+            characters += c.digitValue() >= 0 ? static_cast<char>('0' + c.digitValue()) : '.';
         }
+        typing_.type(characters);
     }
     return true;
+}
+
+template<typename Edit>
+void TypedPicker<Edit>::move(int key) {
+    switch (key) {
+    case Qt::Key_Home:
+        typing_.moveToFirst();
+        break;
+    case Qt::Key_End:
+        typing_.moveToLast();
+        break;
+    default:
+        typing_.move(key == Qt::Key_Left ? -1 : +1);
+    }
 }
 
 template class TypedPicker<QDateEdit>;
@@ -202,41 +266,11 @@ void DatePicker::take(const SectionTyping& typed) {
 void DatePicker::mousePressEvent(QMouseEvent* event) {
     finish();
     TypedPicker<QDateEdit>::mousePressEvent(event);
-    auto* calendar = findChild<QCalendarWidget*>(); // made when it is first folded out
-    if (calendar != nullptr && calendar->isVisible()) {
-        calendarOpened(*calendar->window());
+    if (auto* calendar = findChild<QCalendarWidget*>()) { // made when it is first folded out
+        // The toolkit would take every day that is walked over; the chosen one is reported by another signal.
+        disconnect(calendar->parentWidget(), SIGNAL(newDateSelected(QDate)), this, nullptr);
+        calendar->setDateEditEnabled(false); // digits would count from today
     }
-}
-
-/// The toolkit takes every day that is walked over: none is reported before the calendar is closed.
-void DatePicker::calendarOpened(QWidget& popup) {
-    beforeCalendar_ = date();
-    calendarLeft_ = false;
-    blockSignals(true);
-    popup.installEventFilter(this);
-}
-
-void DatePicker::calendarClosed() {
-    const QDate chosen = calendarLeft_ ? beforeCalendar_ : date();
-    setDate(beforeCalendar_);
-    blockSignals(false);
-    setDate(chosen);
-}
-
-bool DatePicker::eventFilter(QObject* watched, QEvent* event) {
-    auto* popup = qobject_cast<QWidget*>(watched);
-    if (popup != nullptr && popup->windowType() == Qt::Popup) {
-        if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-            calendarLeft_ = true;
-        } else if (event->type() == QEvent::MouseButtonPress &&
-                   !popup->rect().contains(static_cast<QMouseEvent*>(event)->position().toPoint())) {
-            calendarLeft_ = true;
-        } else if (event->type() == QEvent::Hide) {
-            popup->removeEventFilter(this);
-            calendarClosed();
-        }
-    }
-    return TypedPicker<QDateEdit>::eventFilter(watched, event);
 }
 
 TimePicker::TimePicker(QWidget* parent)

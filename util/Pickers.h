@@ -7,8 +7,6 @@
 #include <QDateEdit>
 #include <QTimeEdit>
 
-class QCalendarWidget;
-
 namespace kelvrum {
 
 /// A short date format in the letters of Qt's pickers.
@@ -32,8 +30,10 @@ class TypedPicker : public Edit {
     /// Takes over what was typed, if it makes sense.
     virtual void take(const SectionTyping& typed) = 0;
 
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     [[nodiscard]] QValidator::State validate(QString& text, int& position) const override;
@@ -43,6 +43,7 @@ class TypedPicker : public Edit {
     void drop();
     void show();
     bool typed(const QKeyEvent& event);
+    void move(int key);
 
     SectionTyping typing_;
     QString shown_; // of the typing
@@ -51,8 +52,8 @@ class TypedPicker : public Edit {
 extern template class TypedPicker<QDateEdit>;
 extern template class TypedPicker<QTimeEdit>;
 
-/// A date with a calendar to fold out, which may be walked through with keys: its choice is one change. A day
-/// that the month typed with it lacks becomes the month's last one.
+/// A date with a calendar to fold out, which may be walked through with keys: what is chosen there is one
+/// change. A day that the month typed with it lacks becomes the month's last one.
 class DatePicker : public TypedPicker<QDateEdit> {
     Q_OBJECT
 
@@ -61,15 +62,7 @@ class DatePicker : public TypedPicker<QDateEdit> {
 
   protected:
     void take(const SectionTyping& typed) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
-
-  private:
-    void calendarOpened(QWidget& popup);
-    void calendarClosed();
-
-    QDate beforeCalendar_;
-    bool calendarLeft_ = false; // without a choice
 };
 
 /// A time of day, hours and minutes. Steps of a minute carry over the full hour: 10:00 steps back to 09:59.

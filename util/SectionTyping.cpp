@@ -72,18 +72,34 @@ void SectionTyping::begin(std::string_view shown, std::size_t section) {
         one.text.assign(start, end);
         shown.remove_prefix(static_cast<std::size_t>(end - shown.begin()));
     }
-    section_ = std::min(section, sections_.size() - 1);
-    fresh_ = true;
-    handedOver_ = false;
     active_ = !sections_.empty();
+    if (active_) {
+        goTo(std::min(section, sections_.size() - 1));
+    }
 }
 
-void SectionTyping::type(char c) {
+void SectionTyping::type(std::string_view characters) {
+    std::size_t numbers = 0;
+    for (std::size_t i = 0; i < characters.size(); ++i) {
+        numbers += isDigit(characters[i]) && (i == 0 || !isDigit(characters[i - 1])) ? 1 : 0;
+    }
+    if (numbers > 1 && numbers >= sections_.size()) {
+        goTo(0);
+    }
+    for (const char c : characters) {
+        typeOne(c);
+    }
+}
+
+void SectionTyping::typeOne(char c) {
     if (!isDigit(c)) {
         if (!handedOver_ && !fresh_) {
             handOver();
         }
         handedOver_ = false;
+        return;
+    }
+    if (closed_) {
         return;
     }
     std::string& text = sections_[section_].text;
@@ -102,21 +118,31 @@ void SectionTyping::type(char c) {
 }
 
 void SectionTyping::eraseDigit() {
+    if (handedOver_) {
+        goTo(section_ - 1);
+    }
     std::string& text = sections_[section_].text;
     if (!text.empty()) {
         text.pop_back();
     }
     fresh_ = false;
-    handedOver_ = false;
+    closed_ = false;
+}
+
+void SectionTyping::eraseSection() {
+    if (handedOver_) {
+        eraseDigit();
+        return;
+    }
+    sections_[section_].text.clear();
+    goTo(section_);
 }
 
 void SectionTyping::eraseAll() {
     for (Section& one : sections_) {
         one.text.clear();
     }
-    section_ = 0;
-    fresh_ = true;
-    handedOver_ = false;
+    goTo(0);
 }
 
 bool SectionTyping::move(int steps) {
@@ -124,10 +150,19 @@ bool SectionTyping::move(int steps) {
     if (wanted < 0 || wanted >= static_cast<int>(sections_.size())) {
         return false;
     }
-    section_ = static_cast<std::size_t>(wanted);
+    goTo(static_cast<std::size_t>(wanted));
+    return true;
+}
+
+void SectionTyping::moveToFirst() { goTo(0); }
+
+void SectionTyping::moveToLast() { goTo(sections_.size() - 1); }
+
+void SectionTyping::goTo(std::size_t section) {
+    section_ = section;
     fresh_ = true;
     handedOver_ = false;
-    return true;
+    closed_ = false;
 }
 
 std::string SectionTyping::text() const {
@@ -171,8 +206,9 @@ bool SectionTyping::isFull() const {
 
 void SectionTyping::handOver() {
     if (section_ + 1 < sections_.size()) {
-        ++section_;
-        fresh_ = true;
+        goTo(section_ + 1);
+    } else {
+        closed_ = true;
     }
 }
 

@@ -26,14 +26,19 @@ class SectionTyping {
     void end() { active_ = false; }
     [[nodiscard]] bool isActive() const { return active_; }
 
-    /// A digit, or any other character as separator.
-    void type(char c);
-    /// Takes back the last digit of the section.
+    /// Digits, and any other characters as separators. As many numbers as there are sections, or more, begin
+    /// with the first one.
+    void type(std::string_view characters);
+    /// Takes back the digit that was typed last, or the last one of the section.
     void eraseDigit();
+    /// Empties the section; one that was reached by itself loses nothing: as eraseDigit then.
+    void eraseSection();
     /// Empties all sections and goes to the first one.
     void eraseAll();
     /// Goes to a neighbouring section; false when there is none.
     bool move(int steps);
+    void moveToFirst();
+    void moveToLast();
 
     [[nodiscard]] std::size_t section() const { return section_; }
     /// What is to be shown.
@@ -55,6 +60,8 @@ class SectionTyping {
         std::string text;
     };
 
+    void typeOne(char c);
+    void goTo(std::size_t section);
     [[nodiscard]] bool isFull() const;
     void handOver();
 
@@ -63,6 +70,7 @@ class SectionTyping {
     std::size_t section_ = 0;
     bool fresh_ = true;
     bool handedOver_ = false; // by itself, and the separator may still be typed
+    bool closed_ = false;     // a separator was typed behind the last section
     bool active_ = false;
 };
 

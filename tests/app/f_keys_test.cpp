@@ -29,6 +29,16 @@ class f_keys_test : public QObject {
         }
     }
 
+    /// What is being typed into a picker counts, and loads once.
+    void f5WhileSomethingIsTyped() {
+        WindowFixture fixture;
+        fixture.typePicker("DTPicker1", QStringLiteral("0930"));
+        fixture.files.opened = 0;
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F5);
+        QCOMPARE(fixture.files.opened, 1);
+        QCOMPARE(fixture.the<QTimeEdit>("DTPicker1").time(), QTime(9, 30));
+    }
+
     void menusNameTheirKeys() {
         const WindowFixture fixture;
         QCOMPARE(fixture.the<QAction>("menOpen").shortcut(), QKeySequence(Qt::CTRL | Qt::Key_O));

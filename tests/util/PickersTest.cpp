@@ -234,6 +234,100 @@ class PickersTest : public QObject {
         QCOMPARE(desk.date.date(), QDate(2020, 2, 2));
     }
 
+    /// Keys to the line itself are the picker's.
+    void keysToTheLine() {
+        Desk desk;
+        desk.show(QDate(2020, 6, 18));
+        auto* line = desk.date.findChild<QLineEdit*>();
+        QTest::keyClicks(line, QStringLiteral("31.01.2019"));
+        QTest::keyClick(line, Qt::Key_Return);
+        QCOMPARE(desk.date.date(), QDate(2019, 1, 31));
+        QCOMPARE(desk.dates.count(), 1);
+    }
+
+    /// What an input method gives, and what comes by the line's own menu.
+    void otherWaysIn() {
+        Desk desk;
+        desk.show(QTime(10, 0));
+        QTest::keyClicks(&desk.time, QStringLiteral("09"));
+        QInputMethodEvent composed;
+        composed.setCommitString(QStringLiteral("3"));
+        QCoreApplication::sendEvent(&desk.time, &composed);
+        QCOMPARE(desk.times.count(), 0);
+        QTest::keyClicks(&desk.time, QStringLiteral("0\r"));
+        QCOMPARE(desk.time.time(), QTime(9, 30));
+        QCOMPARE(desk.times.count(), 1);
+
+        auto* line = desk.time.findChild<QLineEdit*>();
+        QGuiApplication::clipboard()->setText(QStringLiteral("11:45"));
+        line->selectAll();
+        line->paste();
+        QTest::keyClick(&desk.time, Qt::Key_Return);
+        QCOMPARE(desk.time.time(), QTime(11, 45));
+    }
+
+    void movesAndErases_data() {
+        QTest::addColumn<QString>(
+            "keys"); // H Home, E End, A Ctrl+A, X Delete, B Backspace, L and R the arrows
+        QTest::addColumn<QString>("result");
+        QTest::newRow("home") << QStringLiteral("5H23") << QStringLiteral("23.06.2020");
+        QTest::newRow("end") << QStringLiteral("05E2019") << QStringLiteral("05.06.2019");
+        QTest::newRow("all again") << QStringLiteral("05.07A31.12.2019") << QStringLiteral("31.12.2019");
+        QTest::newRow("highlighted") << QStringLiteral("X25") << QStringLiteral("25.06.2020");
+        QTest::newRow("the digit before") << QStringLiteral("31B0") << QStringLiteral("30.06.2020");
+        QTest::newRow("to the right") << QStringLiteral("R7") << QStringLiteral("18.07.2020");
+        QTest::newRow("and back") << QStringLiteral("RRL9") << QStringLiteral("18.09.2020");
+        QTest::newRow("moves alone") << QStringLiteral("RLRH") << QStringLiteral("18.06.2020");
+    }
+    void movesAndErases() {
+        QFETCH(QString, keys);
+        QFETCH(QString, result);
+        Desk desk;
+        desk.show(QDate(2020, 6, 18));
+        for (const QChar key : keys) {
+            switch (key.toLatin1()) {
+            case 'H':
+                QTest::keyClick(&desk.date, Qt::Key_Home);
+                break;
+            case 'E':
+                QTest::keyClick(&desk.date, Qt::Key_End);
+                break;
+            case 'A':
+                QTest::keyClick(&desk.date, Qt::Key_A, Qt::ControlModifier);
+                break;
+            case 'X':
+                QTest::keyClick(&desk.date, Qt::Key_Delete);
+                break;
+            case 'B':
+                QTest::keyClick(&desk.date, Qt::Key_Backspace);
+                break;
+            case 'L':
+                QTest::keyClick(&desk.date, Qt::Key_Left);
+                break;
+            case 'R':
+                QTest::keyClick(&desk.date, Qt::Key_Right);
+                break;
+            default:
+                QTest::keyClicks(&desk.date, QString(key));
+            }
+        }
+        QTest::keyClick(&desk.date, Qt::Key_Return);
+        QCOMPARE(desk.date.text(), result);
+        QCOMPARE(desk.dates.count(), result == QStringLiteral("18.06.2020") ? 0 : 1);
+    }
+
+    /// One date after the other, each ended with the return key.
+    void typedOnceMore() {
+        Desk desk;
+        desk.show(QDate(2020, 6, 18));
+        QTest::keyClicks(&desk.date, QStringLiteral("17.06.2020\r16.05.2019\r"));
+        QCOMPARE(desk.date.date(), QDate(2019, 5, 16));
+        desk.show(QTime(23, 0));
+        QTest::keyClicks(&desk.time, QStringLiteral("1"));
+        QTest::keyClick(&desk.time, Qt::Key_Up);
+        QCOMPARE(desk.time.time(), QTime(2, 0));
+    }
+
     void pasted() {
         Desk desk;
         QGuiApplication::clipboard()->setText(QStringLiteral(" 31.12.2019\n"));

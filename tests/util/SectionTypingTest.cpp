@@ -26,7 +26,7 @@ SectionTyping typed(const char* format, const char* shown, std::size_t section, 
             typing.move(+1);
             break;
         default:
-            typing.type(key);
+            typing.type({&key, 1});
         }
     }
     return typing;
@@ -64,6 +64,10 @@ TEST(SectionTyping, ShowsWhatIsTyped) {
         {"hh:mm", "10:00", 0, "9:30", "9:30", 1},
         {"hh:mm", "10:00", 0, "1:2", "1:2", 1},
         {"hh:mm", "10:00", 1, "7", "10:7", 1},
+        {"hh:mm", "10:00", 0, "6:5:30", "6:5", 1}, // nothing stands behind the last section
+        {"dd.MM.yyyy", "18.06.2020", 0, "16.05.19 10:00", "16.05.19", 2},
+        {"dd.MM.yyyy", "18.06.2020", 0, "16.05.19 <8", "16.05.18", 2},
+        {"dd.MM.yyyy", "18.06.2020", 0, "31<0", "30.06.2020", 1}, // the digit before the section was left
     };
     for (const auto& c : cases) {
         const SectionTyping typing = typed(c.format, c.shown, c.section, c.keys);
@@ -91,14 +95,27 @@ TEST(SectionTyping, Numbers) {
     }
 }
 
+TEST(SectionTyping, AWholeDateBeginsWithTheFirstSection) {
+    SectionTyping typing = typed("dd.MM.yyyy", "18.06.2020", 2, "");
+    typing.type("16.5.2019");
+    EXPECT_EQ(typing.text(), "16.5.2019");
+    typing.moveToLast();
+    typing.type("1999");
+    EXPECT_EQ(typing.text(), "16.5.1999");
+    typing.moveToFirst();
+    typing.eraseSection();
+    EXPECT_EQ(typing.text(), ".5.1999");
+    typing.type("23");
+    typing.eraseSection(); // reached by itself: the digit before
+    EXPECT_EQ(typing.text(), "2.5.1999");
+}
+
 TEST(SectionTyping, AllErasedBeginsAnew) {
     SectionTyping typing = typed("dd.MM.yyyy", "18.06.2020", 2, "");
     typing.eraseAll();
     EXPECT_EQ(typing.text(), "..");
     EXPECT_EQ(typing.section(), 0U);
-    for (const char c : std::string("31122019")) {
-        typing.type(c);
-    }
+    typing.type("31122019");
     EXPECT_EQ(typing.text(), "31.12.2019");
     typing.end();
     EXPECT_FALSE(typing.isActive());
