@@ -6,7 +6,9 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 namespace kelvrum {
@@ -15,6 +17,7 @@ namespace {
 
 constexpr int MARGIN = 12;
 constexpr int WIDTH = 340;
+constexpr int MOST_WIDTH = 640; // for long names
 constexpr int HEIGHT = 320;
 constexpr int BUTTON_HEIGHT = 30;
 
@@ -51,11 +54,12 @@ Form1::Form1(std::string folder, Owner owner, FileOpener open, Dialogs& dialogs,
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setFocusPolicy(Qt::NoFocus); // the tab key goes from button to button
     area->setWidget(list);
 
     Command2 = new QPushButton(QStringLiteral("&Manuell suchen"), this);
     Command2->setObjectName(QStringLiteral("Command2"));
-    Command2->setAutoDefault(false);
+    Command2->setAutoDefault(true); // the return key means it, not a project beside it
     Command2->setToolTip(QStringLiteral("Einen Projektordner auswählen"));
     connect(Command2, &QPushButton::clicked, this, &Form1::searchByHand);
 
@@ -80,9 +84,9 @@ bool Form1::readDirs() {
     }
     owner_.forgetFactors();
     nothingFound_->setVisible(projects_.empty());
-    if (!Button.empty()) {
-        Button.front()->setFocus();
-    }
+    QPushButton* first = Button.empty() ? Command2 : Button.front();
+    first->setFocus();
+    fitWidth();
     return !projects_.empty();
 }
 
@@ -91,10 +95,22 @@ void Form1::addButton(std::size_t index) {
     button->setObjectName(QStringLiteral("Button(%1)").arg(index));
     button->setToolTip(toQString(projects_[index].folder));
     button->setMinimumHeight(BUTTON_HEIGHT);
+    button->setSizePolicy(QSizePolicy::Ignored,
+                          QSizePolicy::Fixed); // as wide as the window, whatever the name
     button->setAutoDefault(true);
     connect(button, &QPushButton::clicked, this, [this, index] { OpenF(projects_[index].folder); });
     buttons_->insertWidget(static_cast<int>(index), button);
     Button.push_back(button);
+}
+
+/// Room for the longest name, within limits.
+void Form1::fitWidth() {
+    int widest = 0;
+    for (const QPushButton* button : Button) {
+        widest = std::max(widest, button->sizeHint().width());
+    }
+    const int around = 2 * MARGIN + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    resize(std::clamp(widest + around, WIDTH, MOST_WIDTH), height());
 }
 
 void Form1::searchByHand() {

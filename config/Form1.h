@@ -40,6 +40,7 @@ class Form1 : public QDialog {
 
   private:
     void addButton(std::size_t index);
+    void fitWidth();
     void searchByHand();
 
     std::string folder_;
