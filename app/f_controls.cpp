@@ -117,6 +117,7 @@ void f::buildViews() {
 void f::buildColumn() {
     selChan = make<QListWidget>(client_, "selChan", QRect(COLUMN_LEFT, 2, COLUMN_WIDTH, 108));
     selChan->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    selChan->setTextElideMode(Qt::ElideMiddle); // names often differ at their end
 
     auto* views = new QButtonGroup(this);
     optView[1] =
@@ -126,6 +127,8 @@ void f::buildColumn() {
     views->addButton(optView[0], 0);
     views->addButton(optView[1], 1);
     optView[0]->setChecked(true);
+    optView[1]->setFocusPolicy(
+        Qt::ClickFocus); // the tab key reaches the chosen one; the group sees to it from here
 
     buildRangeFrames();
     buildScaleFrames();
@@ -191,10 +194,11 @@ void f::buildScaleFrames() {
                                  QStringLiteral("&Automatisch"));
     Option2 = make<QRadioButton>(scale, "Option2", QRect(INNER_LEFT, 35, INNER_WIDTH, 17),
                                  QStringLiteral("Man&uell"));
-    auto* scales = new QButtonGroup(this); // the tab key reaches the chosen one
+    auto* scales = new QButtonGroup(this);
     scales->addButton(Option1);
     scales->addButton(Option2);
     Option2->setChecked(true);
+    Option1->setFocusPolicy(Qt::ClickFocus); // as above
     Text1 = box(scale, "Text1", {59, 53, 50, CONTROL_HEIGHT}, "0");
     Label4 = label(scale, "Label4", 53, "&Minimum:", Text1);
     Text2 = box(scale, "Text2", {59, 74, 50, CONTROL_HEIGHT}, "100");

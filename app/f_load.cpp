@@ -18,6 +18,7 @@
 #include <array>
 #include <cmath>
 #include <span>
+#include <utility>
 
 namespace kelvrum {
 
@@ -158,8 +159,10 @@ void f::showChannel(std::int32_t channel) {
     channelShown_ = channel;
     setKind(KIND_LINE);
     const ChannelInfo& info = station_.ChannelTable.at(channel);
-    Text3->setText(QString::fromStdString(plainNumber(info.Limit1)));
-    Text4->setText(QString::fromStdString(plainNumber(info.Limit2)));
+    for (const auto& [box, limit] : {std::pair(Text3, info.Limit1), std::pair(Text4, info.Limit2)}) {
+        box->setText(QString::fromStdString(plainNumber(limit)));
+        box->home(false); // a long number shows its start
+    }
 }
 
 DiagramSettings f::diagramSettings() const {

@@ -17,7 +17,10 @@ namespace {
 
 const QString TITLE = QStringLiteral("Sammeldruck");
 
-void showNumber(QLineEdit& field, double v) { field.setText(QString::fromStdString(plainNumber(v))); }
+void showNumber(QLineEdit& field, double v) {
+    field.setText(QString::fromStdString(plainNumber(v)));
+    field.home(false); // a long number shows its start
+}
 
 std::optional<double> numberIn(const QLineEdit& field) { return wholeNumber(field.text().toStdString()); }
 

@@ -133,10 +133,14 @@ class f_access_test : public QObject {
         for (const auto& [upper, lower] : groups) {
             auto& first = fixture.the<QAbstractButton>(upper);
             auto& second = fixture.the<QAbstractButton>(lower);
-            QVERIFY(((first.focusPolicy() | second.focusPolicy()) & Qt::TabFocus) != 0);
+            QVERIFY(second.isChecked());
+            QVERIFY2((second.focusPolicy() & Qt::TabFocus) != 0, lower); // the chosen one alone
+            QVERIFY2((first.focusPolicy() & Qt::TabFocus) == 0, upper);
             second.setFocus();
             QTest::keyClick(&second, Qt::Key_Up);
             QVERIFY2(first.isChecked(), upper);
+            QVERIFY2((first.focusPolicy() & Qt::TabFocus) != 0, upper);
+            QVERIFY2((second.focusPolicy() & Qt::TabFocus) == 0, lower);
             QTest::keyClick(&first, Qt::Key_Down);
             QVERIFY2(second.isChecked(), lower);
         }
