@@ -9,6 +9,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QTest>
+#include <QTimeEdit>
 #include <QWheelEvent>
 
 namespace kelvrum {
