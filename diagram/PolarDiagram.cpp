@@ -4,6 +4,7 @@
 #include "util/Numbers.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <stdexcept>
@@ -151,10 +152,25 @@ class PolarDrawing {
                 static_cast<float>(classes.maxCount * 100 / state_.sampleCount() * i / geometry_.rings);
             const std::string label = formatNumber(decimalValue(share), "#0.0", texts_);
             const Extent extent = surface_.textExtent(label);
-            surface_.text(
-                {size_.width / 2 - extent.width / 2, geometry_.yCentre - geometry_.dy(i) - extent.height},
-                label);
+            const Dot at{size_.width / 2 - extent.width / 2,
+                         geometry_.yCentre - geometry_.dy(i) - extent.height};
+            if (geometry_.dy(i) >= upwardReach(classes)) { // a spoke would pass for the decimal separator
+                const std::array<Box, 1> behind = {
+                    Box{at.x, at.y, at.x + extent.width, at.y + extent.height}};
+                surface_.fill(behind, state_.BgCol());
+            }
+            surface_.text(at, label);
         }
+    }
+
+    /// How far the sector that points up reaches, in dots; it covers the spoke by itself.
+    [[nodiscard]] double upwardReach(const DirectionClasses& classes) const {
+        if (classes.maxCount <= 0) {
+            return 0;
+        }
+        const double up = DiagramState::NormWinkel(-TWO_PI / 4 - startAngle() + sector() / 2);
+        const auto k = std::min(static_cast<std::size_t>(up / sector()), classes.counts.size() - 1);
+        return static_cast<double>(classes.counts[k]) * outerY() / classes.maxCount;
     }
 
     /// The letters stay at their places whatever the screen angle of direction 0 is.

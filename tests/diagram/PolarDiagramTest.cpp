@@ -220,6 +220,24 @@ TEST(PolarDiagram, AMillionSamplesDrawAndTooManyOverflow) {
     EXPECT_THROW(drawPolarDiagram(huge, rose, {}), std::overflow_error);
 }
 
+/// The spoke to the north does not run through the numbers; where a sector covers it, there is nothing to
+/// hide.
+TEST(PolarDiagram, LabelsStandOnTheBackground) {
+    Rose rose;
+    rose.setLongRaster(4);
+    rose.setBgCol(0xABCDEF);
+    rose.add(10, 3, 90);
+    rose.add(5, 3, 0); // half way up
+    RecordingSurface surface({400, 400});
+    drawPolarDiagram(surface, rose, {});
+    const std::vector<Box> behind = surface.boxesOf(0xABCDEF);
+    ASSERT_EQ(behind.size(), 2U); // of the outer two rings
+    const auto label = surface.only("66.7");
+    ASSERT_TRUE(label);
+    EXPECT_EQ(behind.back(), (Box{label->at.x, label->at.y, label->at.x + label->extent.width,
+                                  label->at.y + label->extent.height}));
+}
+
 TEST(PolarDiagram, AnAngleThatIsNoneEndsTheDrawing) {
     Rose rose;
     rose.setAngelOffset(std::numeric_limits<double>::infinity());
