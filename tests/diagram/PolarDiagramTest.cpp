@@ -232,7 +232,7 @@ TEST(PolarDiagram, LabelsStandOnTheBackground) {
     drawPolarDiagram(surface, rose, {});
     const std::vector<Box> behind = surface.boxesOf(0xABCDEF);
     ASSERT_EQ(behind.size(), 2U); // of the outer two rings
-    const auto label = surface.only("66.7");
+    const auto label = surface.only("66,7");
     ASSERT_TRUE(label);
     EXPECT_EQ(behind.back(), (Box{label->at.x, label->at.y, label->at.x + label->extent.width,
                                   label->at.y + label->extent.height}));
