@@ -142,7 +142,6 @@ Reading DataReader::readDiagram(const StationConfig& station, const ReadRequest&
                                 const DiagramSettings& settings, DiagramState& diagram,
                                 const ReadingStep& step) {
     diagram.SetArray(0); // a drawing while the table is being filled shows no half curve
-    diagram.setColumnInterval(days(request.interval));
     setTexts(station, request.channel, settings, diagram);
     return trapped([&] {
         BlockReader blocks(station, request, open_, buffers_);
@@ -155,6 +154,7 @@ Reading DataReader::readDiagram(const StationConfig& station, const ReadRequest&
             });
         if (reading == Reading::complete) {
             diagram.SetArray(static_cast<std::int32_t>(fill.finish()));
+            diagram.setColumnInterval(days(request.interval));
         }
         return reading;
     });
@@ -198,7 +198,6 @@ Reading DataReader::readDayDiagram(const StationConfig& station, const ReadReque
                                    const DiagramSettings& settings, DiagramState& diagram,
                                    const ReadingStep& step) {
     diagram.SetArray(0);
-    diagram.setColumnInterval(days(request.interval));
     setTexts(station, request.channel, settings, diagram);
     return trapped([&] {
         const auto intervals = readDayIntervals(station, request, open_, step);
@@ -207,6 +206,7 @@ Reading DataReader::readDayDiagram(const StationConfig& station, const ReadReque
         }
         const std::size_t columns = fillPasses(*intervals, request, station.WideRecords);
         diagram.SetArray(static_cast<std::int32_t>(columns));
+        diagram.setColumnInterval(days(request.interval));
         return Reading::complete;
     });
 }

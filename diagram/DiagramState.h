@@ -173,8 +173,8 @@ class DiagramState {
     [[nodiscard]] std::int32_t DataCount() const { return dataCount_; }
     [[nodiscard]] std::int32_t DataIndex() const { return dataIndex_; }
 
-    /// The interval of the columns in days, for those who fill the table and know it; 0: it follows from the
-    /// columns. Emptying the lists sets it to 0.
+    /// The interval of the columns in days, to be told behind SetArray by those who know it; 0: it follows
+    /// from the columns.
     void setColumnInterval(double days) { columnInterval_ = days; }
     [[nodiscard]] double columnInterval() const { return columnInterval_; }
 

@@ -123,6 +123,7 @@ TEST(DiagramReader, FillsTheTableWithTheGapRules) {
     const int minutes[] = {1, 2, 3, 8, 9};
     const double values[] = {9, 8, INVALID_VALUE, 6, 1};
     ASSERT_EQ(diagram.DataCount(), 5);
+    EXPECT_EQ(diagram.columnInterval(), 1 / 1440.0);
     ASSERT_EQ(seriesTable().columns(), 5U);
     for (std::size_t i = 0; i < 5; ++i) {
         EXPECT_EQ(seriesTable().row(SeriesTable::TIME)[i], JANUARY + minutes[i] / 1440.0);

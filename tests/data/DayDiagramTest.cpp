@@ -82,6 +82,7 @@ TEST(DayDiagram, NarrowIsOnePassWithGaps) {
                                         {"10 Minuten", {}}, diagram, GO_ON),
                   Reading::complete);
         expectSeries(diagram, row.columns);
+        EXPECT_EQ(diagram.columnInterval(), 10 / 1440.0);
     }
 }
 

@@ -143,6 +143,9 @@ TEST(SeriesDrawing, ASingleBarIsAsWideAsItsIntervalWhereThatIsKnown) {
     EXPECT_EQ(right(), 970); // the rest of the range
     diagram.setColumnInterval(1.0 / 24);
     EXPECT_EQ(right(), 389); // an hour
+    diagram.SetArray(1);     // of other columns nobody has told it
+    EXPECT_EQ(right(), 970);
+    diagram.setColumnInterval(1.0 / 24);
     diagram.Clear();
     EXPECT_EQ(diagram.columnInterval(), 0);
 }
