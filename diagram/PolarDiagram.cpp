@@ -37,10 +37,12 @@ void requireProduct(std::int32_t count, int radius) {
 /// One drawing: its inputs and what its stages share.
 class PolarDrawing {
   public:
-    PolarDrawing(Surface& surface, DiagramState& state, const LocaleTexts& texts)
+    /// `paper` is the colour that the drawing stands on.
+    PolarDrawing(Surface& surface, DiagramState& state, const LocaleTexts& texts, Colour paper)
         : surface_(surface)
         , state_(state)
         , texts_(texts)
+        , paper_(paper)
         , size_(surface.size())
         , head_(headExtent())
         , geometry_(size_, head_.height, state.LongRaster(), surface.scale()) {}
@@ -154,10 +156,12 @@ class PolarDrawing {
             const Extent extent = surface_.textExtent(label);
             const Dot at{size_.width / 2 - extent.width / 2,
                          geometry_.yCentre - geometry_.dy(i) - extent.height};
-            if (geometry_.dy(i) >= upwardReach(classes)) { // a spoke would pass for the decimal separator
+            if (geometry_.dy(i) >=
+                upwardReach(classes)) { // the spoke behind would hide the decimal separator
+                const int xc = geometry_.xCentre;
                 const std::array<Box, 1> behind = {
-                    Box{at.x, at.y, at.x + extent.width, at.y + extent.height}};
-                surface_.fill(behind, state_.BgCol());
+                    Box{xc - units(1), at.y, xc + units(1) + 1, at.y + extent.height}};
+                surface_.fill(behind, paper_);
             }
             surface_.text(at, label);
         }
@@ -218,6 +222,7 @@ class PolarDrawing {
     Surface& surface_;
     DiagramState& state_;
     const LocaleTexts& texts_;
+    Colour paper_;
     Extent size_;
     Extent head_;
     PolarGeometry geometry_;
@@ -263,7 +268,7 @@ int PolarGeometry::dx(std::int32_t i) const { return rounded(i * stepX); }
 int PolarGeometry::dy(std::int32_t i) const { return rounded(i * stepY); }
 
 void drawPolarDiagram(Surface& surface, DiagramState& state, const LocaleTexts& texts) {
-    PolarDrawing(surface, state, texts).run();
+    PolarDrawing(surface, state, texts, state.BgCol()).run();
 }
 
 void printPolarDiagram(Surface& page, Extent picture, DiagramState& state, const LocaleTexts& texts) {
@@ -281,7 +286,7 @@ void printPolarDiagram(Surface& page, Extent picture, DiagramState& state, const
     const Dot corner{(paper.width - size.width) / 2, (paper.height - size.height) / 2};
     const double dotsPerPoint = page.scale() / POINTS_PER_MM;
     PlacedSurface placed(page, corner, size, dotsPerPixel, dotsPerPixel * PIXELS_PER_POINT / dotsPerPoint);
-    drawPolarDiagram(placed, state, texts);
+    PolarDrawing(placed, state, texts, WHITE).run();
 }
 
 } // namespace kelvrum
