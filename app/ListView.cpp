@@ -15,6 +15,7 @@ namespace kelvrum {
 namespace {
 constexpr int ROW_HEIGHT = 17;
 constexpr int COLUMN_WIDTH = 120;
+
 /// Column titles that never turn bold, and so need no room for it: the toolkit would look for the bold face
 /// of the font, while the program starts, only to measure them.
 class ColumnTitles : public QHeaderView {

@@ -127,8 +127,8 @@ void f::buildColumn() {
     views->addButton(optView[0], 0);
     views->addButton(optView[1], 1);
     optView[0]->setChecked(true);
-    optView[1]->setFocusPolicy(
-        Qt::ClickFocus); // the tab key reaches the chosen one; the group sees to it from here
+    // The tab key reaches the chosen button alone; from here on the group sees to it.
+    optView[1]->setFocusPolicy(Qt::ClickFocus);
 
     buildRangeFrames();
     buildScaleFrames();
@@ -198,7 +198,7 @@ void f::buildScaleFrames() {
     scales->addButton(Option1);
     scales->addButton(Option2);
     Option2->setChecked(true);
-    Option1->setFocusPolicy(Qt::ClickFocus); // as above
+    Option1->setFocusPolicy(Qt::ClickFocus); // as for optView
     Text1 = box(scale, "Text1", {59, 53, 50, CONTROL_HEIGHT}, "0");
     Label4 = label(scale, "Label4", 53, "&Minimum:", Text1);
     Text2 = box(scale, "Text2", {59, 74, 50, CONTROL_HEIGHT}, "100");

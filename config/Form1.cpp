@@ -95,8 +95,8 @@ void Form1::addButton(std::size_t index) {
     button->setObjectName(QStringLiteral("Button(%1)").arg(index));
     button->setToolTip(toQString(projects_[index].folder));
     button->setMinimumHeight(BUTTON_HEIGHT);
-    button->setSizePolicy(QSizePolicy::Ignored,
-                          QSizePolicy::Fixed); // as wide as the window, whatever the name
+    // As wide as the window, whatever the name.
+    button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     button->setAutoDefault(true);
     connect(button, &QPushButton::clicked, this, [this, index] { OpenF(projects_[index].folder); });
     buttons_->insertWidget(static_cast<int>(index), button);
