@@ -107,6 +107,27 @@ class f_project_test : public QObject {
     }
 
   private Q_SLOTS:
+    /// The return key means the button that has the focus, not a project beside it.
+    void manualSearchByKey() {
+        auto folder = std::make_unique<TempFolder>();
+        folder->write("A/QEL.ini", "PROJEKTNAME=A\n");
+        folder->write("B/QEL.ini", "PROJEKTNAME=Umweltmessnetz Oberes Donautal, Abschnitt Nordhang\n");
+        const WindowFixture fixture(std::move(folder));
+        inSelection(fixture, [&](QWidget& form) {
+            QCOMPARE(buttonsOf(form).size(), 2);
+            for (const QPushButton* button : form.findChildren<QPushButton*>()) {
+                QVERIFY2(button->width() >= button->sizeHint().width(), qPrintable(button->text()));
+            }
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+            auto* search = form.findChild<QPushButton*>(QStringLiteral("Command2"));
+            QVERIFY(search->hasFocus()); // the tab key goes from button to button
+            fixture.dialogs->folder = q(fixture.folder->at("B"));
+            QTest::keyClick(search, Qt::Key_Return);
+        });
+        QCOMPARE(fixture.dialogs->asked.size(), 1U);
+        QVERIFY(fixture.window->station().ProjectName.starts_with("Umweltmessnetz"));
+    }
+
     void fileDialog() {
         const WindowFixture fixture;
         fixture.trigger("menOpen");

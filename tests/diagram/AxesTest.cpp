@@ -117,6 +117,19 @@ TEST(Axes, NoValueLabelIsCutAtTheRightEdge) {
     }
 }
 
+/// Pascals: eight characters do not fit between the edge and the axis.
+TEST(Axes, NoValueLabelLosesItsFirstDigits) {
+    ColouredDiagram diagram;
+    diagram.setY1Low(-101357);
+    diagram.setY1High(-101356);
+    RecordingSurface surface;
+    draw(surface, diagram);
+    ASSERT_FALSE(surface.wordsOf(LEFT_AXIS).empty());
+    for (const RecordedText& text : surface.texts) {
+        EXPECT_GE(text.at.x, 0) << text.text;
+    }
+}
+
 TEST(Axes, TimeLabelsAreCentredBelowTheirTicks) {
     ColouredDiagram diagram;
     diagram.setXHigh(DAY + 3);
