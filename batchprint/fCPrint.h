@@ -60,7 +60,8 @@ class fCPrint : public QDialog {
     void saveSettings();
 
     /// What OKButton does: prints the checked rows in their order, then lets the owner load its view.
-    /// An error drops the whole job and is reported. Entered again while it runs, it does nothing.
+    /// An error drops the whole job and is reported. Entered again before the owner's view is there, it does
+    /// nothing.
     void printRows();
 
     /// The period, as the pickers hold it.
@@ -131,6 +132,7 @@ class fCPrint : public QDialog {
 
     Owner owner_;
     bool printing_ = false;
+    bool reloading_ = false; // the owner shows its view again after a run
     bool hourglass_ = false;
 
     QWidget* entries_ = nullptr; // all controls but the foot

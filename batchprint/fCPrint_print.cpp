@@ -102,7 +102,7 @@ DiagramSettings diagramSettings(const RowSettings& row, const QString& intervalC
 } // namespace
 
 void fCPrint::printRows() {
-    if (printing_) {
+    if (printing_ || reloading_) {
         return;
     }
     showHourglass();
@@ -124,7 +124,9 @@ void fCPrint::printRows() {
     if (focused) {
         focused->setFocus();
     }
+    reloading_ = true; // the button is enabled already
     owner_.loadData();
+    reloading_ = false;
     resetPointer();
     if (failure) {
         report(failure);

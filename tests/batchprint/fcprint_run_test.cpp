@@ -189,6 +189,27 @@ class fcprint_run_test : public QObject {
         QCOMPARE(fixture.diagram.Einheit(), std::string("mm"));
     }
 
+    /// "Drucken" is enabled before the owner's view is there again; on a slow medium a second press waits in
+    /// the queue of events by then.
+    void aPressBeforeTheViewIsThereIsIgnored() {
+        BatchFixture fixture;
+        fixture.click("chKanal", 0);
+        bool enabled = false;
+        fixture.onLoad = [&] {
+            enabled = fixture.the<QAbstractButton>(QStringLiteral("OKButton")).isEnabled();
+            fixture.click(QStringLiteral("OKButton"));
+            fixture.window->printRows();
+        };
+        fixture.click(QStringLiteral("OKButton"));
+        QVERIFY(enabled);
+        QCOMPARE(fixture.events, QStringList({QStringLiteral("read 1"), QStringLiteral("load")}));
+        QCOMPARE(fixture.dialogs.messages.size(), 1);
+        compareRestored(fixture);
+        fixture.onLoad = nullptr;
+        fixture.click(QStringLiteral("OKButton")); // now it starts again
+        QCOMPARE(fixture.events.size(), 4);
+    }
+
     /// The averaged data of the channel are on the diagram; here of the first hour and a half.
     void dataOfTheRow() {
         BatchFixture fixture;
