@@ -5,6 +5,7 @@
 #include "util/Pickers.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QDir>
 #include <QFocusEvent>
 #include <QItemSelectionModel>
@@ -38,7 +39,9 @@ QString noProgramFolder(const QString& folder) {
 
 f::f(Environment environment)
     : environment_(std::move(environment))
-    , reader_(environment_.open) {
+    , reader_(environment_.open)
+    , loader_([this](const ReadingStep& step) { loadView(step); },
+              [] { QCoreApplication::processEvents(); }) {
     buildMenus();
     buildViews();
     buildColumn();
@@ -127,7 +130,7 @@ bool f::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void f::closeEvent(QCloseEvent* event) {
-    ++loadNumber_; // a reading that is still under way gives up
+    loader_.giveUp();
     for (QWidget* picker : std::initializer_list<QWidget*>{DTPicker, DTPicker1, DTPicker2, DTPicker3}) {
         picker->disconnect(this); // an unfinished edit loads nothing any more
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/Environment.h"
+#include "app/Loader.h"
 #include "config/StationConfig.h"
 #include "correction/Recalculation.h"
 #include "data/DataReader.h"
@@ -60,14 +61,15 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     /// nothing. Loads nothing.
     void readConf(std::string_view ConfFile);
 
-    /// Opens the configuration file that the user chooses; loads in every case.
+    /// Opens the configuration file that the user chooses, and loads in every case. While a load runs, the
+    /// dialog appears after it.
     void OpenFile();
 
-    /// Shows the project selection window.
+    /// Shows the project selection window, after the load that runs.
     void showProjects();
 
-    /// Reads the selected channel over the range at the interval and shows it. Entered again while it reads,
-    /// the newest request wins.
+    /// Reads the selected channel over the range at the interval and shows it. While a load runs, that one
+    /// starts over with what is chosen now, and this returns at once.
     void LoadData();
 
     /// Hands the range to the diagram's time axis and draws.
@@ -101,6 +103,7 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     QGroupBox* frame(const char* name, const QString& caption, const QRect& place);
 
     // --- f_load.cpp: loading ---
+    void loadView(const ReadingStep& step);
     bool FillListVarn(const TimeRange& shown, const ReadingStep& step);
     bool readViews(const ReadRequest& request, const ReadingStep& step);
     void showRows(std::span<const IntervalValue> intervals);
@@ -156,16 +159,21 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     // --- f_print.cpp: printing ---
     bool printerReady();
     void printView();
+    void printNow();
     void setUpPrinterAndPrint();
     void showBatchPrint();
+    void openBatchPrint();
     void printList();
 
     // --- f_project.cpp: opening projects ---
+    void chooseConfFile();
+    void chooseProject();
     void adoptStation(StationConfig station);
     [[nodiscard]] std::string projectFolder() const;
 
     // --- f_correction.cpp ---
     void correct(CorrectionMode mode);
+    void openCorrection(CorrectionMode mode);
 
     void viewChosen();
     void channelChosen();
@@ -175,9 +183,9 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     Environment environment_;
     StationConfig station_;
     DataReader reader_;
+    Loader loader_;
     PrintJob printJob_;
     bool pressLoaded_ = false;      // the press of the mouse has chosen another channel
-    unsigned loadNumber_ = 0;       // of the newest LoadData
     std::int32_t channelShown_ = 0; // the channel that came into view last; 0 = none
     int zoom_ = 1;                  // 1 to 25, read by nothing but the two zoom buttons
     double manualMinimum_ = 0;

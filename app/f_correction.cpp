@@ -17,6 +17,11 @@ bool f::checkMenu(bool allowed) {
 }
 
 void f::correct(CorrectionMode mode) {
+    loader_.whenIdle(mode == CorrectionMode::wind ? "menWind" : "menStaub",
+                     [this, mode] { openCorrection(mode); });
+}
+
+void f::openCorrection(CorrectionMode mode) {
     double& lastFactor = mode == CorrectionMode::wind ? lastWindFactor_ : lastDustFactor_;
     fChange dialog({station_, mode, range(), lastFactor, [this] { LoadData(); }, *environment_.dialogs},
                    this);

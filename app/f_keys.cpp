@@ -19,9 +19,9 @@ void f::buildKeys() {
     reload->setShortcut(QKeySequence(Qt::Key_F5));
     addAction(reload);
     connect(reload, &QAction::triggered, this, [this] {
-        const unsigned before = loadNumber_;
+        const unsigned before = loader_.requests();
         finishEdits();
-        if (loadNumber_ == before) {
+        if (loader_.requests() == before) {
             LoadData();
         }
     });

@@ -7,7 +7,6 @@
 #include "util/Numbers.h"
 #include "util/Validity.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -33,21 +32,19 @@ std::size_t rowsExpected(const ReadRequest& request) {
 
 } // namespace
 
-void f::LoadData() {
-    const unsigned request = ++loadNumber_;
+void f::LoadData() { loader_.load(); }
+
+/// One load, from the controls to the view. Overtaken, it ends before it shows anything.
+void f::loadView(const ReadingStep& step) {
     const BusyPointer busy;
     Label8->show();
-    const ReadingStep step = [this, request] {
-        QCoreApplication::processEvents();
-        return request == loadNumber_;
-    };
     const std::int32_t channel = selectedChannel();
     if (channel == 0) {
         showNothing();
     } else {
         showChannel(channel);
-        if (!readViews({channel, {}, range(), interval()}, step)) {
-            return; // a newer request has shown its view meanwhile
+        if (!readViews({channel, {}, range(), interval()}, step) || loader_.isOvertaken()) {
+            return;
         }
     }
     checkMenu(true);

@@ -8,7 +8,6 @@
 #include "util/BusyPointer.h"
 
 #include <QCoreApplication>
-#include <QLabel>
 #include <QPrinter>
 #include <exception>
 
@@ -24,12 +23,13 @@ bool f::printerReady() {
 }
 
 void f::printView() {
+    loader_.whenIdle("menPrint", [this] { printNow(); }); // the page shows the finished view
+}
+
+void f::printNow() {
     finishEdits();
     if (!printerReady()) {
         return;
-    }
-    if (!Label8->isHidden()) {
-        LoadData(); // still loading: the page shows the finished view
     }
     QString failure;
     try {
@@ -50,13 +50,19 @@ void f::printView() {
 }
 
 void f::setUpPrinterAndPrint() {
-    // Cancelling ends it silently.
-    if (environment_.dialogs->setUpPrinter(this, printJob_.printer())) {
-        printView();
-    }
+    loader_.whenIdle("menSelP", [this] {
+        // Cancelling ends it silently.
+        if (environment_.dialogs->setUpPrinter(this, printJob_.printer())) {
+            printNow();
+        }
+    });
 }
 
 void f::showBatchPrint() {
+    loader_.whenIdle("menCPrint", [this] { openBatchPrint(); });
+}
+
+void f::openBatchPrint() {
     if (!printerReady()) {
         return;
     }

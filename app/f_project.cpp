@@ -32,7 +32,7 @@ void f::readConf(std::string_view ConfFile) {
 }
 
 void f::adoptStation(StationConfig station) {
-    ++loadNumber_; // a reading of the old project that is still under way gives up
+    loader_.startOver(); // a load of the old project must not end up in the new one
     station_ = std::move(station);
     channelShown_ = 0;
     rows_->setColumns(listColumns(station_));
@@ -54,6 +54,10 @@ std::string f::projectFolder() const {
 }
 
 void f::OpenFile() {
+    loader_.whenIdle("menOpen", [this] { chooseConfFile(); });
+}
+
+void f::chooseConfFile() {
     const std::vector<FileFilter> filters = {
         {QStringLiteral("QEL-Datenbank"), QStringLiteral("QEL.ini")},
         {QStringLiteral("Varnix Konfigurationsdateien"), QStringLiteral("VARNIX.CFG")},
@@ -68,6 +72,10 @@ void f::OpenFile() {
 }
 
 void f::showProjects() {
+    loader_.whenIdle("menProj", [this] { chooseProject(); });
+}
+
+void f::chooseProject() {
     const std::string search = isOpen(station_) ? folderAround(station_.BaseFolder) : projectFolder();
     Form1::Owner owner;
     owner.openProject = [this](const std::string& folder) {
