@@ -17,6 +17,21 @@ constexpr std::array<double, 38> VALUE_STEPS = {0.001, 0.005, 0.01, 0.025, 0.05,
                                                 60,    70,    80,   90,    100,  125,   150,   200,  250, 300,
                                                 400,   500,   1000, 2000,  5000, 10000, 20000, 50000};
 
+/// The labels of a range that no multiple of the step lies in: its ends, with two decimals, and more until
+/// they differ.
+std::vector<ValueTick> endTicks(double low, double high, const LocaleTexts& texts) {
+    constexpr int MOST_DECIMALS = 15; // a number has no more digits to show
+    std::string format = "######0.00";
+    std::vector<ValueTick> ticks = {{low, {}}, {high, {}}};
+    for (int decimals = 2; decimals <= MOST_DECIMALS && ticks[0].label == ticks[1].label; ++decimals) {
+        for (ValueTick& tick : ticks) {
+            tick.label = formatNumber(tick.value, format, texts);
+        }
+        format += '0';
+    }
+    return ticks;
+}
+
 } // namespace
 
 SeriesScan scanSeries(std::span<const double> values) {
@@ -122,7 +137,7 @@ std::vector<ValueTick> valueTicks(ValueRange range, double length, double minDiv
             ticks.push_back({value, formatNumber(value, format, texts)});
         }
     }
-    return ticks;
+    return ticks.empty() ? endTicks(low, high, texts) : ticks;
 }
 
 } // namespace kelvrum

@@ -63,8 +63,9 @@ struct ValueTick {
     std::string label;
 };
 
-/// The ticks of a value axis that lie within its range, from the lower end on. `length` is the axis' length
-/// and `minDivision` the least distance of two ticks, both in the same unit.
+/// The ticks of a value axis that lie within its range, from the lower end on; the two ends of the range when
+/// no tick lies within it. `length` is the axis' length and `minDivision` the least distance of two ticks,
+/// both in the same unit.
 std::vector<ValueTick> valueTicks(ValueRange range, double length, double minDivision,
                                   const LocaleTexts& texts);
 

@@ -211,6 +211,31 @@ TEST(ValueTicks, AreMultiplesOfTheStepWithinTheRange) {
     EXPECT_THAT(labels({100, 0}, 40), ElementsAre("0", "50", "100")) << "upside down";
 }
 
+/// The air pressure of an hour: its step would be finer than the labels of so large values.
+TEST(ValueTicks, ARangeWithoutATickIsLabelledAtItsEnds) {
+    const struct {
+        ValueRange range;
+        std::vector<std::string> labels;
+    } rows[] = {
+        {{1013.02, 1013.08}, {"1013,02", "1013,08"}},
+        {{1013.08, 1013.02}, {"1013,02", "1013,08"}}, // upside down
+        {{-1013.08, -1013.02}, {"-1013,08", "-1013,02"}},
+        {{1013.021, 1013.024}, {"1013,021", "1013,024"}},
+        {{1013.02, 1013.020001}, {"1013,020000", "1013,020001"}},
+        {{1013.05, 1013.099}, {"1013,05", "1013,10"}},
+        {{0.0002, 0.0008}, {"0,000", "0,001"}},
+        {{0.00012, 0.00013}, {"0,00012", "0,00013"}},
+        {{1013.02, 1013.12}, {"1013,1"}}, // a tick is there
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(labels(row.range, 510), row.labels) << row.range.low << " to " << row.range.high;
+    }
+    const auto ticks = valueTicks({1013.02, 1013.08}, 510, 20, {});
+    ASSERT_EQ(ticks.size(), 2U);
+    EXPECT_EQ(ticks[0].value, 1013.02);
+    EXPECT_EQ(ticks[1].value, 1013.08);
+}
+
 TEST(ValueTicks, DecimalSeparatorIsTheLocales) {
     LocaleTexts english;
     english.decimalSeparator = ".";
