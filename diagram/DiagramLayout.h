@@ -25,6 +25,7 @@ struct DiagramLayout {
     double unitDrop = 1;      // unit and captions stand one and a half lines above the plot, less this
     double rowPitch = 10;     // from the time of a label to the date below it
     int totalRow = 1;         // row of the precipitation total below the axis; 1 is shared with the dates
+    bool totalAtEdge = true;  // the total ends at the surface's right edge; else at the right axis
 
     // Sizes in points; nothing: that of SkalaFont.
     std::optional<double> titlePoints;
@@ -51,6 +52,7 @@ struct DiagramLayout {
         layout.unitDrop = 0;
         layout.rowPitch = 3.5;
         layout.totalRow = 2;
+        layout.totalAtEdge = false;
         layout.titlePoints = 12;
         layout.title2Points = 10;
         layout.textPoints = 8;

@@ -63,9 +63,9 @@ class Drawing {
             drawLevels();
             surface_.setClip({});
         }
-        drawTotal();
         drawTexts();
         drawLegend(result.passes);
+        drawTotal();
         return result;
     }
 
@@ -106,9 +106,7 @@ class Drawing {
             if (tick.labelled) {
                 const int y = base + dots(layout_.longTick);
                 centredText(x, y, tick.upper);
-                if (!coversTotal(x, tick.lower)) {
-                    centredText(x, y + dots(layout_.rowPitch), tick.lower);
-                }
+                centredText(x, y + dots(layout_.rowPitch), tick.lower);
             }
         }
     }
@@ -177,27 +175,26 @@ class Drawing {
         }
     }
 
-    [[nodiscard]] std::string totalText() const {
-        return "Niederschlagssumme = " + formatNumber(scan_.sum, "########0.0#", texts_);
-    }
-
-    [[nodiscard]] int totalLeft() { return nearestDot(plot_.right) - surface_.textExtent(totalText()).width; }
-
-    /// The total stands at the right end of the row of dates; dates that it would cover are left out.
-    bool coversTotal(int labelX, const std::string& label) {
-        constexpr int GAP = 6;
-        if (state_.DiagTyp() != KIND_PRECIPITATION || layout_.totalRow > 1) {
-            return false;
-        }
-        return labelX + surface_.textExtent(label).width / 2 + dots(GAP * layout_.textGap) > totalLeft();
-    }
-
+    /// On the screen the total shares the row of dates, the last one above the window's scroll bar. It is at
+    /// the very right, on a ground of its own, and covers as little of them as possible.
     void drawTotal() {
-        if (state_.DiagTyp() == KIND_PRECIPITATION) {
-            surface_.setPen(state_.Xaxe());
-            const double row = layout_.longTick + layout_.totalRow * layout_.rowPitch;
-            surface_.text({totalLeft(), nearestDot(plot_.bottom) + dots(row)}, totalText());
+        if (state_.DiagTyp() != KIND_PRECIPITATION) {
+            return;
         }
+        const std::string unit = state_.Einheit().empty() ? "" : " " + state_.Einheit();
+        const std::string total =
+            "Niederschlagssumme = " + formatNumber(scan_.sum, "########0.0#", texts_) + unit;
+        const Extent extent = surface_.textExtent(total);
+        const int right = layout_.totalAtEdge ? size_.width : nearestDot(plot_.right);
+        const Dot at{right - extent.width,
+                     nearestDot(plot_.bottom) + dots(layout_.longTick + layout_.totalRow * layout_.rowPitch)};
+        if (layout_.background) {
+            const int gap = dots(layout_.rightLabelGap); // a date that is cut does not run into the text
+            const std::array<Box, 1> ground = {Box{at.x - gap, at.y, right, at.y + extent.height}};
+            surface_.fill(ground, state_.BgCol());
+        }
+        surface_.setPen(state_.Xaxe());
+        surface_.text(at, total);
     }
 
     void centredText(int x, int y, const std::string& text) {

@@ -148,14 +148,15 @@ class PrintPageTest : public QObject {
         row("10", -1, -1, LEFT - 3, BASE - 147 / 6.0 - 1.6);
         row("90", RIGHT + 3, -1, -1, BASE - 147 * 0.9 - 1.6);
         row("15", RIGHT + 3, -1, -1, BASE - 147 * 0.15 - 1.6);
-        row("Niederschlagssumme = 282,0", -1, -1, RIGHT, BASE + 9);
+        row("Niederschlagssumme = 282,0 µg/m³", -1, -1, RIGHT, BASE + 9);
     }
     void texts() {
         QFETCH(QString, text);
         QFETCH(QList<double>, x);
         QFETCH(double, top);
         PrintedDiagram diagram;
-        diagram.control.setDiagTyp(KIND_PRECIPITATION);
+        // The unit is on the page once more with the total.
+        diagram.control.setDiagTyp(text == QStringLiteral("µg/m³") ? KIND_LINE : KIND_PRECIPITATION);
         diagram.control.setAchseText("Staub;Feuchte");
         diagram.control.setFussnote("Fußnote");
         const auto found = printedPage(diagram).find(text);

@@ -160,6 +160,9 @@ const TotalCase TOTALS[] = {
     {{1e-300}, "Niederschlagssumme = 0,0"},   {{500000, 500000, 500000}, "Niederschlagssumme = 1500000,0"},
 };
 
+bool isTime(const std::string& text) { return text.size() == 5 && text[2] == ':'; }
+bool isDate(const std::string& text) { return text.size() == 8 && text[2] == '.' && text[5] == '.'; }
+
 TEST(Total, IsWrittenInTheBottomMarginOfPrecipitationOnly) {
     constexpr int rowPitch = 10; // rows of labels stand so close
     for (const TotalCase& c : TOTALS) {
@@ -180,16 +183,78 @@ TEST(Total, IsWrittenInTheBottomMarginOfPrecipitationOnly) {
             if (total) {
                 EXPECT_GT(total->at.y, 560);
                 EXPECT_LE(total->at.y + total->extent.height, 600);
-                EXPECT_LE(total->at.x + total->extent.width, 1000);
+                EXPECT_EQ(total->at.x + total->extent.width, 1000) << "ends at the right edge";
                 for (const RecordedText& one : surface.texts) {
                     const bool apart = one.at.y + rowPitch <= total->at.y ||
                                        one.at.x + one.extent.width <= total->at.x ||
                                        one.at.y >= total->at.y + 12;
-                    EXPECT_TRUE(one.text.empty() || one.text == total->text || apart)
+                    EXPECT_TRUE(one.text.empty() || one.text == total->text || isDate(one.text) || apart)
                         << "covers " << one.text;
                 }
             }
         }
+    }
+}
+
+TEST(Total, LeavesEveryTickLabelItsDate) {
+    for (const double span : {0.25, 1.0, 3.0, 30.0}) {
+        for (const int width : {110, 300, 640, 1000, 2000}) {
+            SCOPED_TRACE(::testing::Message() << span << " days on " << width);
+            DayDiagram diagram;
+            diagram.setDiagTyp(2);
+            diagram.setXHigh(DAY + span);
+            diagram.setEinheit("mm");
+            fillSeries(diagram, {{DAY, 1.5}});
+            RecordingSurface surface({width, 600});
+            draw(surface, diagram);
+            std::vector<int> times;
+            std::vector<int> dates;
+            for (const RecordedText& one : surface.texts) {
+                if (isTime(one.text)) {
+                    times.push_back(one.at.x + one.extent.width / 2);
+                } else if (isDate(one.text)) {
+                    dates.push_back(one.at.x + one.extent.width / 2);
+                }
+            }
+            EXPECT_FALSE(times.empty());
+            EXPECT_EQ(dates, times);
+        }
+    }
+}
+
+TEST(Total, BearsTheUnitAndStandsOnItsGround) {
+    constexpr Colour PAPER = 0xABCDEF;
+    DayDiagram diagram;
+    diagram.setDiagTyp(2);
+    diagram.setEinheit("mm");
+    diagram.setBgCol(PAPER);
+    fillSeries(diagram, {{DAY, 1.5}});
+    RecordingSurface surface;
+    draw(surface, diagram);
+    const auto total = surface.only("Niederschlagssumme = 1,5 mm");
+    ASSERT_TRUE(total);
+    EXPECT_EQ(surface.texts.back().text, total->text) << "above the dates";
+    EXPECT_THAT(surface.boxesOf(PAPER),
+                ElementsAre(Box{1000 - 27 * 6 - 3, total->at.y, 1000, total->at.y + 12}));
+}
+
+TEST(Total, HasARowOfItsOwnOnPaper) {
+    DayDiagram diagram;
+    diagram.setDiagTyp(2);
+    diagram.setEinheit("mm");
+    diagram.setFussnote("Werte ungeprüft");
+    fillSeries(diagram, {{DAY, 1.5}});
+    RecordingSurface page({2970, 2100}, 10);
+    drawLineDiagram(page, diagram, DiagramLayout::page(), {});
+    const auto total = page.only("Niederschlagssumme = 1,5 mm");
+    ASSERT_TRUE(total);
+    EXPECT_EQ(total->at.x + total->extent.width, 2840) << "ends at the right axis";
+    EXPECT_TRUE(page.boxesOf(diagram.BgCol()).empty()) << "there is no ground on paper";
+    constexpr int ROW = 35;
+    for (const RecordedText& one : page.texts) {
+        const bool apart = one.at.y + ROW <= total->at.y || one.at.y >= total->at.y + ROW ||
+                           one.at.x + one.extent.width <= total->at.x;
+        EXPECT_TRUE(one.text.empty() || one.text == total->text || apart) << "covers " << one.text;
     }
 }
 
