@@ -54,6 +54,15 @@ inline int barTop(double v, const ValueScale& scale, int base) {
     return top == base && v > scale.low && scale.dotsPerUnit > 0 ? base - 1 : top;
 }
 
+/// The right edge of the bar of column i. A bar whose end is the time of the next column but for rounding
+/// ends at that column's dot, so that no slit shows between them.
+inline int barRight(std::span<const double> times, std::size_t i, double interval, const PlotArea& plot) {
+    constexpr double SAME_TIME = 1e-9; // days
+    const DateTime end = times[i] + interval;
+    const bool touches = i + 1 < times.size() && std::fabs(times[i + 1] - end) <= SAME_TIME;
+    return plot.x(touches ? times[i + 1] : end);
+}
+
 /// Gathers the dots of a curve and hands them to a sink as runs of joined dots. A long run comes in pieces,
 /// each of which begins with the last dot of the one before.
 template<typename Sink>
@@ -158,7 +167,7 @@ int walkBars(std::span<const double> times, std::span<const double> values, doub
             continue;
         }
         const int left = plot.x(times[i]);
-        const int right = std::max(plot.x(times[i] + interval), left + 1);
+        const int right = std::max(barRight(times, i, interval, plot), left + 1);
         const int top = barTop(v, scale, base);
         if (top < base) {
             sink.bar(Box{left, top, right, base});

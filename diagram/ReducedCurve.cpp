@@ -167,7 +167,7 @@ class ColumnWalk {
 void mergeBars(const PlottedSeries& series, double interval, ReducedBars& bars) {
     const int base = nearestDot(series.plot.bottom);
     const auto leftOf = [&series](std::size_t k) { return series.plot.x(series.times[k]); };
-    const auto rightOf = [&](std::size_t k) { return series.plot.x(series.times[k] + interval); };
+    const auto rightOf = [&](std::size_t k) { return barRight(series.times, k, interval, series.plot); };
     for (std::size_t i = 0; i < series.values.size();) {
         const int left = leftOf(i);
         const int right = rightOf(i);

@@ -283,6 +283,26 @@ TEST(Bars, StandOnTheBaseLineAndAreAsWideAsTheInterval) {
     }
 }
 
+/// Times of intervals are rounded: the end of one and the start of the next may differ by the last bit.
+TEST(Bars, ThatTouchLeaveNoSlit) {
+    // Half a dot a minute: every second start is on the border of two dots.
+    const PlotArea plot(DiagramLayout(), {790, 190}, 1, {45292, 45293});
+    for (const double interval : {1.0 / 1440, 5.0 / 1440, 10.0 / 1440, 15.0 / 1440, 1.0 / 24}) {
+        std::vector<double> times;
+        for (int i = 0; i * interval < 1; ++i) {
+            times.push_back(45292 + i * interval);
+        }
+        int differing = 0;
+        for (std::size_t i = 0; i + 1 < times.size(); ++i) {
+            EXPECT_EQ(barRight(times, i, interval, plot), plot.x(times[i + 1])) << interval << ", " << i;
+            differing += plot.x(times[i] + interval) == plot.x(times[i + 1]) ? 0 : 1;
+        }
+        EXPECT_EQ(barRight(times, times.size() - 1, interval, plot), plot.x(times.back() + interval));
+        EXPECT_TRUE(differing > 0 || interval != 1.0 / 1440) << "the two roundings never differ here";
+    }
+    EXPECT_EQ(barRight(std::vector<double>{45292, 45292.5}, 0, 0.25, plot), plot.x(45292.25));
+}
+
 TEST(SampleInterval, IsTheSmallestPositiveDistance) {
     EXPECT_EQ(sampleInterval({}), 0);
     EXPECT_EQ(sampleInterval(std::vector<double>{5}), 0);
