@@ -1,5 +1,6 @@
 #include "diagram/Curve.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace kelvrum {
@@ -13,6 +14,23 @@ double sampleInterval(std::span<const double> times) {
         }
     }
     return std::isfinite(least) ? least : 0;
+}
+
+std::optional<Segment> reachablePart(const CurvePoint& from, const CurvePoint& to) {
+    if (std::max(from.x, to.x) < LOWEST_DOT || std::min(from.x, to.x) > HIGHEST_DOT) {
+        return std::nullopt;
+    }
+    const auto cut = [](const CurvePoint& end, const CurvePoint& other) {
+        if (!end.isFar()) {
+            return end.dot();
+        }
+        const double edge = end.x < LOWEST_DOT ? LOWEST_DOT : HIGHEST_DOT;
+        // Halves, so that the distance of two huge numbers stays finite.
+        const double part = (edge / 2 - other.x / 2) / (end.x / 2 - other.x / 2);
+        return Dot{static_cast<int>(edge),
+                   std::isnan(part) ? end.y : nearestDot(other.y + part * (end.y - other.y))};
+    };
+    return Segment{cut(from, to), cut(to, from)};
 }
 
 } // namespace kelvrum

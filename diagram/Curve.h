@@ -9,6 +9,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <optional>
 #include <span>
 
 namespace kelvrum {
@@ -63,6 +64,21 @@ inline int barRight(std::span<const double> times, std::size_t i, double interva
     return plot.x(touches ? times[i + 1] : end);
 }
 
+/// A point of a curve: x as it is, y rounded and cut to the range of surface coordinates.
+struct CurvePoint {
+    double x = 0;
+    int y = 0;
+
+    /// No dot has this x. A NaN counts as the lowest dot.
+    [[nodiscard]] bool isFar() const { return x < LOWEST_DOT || x > HIGHEST_DOT; }
+    [[nodiscard]] Dot dot() const { return {nearestDot(x), y}; }
+};
+
+/// The part of a line that dots can have: an end far out to the left or right is replaced by the point where
+/// the line crosses the edge of the coordinate range, which keeps its slope. Nothing when all of it is far
+/// out.
+std::optional<Segment> reachablePart(const CurvePoint& from, const CurvePoint& to);
+
 /// Gathers the dots of a curve and hands them to a sink as runs of joined dots. A long run comes in pieces,
 /// each of which begins with the last dot of the one before.
 template<typename Sink>
@@ -71,13 +87,19 @@ class RunBuffer {
     explicit RunBuffer(Sink& sink)
         : sink_(sink) {}
 
-    /// The next dot of the run.
-    void add(Dot dot) {
-        if (count_ == dots_.size()) {
-            sink_.run(std::span<const Dot>(dots_));
-            restart(dots_.back());
+    /// The run begins.
+    void begin(const CurvePoint& point) {
+        add(point.dot());
+        last_ = point;
+    }
+    /// The run goes on to a point.
+    void join(const CurvePoint& point) {
+        if (last_.isFar() || point.isFar()) {
+            joinFar(point);
+        } else {
+            add(point.dot());
         }
-        dots_[count_++] = dot;
+        last_ = point;
     }
     /// The run ends. A dot of its own, with no line to it, is a run of one.
     void end() {
@@ -87,16 +109,42 @@ class RunBuffer {
         count_ = 0;
         linked_ = false;
     }
-    /// The run goes on from another dot, which has been drawn already or is not to be seen by itself.
-    void restart(Dot dot) {
+    /// The run goes on from another point, which has been drawn already or is not to be seen by itself.
+    void restart(const CurvePoint& point) {
+        link(point.dot());
+        last_ = point;
+    }
+
+  private:
+    void add(Dot dot) {
+        if (count_ == dots_.size()) {
+            sink_.run(std::span<const Dot>(dots_));
+            link(dots_.back());
+        }
+        dots_[count_++] = dot;
+    }
+    void link(Dot dot) {
         count_ = 1;
         linked_ = true;
         dots_[0] = dot;
     }
+    void joinFar(const CurvePoint& point) {
+        const auto part = reachablePart(last_, point);
+        if (last_.isFar()) {
+            link(part ? part->from : point.dot());
+        }
+        if (part) {
+            add(part->to);
+        }
+        if (point.isFar()) {
+            end();
+            link(point.dot());
+        }
+    }
 
-  private:
     Sink& sink_;
     std::array<Dot, 512> dots_;
+    CurvePoint last_;
     std::size_t count_ = 0;
     bool linked_ = false; // the first dot stands for what was drawn before
 };
@@ -128,10 +176,10 @@ int walkCurve(std::span<const double> times, std::span<const double> values, boo
             started = false;
             continue;
         }
-        const int x = plot.x(times[i]);
+        const double x = plot.exactX(times[i]);
         if (directions && started) {
             const double target = joinedDirection(previous, v);
-            run.add({x, scale.y(target)});
+            run.join({x, scale.y(target)});
             previous = keptDirection(target);
             if (previous != target) { // the next line starts a full circle away
                 run.end();
@@ -140,7 +188,12 @@ int walkCurve(std::span<const double> times, std::span<const double> values, boo
             continue;
         }
         previous = directions ? keptDirection(v) : v;
-        run.add({x, scale.y(previous)});
+        const CurvePoint point{x, scale.y(previous)};
+        if (started) {
+            run.join(point);
+        } else {
+            run.begin(point);
+        }
         started = true;
     }
     run.end();

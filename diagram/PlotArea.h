@@ -8,14 +8,16 @@
 
 namespace kelvrum {
 
-/// The nearest dot of a coordinate, a half to the even neighbour. What lies outside of the 16-bit range of
-/// surface coordinates is moved to its edge, a NaN to the lower one.
+/// The 16-bit range of surface coordinates.
+inline constexpr double LOWEST_DOT = -32768;
+inline constexpr double HIGHEST_DOT = 32767;
+
+/// The nearest dot of a coordinate, a half to the even neighbour. What lies outside of the range of surface
+/// coordinates is moved to its edge, a NaN to the lower one.
 inline int nearestDot(double v) {
-    constexpr double LOWEST = -32768;
-    constexpr double HIGHEST = 32767;
     // Adding and taking off 1.5 * 2^52 leaves a double rounded to whole numbers, half to even.
     constexpr double ROUNDING = 6755399441055744.0;
-    const double cut = v > LOWEST ? (v < HIGHEST ? v : HIGHEST) : LOWEST;
+    const double cut = v > LOWEST_DOT ? (v < HIGHEST_DOT ? v : HIGHEST_DOT) : LOWEST_DOT;
     return static_cast<int>((cut + ROUNDING) - ROUNDING);
 }
 
@@ -48,7 +50,9 @@ struct PlotArea {
     [[nodiscard]] double width() const { return right - left; }
     [[nodiscard]] double height() const { return bottom - top; }
     [[nodiscard]] bool hasTimeScale() const { return dotsPerDay > 0; }
-    [[nodiscard]] int x(DateTime t) const { return nearestDot(left + (t - xLow) * dotsPerDay); }
+    /// The coordinate of a time before it is rounded and cut to the range of surface coordinates.
+    [[nodiscard]] double exactX(DateTime t) const { return left + (t - xLow) * dotsPerDay; }
+    [[nodiscard]] int x(DateTime t) const { return nearestDot(exactX(t)); }
     [[nodiscard]] ValueScale scaleOf(const ValueRange& range) const {
         // A range so far from 0 that it cannot be widened keeps no height: all lies on the base line then.
         return {bottom, range.low, range.height() != 0 ? height() / range.height() : 0};

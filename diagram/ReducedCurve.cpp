@@ -1,6 +1,5 @@
 #include "diagram/ReducedCurve.h"
 
-#include "diagram/Curve.h"
 #include "diagram/LineScale.h"
 
 #include <algorithm>
@@ -11,8 +10,7 @@ namespace kelvrum {
 
 namespace {
 
-constexpr int PEN_ROOM = 64;             // dots around the clip within which a wide pen could still show
-constexpr std::size_t MANY_SPANS = 4096; // in one column: time to merge them
+constexpr int PEN_ROOM = 64; // dots around the clip within which a wide pen could still show
 
 /// Whether columns of dots are runs of columns of the table, and greater values have no greater (or no
 /// lesser) y: then few of them need to be mapped.
@@ -84,6 +82,7 @@ class ColumnWalk {
         const std::span<const double> values = series_.values;
         for (std::size_t i = nextValue(0); i < values.size(); i = nextValue(i)) {
             enterColumn(i);
+            entry_ = i;
             Joined joined{values[i]};
             const std::size_t next = i + 1;
             for (i = next; i < columnEnd_ && isValidPoint(values[i]);) {
@@ -99,6 +98,7 @@ class ColumnWalk {
         double previous = 0; // the value to join to
         for (std::size_t i = nextValue(0); i < values.size(); i = nextValue(i)) {
             enterColumn(i);
+            entry_ = i;
             Joined joined{joinedBefore_ ? joinedDirection(previous, values[i]) : keptDirection(values[i])};
             previous = joinedBefore_ ? turned(joined) : joined.last;
             for (++i; i < columnEnd_ && isValidPoint(values[i]); ++i) {
@@ -131,7 +131,7 @@ class ColumnWalk {
     double turned(Joined& joined) {
         const double kept = keptDirection(joined.last);
         if (kept != joined.last) {
-            add(joined, joined.count > 1);
+            add(joined, entry_, joined.count > 1);
             joined = {kept};
             joinedBefore_ = false;
             drawnBefore_ = true;
@@ -142,22 +142,28 @@ class ColumnWalk {
     /// The stretch ends in front of index i. A value without neighbours is a dot.
     void end(const Joined& joined, std::size_t i) {
         const bool goesOn = i < series_.values.size() && isValidPoint(series_.values[i]);
-        add(joined, joined.count > 1 || (!joinedBefore_ && !goesOn && !drawnBefore_));
+        add(joined, i - 1, joined.count > 1 || (!joinedBefore_ && !goesOn && !drawnBefore_));
         joinedBefore_ = goesOn;
         drawnBefore_ = false;
     }
 
-    void add(const Joined& joined, bool marked) {
+    void add(const Joined& joined, std::size_t exit, bool marked) {
         const ValueScale& scale = series_.scale;
         const int low = scale.y(joined.low);
         const int high = scale.y(joined.high);
         curve_.stretch({x_, scale.y(joined.first), scale.y(joined.last), std::min(low, high),
-                        std::max(low, high), joinedBefore_, marked});
+                        std::max(low, high), exactX(entry_), exactX(exit), joinedBefore_, marked});
+    }
+
+    /// Only in the outermost columns it matters where exactly a value is.
+    [[nodiscard]] double exactX(std::size_t k) const {
+        return x_ <= LOWEST_DOT || x_ >= HIGHEST_DOT ? series_.plot.exactX(series_.times[k]) : x_;
     }
 
     const PlottedSeries& series_;
     ReducedCurve& curve_;
     int x_ = 0;                 // of the column of dots
+    std::size_t entry_ = 0;     // first index of the joined values
     std::size_t columnEnd_ = 0; // first index behind it
     bool joinedBefore_ = false; // a line leads to the stretch
     bool drawnBefore_ = false;  // the stretch begins with a dot that was drawn already, a full circle away
@@ -232,65 +238,15 @@ int drawBars(Surface& surface, const PlottedSeries& series, double interval,
     return passes;
 }
 
-ReducedCurve::ReducedCurve(Surface& surface, std::span<const Colour> colours, const Box& clip)
-    : surface_(surface)
-    , colours_(colours)
-    , mergeAt_(MANY_SPANS)
-    , reach_{clip.left - PEN_ROOM, clip.top - PEN_ROOM, clip.right + PEN_ROOM, clip.bottom + PEN_ROOM} {
-    surface_.setPen(colours_[0]);
-}
-
-void ReducedCurve::pass(int number) {
-    finish();
-    surface_.setPen(colours_[static_cast<std::size_t>(number)]);
-}
-
-void ReducedCurve::run(std::span<const Dot> dots) {
-    for (std::size_t i = 0; i < dots.size();) {
-        Stretch part{dots[i].x, dots[i].y, dots[i].y, dots[i].y, dots[i].y, i > 0, dots.size() == 1};
-        for (++i; i < dots.size() && dots[i].x == part.x; ++i) {
-            part.last = dots[i].y;
-            part.low = std::min(part.low, part.last);
-            part.high = std::max(part.high, part.last);
-            part.marked = true;
-        }
-        stretch(part);
-    }
-}
-
-void ReducedCurve::stretch(const Stretch& stretch) {
-    if (stretch.joined) {
-        connect(end_, {stretch.x, stretch.first});
-    }
-    if (stretch.marked) {
-        mark(stretch.x, {stretch.low, stretch.high});
-    }
-    end_ = {stretch.x, stretch.last};
-}
-
-void ReducedCurve::connect(Dot from, Dot to) {
-    const bool outside = std::max(from.x, to.x) < reach_.left || std::min(from.x, to.x) > reach_.right ||
-                         std::max(from.y, to.y) < reach_.top || std::min(from.y, to.y) > reach_.bottom;
-    if (!outside) {
-        segments_.push_back({from, to});
-    }
-}
-
-void ReducedCurve::mark(int x, Span span) {
-    if (hasColumn_ && x != column_) {
-        flushColumn();
-    }
-    hasColumn_ = true;
-    column_ = x;
+void ColumnSpans::add(Span span) {
     if (spans_.size() >= mergeAt_) {
-        mergeSpans();
-        mergeAt_ = std::max(MANY_SPANS, 2 * spans_.size());
+        merge();
+        mergeAt_ = std::max(mergeAt_, 2 * spans_.size());
     }
     spans_.push_back(span);
 }
 
-/// Overlapping and touching spans of the column become one each.
-void ReducedCurve::mergeSpans() {
+void ColumnSpans::merge() {
     std::sort(spans_.begin(), spans_.end(), [](const Span& a, const Span& b) { return a.low < b.low; });
     std::size_t kept = 0;
     for (const Span& span : spans_) {
@@ -303,23 +259,85 @@ void ReducedCurve::mergeSpans() {
     spans_.resize(kept);
 }
 
+std::span<const ColumnSpans::Span> ColumnSpans::merged() {
+    if (spans_.size() > 1) {
+        merge();
+    }
+    return spans_;
+}
+
+ReducedCurve::ReducedCurve(Surface& surface, std::span<const Colour> colours, const Box& clip)
+    : surface_(surface)
+    , colours_(colours)
+    , reach_{clip.left - PEN_ROOM, clip.top - PEN_ROOM, clip.right + PEN_ROOM, clip.bottom + PEN_ROOM} {
+    surface_.setPen(colours_[0]);
+}
+
+void ReducedCurve::pass(int number) {
+    finish();
+    surface_.setPen(colours_[static_cast<std::size_t>(number)]);
+}
+
+void ReducedCurve::run(std::span<const Dot> dots) {
+    for (std::size_t i = 0; i < dots.size();) {
+        const double x = dots[i].x;
+        Stretch part{dots[i].x, dots[i].y, dots[i].y, dots[i].y, dots[i].y, x, x, i > 0, dots.size() == 1};
+        for (++i; i < dots.size() && dots[i].x == part.x; ++i) {
+            part.last = dots[i].y;
+            part.low = std::min(part.low, part.last);
+            part.high = std::max(part.high, part.last);
+            part.marked = true;
+        }
+        stretch(part);
+    }
+}
+
+void ReducedCurve::stretch(const Stretch& stretch) {
+    if (stretch.joined) {
+        connect(end_, {stretch.entryX, stretch.first});
+    }
+    if (stretch.marked) {
+        enterColumn(stretch.x);
+        lines_.add({stretch.low, stretch.high});
+    }
+    end_ = {stretch.exitX, stretch.last};
+}
+
+void ReducedCurve::connect(const CurvePoint& from, const CurvePoint& to) {
+    const auto line =
+        from.isFar() || to.isFar() ? reachablePart(from, to) : std::optional(Segment{from.dot(), to.dot()});
+    if (line && std::max(line->from.x, line->to.x) >= reach_.left &&
+        std::min(line->from.x, line->to.x) <= reach_.right &&
+        std::max(line->from.y, line->to.y) >= reach_.top &&
+        std::min(line->from.y, line->to.y) <= reach_.bottom) {
+        segments_.push_back(*line);
+    }
+}
+
+void ReducedCurve::enterColumn(int x) {
+    if (hasColumn_ && x != column_) {
+        flushColumn();
+    }
+    hasColumn_ = true;
+    column_ = x;
+}
+
 void ReducedCurve::flushColumn() {
     if (!hasColumn_) {
         return;
     }
-    if (spans_.size() > 1) {
-        mergeSpans();
-    }
     if (column_ >= reach_.left && column_ <= reach_.right) {
-        for (const Span& span : spans_) {
-            const int low = std::max(span.low, reach_.top);
-            const int high = std::min(span.high, reach_.bottom);
+        const auto within = [this](ColumnSpans::Span span) {
+            return ColumnSpans::Span{std::max(span.low, reach_.top), std::min(span.high, reach_.bottom)};
+        };
+        for (const auto& span : lines_.merged()) {
+            const auto [low, high] = within(span);
             if (low <= high) {
                 segments_.push_back({{column_, low}, {column_, high}});
             }
         }
     }
-    spans_.clear();
+    lines_.clear();
     hasColumn_ = false;
 }
 

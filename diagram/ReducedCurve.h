@@ -2,6 +2,7 @@
 // every segment and every bar drawn by itself.
 #pragma once
 
+#include "diagram/Curve.h"
 #include "diagram/PlotArea.h"
 #include "diagram/Surface.h"
 #include "util/DateTime.h"
@@ -41,8 +42,30 @@ struct Stretch {
     int last = 0;
     int low = 0; // least and greatest y
     int high = 0;
+    double entryX = 0; // where the first and the last value are, before they are cut
+    double exitX = 0;
     bool joined = false; // a line leads to it from the stretch before
     bool marked = false; // it shows by itself; else it is but the end of a line
+};
+
+/// Spans of y within one column of dots.
+class ColumnSpans {
+  public:
+    struct Span {
+        int low;
+        int high;
+    };
+
+    void add(Span span);
+    /// The spans with overlapping and touching ones as one, ascending.
+    std::span<const Span> merged();
+    void clear() { spans_.clear(); }
+
+  private:
+    void merge();
+
+    std::vector<Span> spans_;
+    std::size_t mergeAt_ = 4096; // number of spans at which they are merged
 };
 
 /// A sink for walkCurve and for stretches: in each column of dots the vertical parts are merged into spans,
@@ -59,24 +82,17 @@ class ReducedCurve {
     void finish();
 
   private:
-    struct Span {
-        int low;
-        int high;
-    };
-
-    void mark(int x, Span span);
-    void connect(Dot from, Dot to);
+    void enterColumn(int x);
+    void connect(const CurvePoint& from, const CurvePoint& to);
     void flushColumn();
-    void mergeSpans();
 
     Surface& surface_;
     std::span<const Colour> colours_;
-    std::size_t mergeAt_; // number of spans at which they are merged
-    Box reach_;           // what can be seen, with room for the width of the pen
+    Box reach_; // what can be seen, with room for the width of the pen
     bool hasColumn_ = false;
     int column_ = 0;
-    Dot end_;                 // of the stretch before
-    std::vector<Span> spans_; // vertical parts of the column
+    CurvePoint end_;    // of the stretch before
+    ColumnSpans lines_; // vertical parts of the column
     std::vector<Segment> segments_;
 };
 

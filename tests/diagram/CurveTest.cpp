@@ -10,6 +10,7 @@
 
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <string>
 
 namespace kelvrum {
@@ -121,6 +122,59 @@ TEST(NearestDot, RoundsHalvesToEvenAndCutsToTheCoordinateRange) {
     for (const auto& [v, dot] : rows) {
         EXPECT_EQ(nearestDot(v), dot) << v;
     }
+}
+
+TEST(ReachablePart, CutsALineWhereItLeavesTheCoordinateRange) {
+    constexpr double INF = std::numeric_limits<double>::infinity();
+    constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+    const struct {
+        const char* what;
+        CurvePoint from, to;
+        std::optional<Segment> part;
+    } rows[] = {
+        {"within", {1.4, 5}, {9.6, 6}, Segment{{1, 5}, {10, 6}}},
+        {"at the ends", {-32768, 5}, {32767, 6}, Segment{{-32768, 5}, {32767, 6}}},
+        {"to the right", {0, 0}, {65534, 100}, Segment{{0, 0}, {32767, 50}}},
+        {"from the left", {-65536, 100}, {0, 0}, Segment{{-32768, 50}, {0, 0}}},
+        {"both sides", {-65536, 0}, {65536, 4}, Segment{{-32768, 1}, {32767, 3}}},
+        {"backward", {65534, 100}, {0, 0}, Segment{{32767, 50}, {0, 0}}},
+        {"wholly left", {-1e6, 0}, {-40000, 4}, std::nullopt},
+        {"wholly right", {1e6, 0}, {1e300, 4}, std::nullopt},
+        {"wholly infinite", {INF, 0}, {INF, 4}, std::nullopt},
+        {"to infinity", {0, 7}, {INF, 100}, Segment{{0, 7}, {32767, 7}}},
+        {"from infinity", {-INF, 100}, {0, 7}, Segment{{-32768, 7}, {0, 7}}},
+        {"from infinity to far", {-INF, 100}, {1e6, 7}, Segment{{-32768, 7}, {32767, 7}}},
+        {"huge", {-1.7e308, 0}, {1.7e308, 32000}, Segment{{-32768, 16000}, {32767, 16000}}},
+        {"no number", {NOT_A_NUMBER, 3}, {10, 4}, Segment{{-32768, 3}, {10, 4}}},
+        {"from no number to far", {NOT_A_NUMBER, 3}, {1e9, 4}, Segment{{-32768, 3}, {32767, 4}}},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(reachablePart(row.from, row.to), row.part) << row.what;
+    }
+    const auto part = reachablePart({-INF, 1}, {INF, 9});
+    ASSERT_TRUE(part);
+    EXPECT_EQ(part->from.x, -32768);
+    EXPECT_EQ(part->to.x, 32767);
+}
+
+TEST(Lines, KeepTheirSlopeFromFarOutside) {
+    const double far = 65536.0 / 240; // days, 65536 dots
+    const struct {
+        const char* what;
+        Hours series;
+        const char* drawn;
+    } rows[] = {
+        {"from the left", columns({{-24 * far, 100}, {0, 0}, {1, 1}}), "-32808,100-0,150 0,150-10,149"},
+        {"to the right", columns({{0, 0}, {1, 1}, {1 + 24 * far, 101}}), "0,150-10,149 10,149-32727,99"},
+        {"far neighbours are not joined", columns({{-72 * far, 0}, {-48 * far, 0}, {-24 * far, 100}, {0, 0}}),
+         "-32808,100-0,150"},
+        {"to and fro", columns({{0, 0}, {24 * far, 100}, {1, 1}}), "0,150-32727,100 #1 *10,149"},
+        {"a gap far out", columns({{-24 * far, 100}, {-1, 999999}, {0, 0}}), "*-32808,50 *0,150"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(lines(row.series).drawn, row.drawn) << row.what;
+    }
+    EXPECT_EQ(directions(columns({{-24 * far, 348}, {0, 12}})).drawn, "-32808,90-0,88");
 }
 
 TEST(Lines, JoinValidNeighboursAndBreakAtGaps) {

@@ -150,6 +150,41 @@ TEST(SeriesDrawing, ASingleBarIsAsWideAsItsIntervalWhereThatIsKnown) {
     EXPECT_EQ(diagram.columnInterval(), 0);
 }
 
+/// A minute is as wide as the plot; what lies outside is thousands of dots away.
+TEST(SeriesDrawing, ALineFromFarOutsideKeepsItsSlope) {
+    constexpr double MINUTE = 1.0 / 1440;
+    const struct {
+        double from, to; // minutes from the start of the axis
+    } rows[] = {{-200, 300}, {-600, 600}, {-140, 1}, {-600, 0.5}, {0, 300}, {0.25, 600}, {-2, 2}};
+    for (const auto& [from, to] : rows) {
+        for (const bool ascending : {true, false}) {
+            SCOPED_TRACE(::testing::Message()
+                         << from << " to " << to << (ascending ? "" : ", not ascending"));
+            DayDiagram diagram;
+            diagram.setXHigh(DAY + MINUTE);
+            const auto value = [](double minutes) { return 20 + 50 * minutes; };
+            const double back = ascending ? 2.5 : 1.5;
+            fillSeries(diagram, {{DAY - 2, NoValue},
+                                 {DAY - back + 0.5, NoValue},
+                                 {DAY - 1.9, NoValue},
+                                 {DAY + from * MINUTE, value(from)},
+                                 {DAY + to * MINUTE, value(to)}});
+            RecordingSurface surface({310, 190});
+            draw(surface, diagram);
+            const auto lines = surface.linesOf(FIRST);
+            ASSERT_THAT(lines, SizeIs(1));
+            const auto& [start, end] = lines[0];
+            const auto y = [&](double minutes) {
+                const double x = 40 + 240 * minutes;
+                return start.y + (x - start.x) * (end.y - start.y) / (end.x - start.x);
+            };
+            for (const double minutes : {std::max(from, 0.0), std::min(to, 1.0)}) {
+                EXPECT_NEAR(y(minutes), 150 - value(minutes), 0.6);
+            }
+        }
+    }
+}
+
 TEST(SeriesDrawing, DirectionsTakeTheShortWay) {
     DayDiagram diagram(3);
     diagram.setY1High(600);
