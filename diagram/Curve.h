@@ -79,6 +79,13 @@ struct CurvePoint {
 /// out.
 std::optional<Segment> reachablePart(const CurvePoint& from, const CurvePoint& to);
 
+/// The square that a value without neighbours is drawn as.
+inline Box loneBox(Dot at, int side) {
+    const int left = at.x - side / 2;
+    const int top = at.y - side / 2;
+    return {left, top, left + side, top + side};
+}
+
 /// Gathers the dots of a curve and hands them to a sink as runs of joined dots. A long run comes in pieces,
 /// each of which begins with the last dot of the one before.
 template<typename Sink>

@@ -20,6 +20,7 @@ struct DiagramLayout {
     double bandBelowTitle = 19; // the title band is this much higher than the text of HeadLine
     double longTick = 4;
     double shortTick = 2;
+    double loneDot = 3;       // side of the square that a value without neighbours is drawn as
     double textGap = 1;       // between a tick and its label, and at the surface's edges
     double rightLabelGap = 3; // the same on the right: at less a tick before a number reads as its minus sign
     double unitDrop = 1;      // unit and captions stand one and a half lines above the plot, less this
@@ -48,6 +49,7 @@ struct DiagramLayout {
         layout.foot = 20;
         layout.longTick = 2;
         layout.shortTick = 1;
+        layout.loneDot = 0.5;
         layout.rightLabelGap = 1;
         layout.unitDrop = 0;
         layout.rowPitch = 3.5;

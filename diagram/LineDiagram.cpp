@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <span>
 #include <string>
 #include <vector>
@@ -140,8 +141,13 @@ class Drawing {
 
     int drawOne(std::span<const double> values, const ValueRange& range, bool detectPasses,
                 std::span<const Colour> colours) {
-        const PlottedSeries series{series_.times,        values,     plot_,
-                                   plot_.scaleOf(range), ascending_, detectPasses};
+        const PlottedSeries series{series_.times,
+                                   values,
+                                   plot_,
+                                   plot_.scaleOf(range),
+                                   ascending_,
+                                   detectPasses,
+                                   static_cast<int>(std::ceil(layout_.loneDot * scale_))};
         return state_.DiagTyp() == KIND_PRECIPITATION
                    ? drawBars(surface_, series, barWidth(), colours)
                    : drawCurve(surface_, series, state_.DiagTyp() == KIND_DIRECTION, colours);

@@ -131,7 +131,7 @@ class ColumnWalk {
     double turned(Joined& joined) {
         const double kept = keptDirection(joined.last);
         if (kept != joined.last) {
-            add(joined, entry_, joined.count > 1);
+            add(joined, entry_, joined.count > 1, false);
             joined = {kept};
             joinedBefore_ = false;
             drawnBefore_ = true;
@@ -142,17 +142,18 @@ class ColumnWalk {
     /// The stretch ends in front of index i. A value without neighbours is a dot.
     void end(const Joined& joined, std::size_t i) {
         const bool goesOn = i < series_.values.size() && isValidPoint(series_.values[i]);
-        add(joined, i - 1, joined.count > 1 || (!joinedBefore_ && !goesOn && !drawnBefore_));
+        const bool lone = joined.count == 1 && !joinedBefore_ && !goesOn && !drawnBefore_;
+        add(joined, i - 1, joined.count > 1, lone);
         joinedBefore_ = goesOn;
         drawnBefore_ = false;
     }
 
-    void add(const Joined& joined, std::size_t exit, bool marked) {
+    void add(const Joined& joined, std::size_t exit, bool marked, bool lone) {
         const ValueScale& scale = series_.scale;
         const int low = scale.y(joined.low);
         const int high = scale.y(joined.high);
         curve_.stretch({x_, scale.y(joined.first), scale.y(joined.last), std::min(low, high),
-                        std::max(low, high), exactX(entry_), exactX(exit), joinedBefore_, marked});
+                        std::max(low, high), exactX(entry_), exactX(exit), joinedBefore_, marked, lone});
     }
 
     /// Only in the outermost columns it matters where exactly a value is.
@@ -210,7 +211,7 @@ bool ascend(std::span<const DateTime> times) {
 
 int drawCurve(Surface& surface, const PlottedSeries& series, bool directions,
               std::span<const Colour> colours) {
-    ReducedCurve curve(surface, colours, series.plot.clip());
+    ReducedCurve curve(surface, colours, series.plot.clip(), series.loneDot);
     int passes = 1;
     if (!isMonotonous(series)) {
         passes = walkCurve(series.times, series.values, directions, series.detectPasses, series.plot,
@@ -266,22 +267,26 @@ std::span<const ColumnSpans::Span> ColumnSpans::merged() {
     return spans_;
 }
 
-ReducedCurve::ReducedCurve(Surface& surface, std::span<const Colour> colours, const Box& clip)
+ReducedCurve::ReducedCurve(Surface& surface, std::span<const Colour> colours, const Box& clip, int loneDot)
     : surface_(surface)
     , colours_(colours)
-    , reach_{clip.left - PEN_ROOM, clip.top - PEN_ROOM, clip.right + PEN_ROOM, clip.bottom + PEN_ROOM} {
-    surface_.setPen(colours_[0]);
+    , colour_(colours[0])
+    , reach_{clip.left - PEN_ROOM, clip.top - PEN_ROOM, clip.right + PEN_ROOM, clip.bottom + PEN_ROOM}
+    , loneDot_(loneDot) {
+    surface_.setPen(colour_);
 }
 
 void ReducedCurve::pass(int number) {
     finish();
-    surface_.setPen(colours_[static_cast<std::size_t>(number)]);
+    colour_ = colours_[static_cast<std::size_t>(number)];
+    surface_.setPen(colour_);
 }
 
 void ReducedCurve::run(std::span<const Dot> dots) {
     for (std::size_t i = 0; i < dots.size();) {
         const double x = dots[i].x;
-        Stretch part{dots[i].x, dots[i].y, dots[i].y, dots[i].y, dots[i].y, x, x, i > 0, dots.size() == 1};
+        Stretch part{dots[i].x, dots[i].y, dots[i].y, dots[i].y, dots[i].y,
+                     x,         x,         i > 0,     false,     dots.size() == 1};
         for (++i; i < dots.size() && dots[i].x == part.x; ++i) {
             part.last = dots[i].y;
             part.low = std::min(part.low, part.last);
@@ -299,6 +304,10 @@ void ReducedCurve::stretch(const Stretch& stretch) {
     if (stretch.marked) {
         enterColumn(stretch.x);
         lines_.add({stretch.low, stretch.high});
+    } else if (stretch.lone) {
+        enterColumn(stretch.x);
+        const Box box = loneBox({stretch.x, stretch.first}, loneDot_);
+        lone_.add({box.top, box.bottom - 1});
     }
     end_ = {stretch.exitX, stretch.last};
 }
@@ -336,8 +345,16 @@ void ReducedCurve::flushColumn() {
                 segments_.push_back({{column_, low}, {column_, high}});
             }
         }
+        for (const auto& span : lone_.merged()) {
+            const auto [low, high] = within(span);
+            if (low <= high) {
+                const Box box = loneBox({column_, low}, loneDot_);
+                boxes_.push_back({box.left, low, box.right, high + 1});
+            }
+        }
     }
     lines_.clear();
+    lone_.clear();
     hasColumn_ = false;
 }
 
@@ -346,6 +363,10 @@ void ReducedCurve::finish() {
     if (!segments_.empty()) {
         surface_.lines(segments_);
         segments_.clear();
+    }
+    if (!boxes_.empty()) {
+        surface_.fill(boxes_, colour_);
+        boxes_.clear();
     }
 }
 

@@ -21,6 +21,7 @@ struct PlottedSeries {
     ValueScale scale;
     bool ascending = false;   // no time lies before the one in front of it: then there is but one pass
     bool detectPasses = true; // off: the whole series is one pass
+    int loneDot = 1;          // side of the square that a value without neighbours is drawn as, in dots
 };
 
 /// Whether no time lies before the one in front of it.
@@ -46,6 +47,7 @@ struct Stretch {
     double exitX = 0;
     bool joined = false; // a line leads to it from the stretch before
     bool marked = false; // it shows by itself; else it is but the end of a line
+    bool lone = false;   // it is one value without neighbours
 };
 
 /// Spans of y within one column of dots.
@@ -69,11 +71,12 @@ class ColumnSpans {
 };
 
 /// A sink for walkCurve and for stretches: in each column of dots the vertical parts are merged into spans,
-/// and between columns one connector for each joined pair remains.
+/// the squares of lone values into boxes, and between columns one connector for each joined pair remains.
 class ReducedCurve {
   public:
-    /// Both must outlive the curve. `colours` has the pen of each pass.
-    ReducedCurve(Surface& surface, std::span<const Colour> colours, const Box& clip);
+    /// Both must outlive the curve. `colours` has the pen of each pass; `loneDot` is the side of the square
+    /// that a value without neighbours is drawn as.
+    ReducedCurve(Surface& surface, std::span<const Colour> colours, const Box& clip, int loneDot);
 
     void pass(int number);
     void run(std::span<const Dot> dots);
@@ -88,12 +91,16 @@ class ReducedCurve {
 
     Surface& surface_;
     std::span<const Colour> colours_;
+    Colour colour_ = BLACK;
     Box reach_; // what can be seen, with room for the width of the pen
+    int loneDot_;
     bool hasColumn_ = false;
     int column_ = 0;
     CurvePoint end_;    // of the stretch before
     ColumnSpans lines_; // vertical parts of the column
+    ColumnSpans lone_;  // its squares
     std::vector<Segment> segments_;
+    std::vector<Box> boxes_;
 };
 
 /// A sink for walkBars: draws the outline that all bars fill together, for each column of dots the highest

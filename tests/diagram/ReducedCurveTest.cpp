@@ -52,6 +52,23 @@ TEST(ReducedBars, ThoseThatBeginOnOneDotKeepTheirOwnEnds) {
     EXPECT_THAT(surface.boxesOf(GREEN), ElementsAre(Box{40, 70, 42, 150}));
 }
 
+/// Each second value is missing: a square for each of the others, those of a column as one box where they
+/// touch.
+TEST(ReducedCurve, LoneValuesOfAColumnShareTheirBoxes) {
+    RecordingSurface surface({310, 190});
+    const std::vector<Colour> colours = {GREEN, BLUE, RED};
+    std::vector<double> times;
+    std::vector<double> values;
+    for (int i = 0; i < 1000000; ++i) {
+        times.push_back(i / 1e6);
+        values.push_back(i % 2 == 0 ? 50 + 40 * std::sin(i * 0.37) : 999999);
+    }
+    const PlotArea plot = dayPlot();
+    drawCurve(surface, {times, values, plot, plot.scaleOf({0, 100}), true, true, 3}, false, colours);
+    EXPECT_TRUE(surface.drawn.empty());
+    EXPECT_EQ(surface.boxesOf(GREEN).size(), 241U);
+}
+
 TEST(Ascend, HoldsForEqualTimesAndNotForNoTime) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_TRUE(ascend({}));
@@ -68,7 +85,7 @@ TEST(Ascend, HoldsForEqualTimesAndNotForNoTime) {
 TEST(ReducedCurve, EachPassHasItsPen) {
     RecordingSurface surface({310, 190});
     const std::vector<Colour> colours = {GREEN, BLUE, RED};
-    ReducedCurve curve(surface, colours, dayPlot().clip());
+    ReducedCurve curve(surface, colours, dayPlot().clip(), 3);
     const Dot sloped[] = {{50, 100}, {60, 90}};
     const Dot lone[] = {{70, 80}};
     const Dot upright[] = {{80, 70}, {80, 75}};
@@ -81,7 +98,7 @@ TEST(ReducedCurve, EachPassHasItsPen) {
     curve.run(overlapping);
     curve.finish();
     EXPECT_THAT(surface.linesOf(GREEN), ::testing::Contains(Segment{{50, 100}, {60, 90}}));
-    EXPECT_THAT(surface.linesOf(BLUE), ElementsAre(Segment{{70, 80}, {70, 80}}));
+    EXPECT_THAT(surface.boxesOf(BLUE), ElementsAre(Box{69, 79, 72, 82}));
     EXPECT_THAT(surface.linesOf(RED), ElementsAre(Segment{{80, 70}, {80, 79}}));
 }
 

@@ -9,6 +9,7 @@
 #include <QTest>
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <ostream>
 #include <vector>
 
@@ -24,8 +25,9 @@ constexpr Colour PASS_COLOURS[] = {0x0000FF, 0xFF0000, 0x008000};
 /// Hands every segment, point and bar to the surface by itself.
 class OneByOne {
   public:
-    explicit OneByOne(Surface& surface)
-        : surface_(surface) {
+    OneByOne(Surface& surface, int loneDot)
+        : surface_(surface)
+        , loneDot_(loneDot) {
         pass(0);
     }
     void pass(int number) {
@@ -33,10 +35,10 @@ class OneByOne {
         surface_.setPen(colour_);
     }
     void run(std::span<const Dot> dots) {
-        surface_.moveTo(dots[0]);
         if (dots.size() == 1) {
-            surface_.lineTo(dots[0]);
+            bar(loneBox(dots[0], loneDot_));
         }
+        surface_.moveTo(dots[0]);
         for (const Dot& dot : dots.subspan(1)) {
             surface_.lineTo(dot);
         }
@@ -45,6 +47,7 @@ class OneByOne {
 
   private:
     Surface& surface_;
+    int loneDot_;
     Colour colour_ = BLACK;
 };
 
@@ -171,11 +174,12 @@ Pictures paintBoth(const Trial& trial, int kind, double scale) {
     const PlotArea plot(DiagramLayout(), size, scale, trial.range);
     const ValueScale heights = plot.scaleOf(trial.heights);
     const bool directions = kind == KIND_DIRECTION;
-    const PlottedSeries series{times, values, plot, heights, ascend(times), true};
+    const int loneDot = static_cast<int>(std::ceil(DiagramLayout().loneDot * scale));
+    const PlottedSeries series{times, values, plot, heights, ascend(times), true, loneDot};
     const double interval = sampleInterval(times);
     Pictures pictures;
     pictures.literal = paint(size, scale, plot, [&](Surface& surface) {
-        OneByOne sink(surface);
+        OneByOne sink(surface, loneDot);
         kind == KIND_PRECIPITATION ? walkBars(times, values, interval, true, plot, heights, sink)
                                    : walkCurve(times, values, directions, true, plot, heights, sink);
     });

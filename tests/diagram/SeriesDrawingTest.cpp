@@ -77,18 +77,18 @@ TEST(SeriesDrawing, OnlyTheColumnsInUse) {
     diagram.SetArray(2);
     RecordingSurface surface({310, 190});
     draw(surface, diagram);
-    EXPECT_THAT(surface.linesOf(FIRST), ElementsAre(Segment{{40, 140}, {40, 140}}));
+    EXPECT_THAT(surface.boxesOf(FIRST), ElementsAre(Box{39, 139, 42, 142}));
     for (const std::int32_t count : {0, -1, -2147483647}) {
         diagram.SetArray(count);
         RecordingSurface empty({310, 190});
         draw(empty, diagram);
         EXPECT_THAT(empty.linesOf(FIRST), IsEmpty()) << count;
+        EXPECT_THAT(empty.boxesOf(FIRST), IsEmpty()) << count;
     }
     diagram.SetArray(2147483647);
     RecordingSurface all({310, 190});
     draw(all, diagram);
-    EXPECT_THAT(all.linesOf(FIRST),
-                ElementsAre(Segment{{40, 140}, {40, 140}}, Segment{{160, 100}, {160, 100}}))
+    EXPECT_THAT(all.boxesOf(FIRST), ElementsAre(Box{39, 139, 42, 142}, Box{159, 99, 162, 102}))
         << "no further than the table";
 }
 
@@ -148,6 +148,41 @@ TEST(SeriesDrawing, ASingleBarIsAsWideAsItsIntervalWhereThatIsKnown) {
     diagram.setColumnInterval(1.0 / 24);
     diagram.Clear();
     EXPECT_EQ(diagram.columnInterval(), 0);
+}
+
+TEST(SeriesDrawing, AValueWithoutNeighboursIsASquareThatCanBeSeen) {
+    const struct {
+        const char* what;
+        DiagramLayout layout;
+        Extent size;
+        double scale;
+        int side;
+    } rows[] = {
+        {"screen", {}, {310, 190}, 1, 3},
+        {"screen of ratio 1.5", {}, {465, 285}, 1.5, 5},
+        {"screen of ratio 2", {}, {620, 380}, 2, 6},
+        {"paper of 300 dots an inch", DiagramLayout::page(), {3508, 2480}, 300 / 25.4, 6}, // 0.5 mm
+        {"paper of 1200 dots an inch", DiagramLayout::page(), {14031, 9921}, 1200 / 25.4, 24},
+    };
+    for (const auto& row : rows) {
+        for (const std::int32_t kind : {0, 3, 4}) {
+            SCOPED_TRACE(::testing::Message() << row.what << ", kind " << kind);
+            DayDiagram diagram(kind);
+            fillSeries(diagram, {{DAY + 0.2, NoValue}, {DAY + 0.5, 50, 50}, {DAY + 0.8, NoValue}});
+            RecordingSurface surface(row.size, row.scale);
+            drawLineDiagram(surface, diagram, row.layout, {});
+            EXPECT_THAT(surface.linesOf(FIRST), IsEmpty());
+            for (const Colour series : {FIRST, SECOND}) {
+                const auto squares = surface.boxesOf(series);
+                ASSERT_THAT(squares, SizeIs(1));
+                EXPECT_EQ(squares[0].right - squares[0].left, row.side);
+                EXPECT_EQ(squares[0].bottom - squares[0].top, row.side);
+                const double middle =
+                    (row.layout.left * row.scale + row.size.width - row.layout.right * row.scale) / 2;
+                EXPECT_NEAR((squares[0].left + squares[0].right) / 2.0, middle, 1);
+            }
+        }
+    }
 }
 
 /// A minute is as wide as the plot; what lies outside is thousands of dots away.
