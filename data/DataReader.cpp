@@ -99,7 +99,7 @@ Reading DataReader::averagePieces(BlockReader& blocks, std::int32_t mode, const 
                                   Consume consume) {
     return trapped([&] {
         for (BlockRun run = blocks.next(); !run.empty(); run = blocks.next()) {
-            if (step && !step()) {
+            if (!runStep(step)) {
                 return Reading::givenUp; // before anything of this reading is handed out over a newer one
             }
             consume(run.first, averagesOf(run, mode, averages_));
@@ -170,7 +170,7 @@ Reading DataReader::readPolar(const StationConfig& station, const ReadRequest& r
         BlockReader blocks(station, request, open_, buffers_);
         std::vector<double> speeds;
         for (BlockRun run = blocks.next(); !run.empty(); run = blocks.next()) {
-            if (step && !step()) {
+            if (!runStep(step)) {
                 return Reading::givenUp;
             }
             if (run.paired.empty()) {

@@ -3,6 +3,7 @@
 
 #include "util/DateTime.h"
 #include "util/Validity.h"
+#include "util/VectorRegisters.h"
 
 #include <cstdint>
 #include <functional>
@@ -28,6 +29,14 @@ struct IntervalValue {
 
 /// Called between the steps of a long reading; false gives the reading up.
 using ReadingStep = std::function<bool()>;
+
+/// Runs the step, if there is one; false when it gives the reading up. The step may let windows paint, which
+/// slows the computing that follows down unless the vector registers are cleaned.
+inline bool runStep(const ReadingStep& step) {
+    const bool goOn = !step || step();
+    cleanVectorRegisters();
+    return goOn;
+}
 
 /// How a reading ended.
 enum class Reading {
