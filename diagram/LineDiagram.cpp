@@ -6,6 +6,7 @@
 #include "diagram/ReducedCurve.h"
 #include "diagram/TimeTicks.h"
 #include "util/Text.h"
+#include "util/VectorRegisters.h"
 
 #include <algorithm>
 #include <array>
@@ -49,11 +50,11 @@ class Drawing {
         , ascending_(ascend(series_.times)) {}
 
     LineDrawing run() {
+        scanRanges();
         if (layout_.background) {
             surface_.clear(state_.BgCol());
         }
         surface_.setFont(fontOf(layout_.textPoints));
-        scanRanges();
         drawTimeAxis();
         drawValueAxis(left_, plot_.left, -1, state_.Y1axe());
         drawValueAxis(right_, plot_.right, +1, state_.Y2axe());
@@ -141,6 +142,7 @@ class Drawing {
 
     int drawOne(std::span<const double> values, const ValueRange& range, bool detectPasses,
                 std::span<const Colour> colours) {
+        cleanVectorRegisters(); // axes and background have been painted
         const PlottedSeries series{series_.times,
                                    values,
                                    plot_,
@@ -292,6 +294,7 @@ class Drawing {
 
 LineDrawing drawLineDiagram(Surface& surface, DiagramState& state, const DiagramLayout& layout,
                             const LocaleTexts& texts) {
+    cleanVectorRegisters(); // the drawing begins with passes over the series
     return Drawing(surface, state, layout, texts).run();
 }
 
