@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <fstream>
 #include <utility>
 
 namespace kelvrum::bench {
@@ -11,6 +12,24 @@ namespace {
 std::vector<Ratio>& ratios() {
     static std::vector<Ratio> list;
     return list;
+}
+
+/// The processor's model as the system names it, and how wide its vector registers are.
+std::string processor() {
+    std::string name = "of unknown model";
+    std::ifstream info("/proc/cpuinfo");
+    for (std::string line; std::getline(info, line);) {
+        if (line.starts_with("model name")) {
+            name = line.substr(line.find(':') + 2);
+            break;
+        }
+    }
+#if defined(__x86_64__) && defined(__GNUC__)
+    name += __builtin_cpu_supports("avx512f") != 0 ? ", 512 bits"
+            : __builtin_cpu_supports("avx") != 0   ? ", 256 bits"
+                                                   : ", 128 bits";
+#endif
+    return name;
 }
 
 /// The processor's time, which other programs disturb least; of processes that were waited for, the clock's.
@@ -31,6 +50,7 @@ bool addRatio(Ratio ratio) {
 
 bool RatioReporter::ReportContext(const Context& context) {
     PrintBasicContext(&GetErrorStream(), context);
+    std::printf("processor: %s\n\n", processor().c_str());
     return true;
 }
 

@@ -2,6 +2,8 @@
 #include "correction/Recalculation.h"
 #include "tools/bench/BenchStation.h"
 #include "tools/bench/Ratios.h"
+#include "tools/bench/Registers.h"
+#include "util/VectorRegisters.h"
 
 #include <filesystem>
 
@@ -13,6 +15,7 @@ void correctionOfAYear(benchmark::State& state) {
     const TimeRange range{benchYear().from, benchYear().to - 1.0 / MINUTES_PER_DAY};
     double factor = 1;
     for (auto _ : state) {
+        afterPainting(state);
         factor += 0.001;
         recalculate(station().config, {CorrectionMode::dust, range, factor});
     }
@@ -22,6 +25,7 @@ BENCHMARK(correctionOfAYear)->Unit(benchmark::kMillisecond);
 void fileCopy(benchmark::State& state) {
     const std::filesystem::path copy = station().file(CORRECTED_DUST) + ".copy";
     for (auto _ : state) {
+        cleanVectorRegisters();
         std::filesystem::copy_file(station().file(DUST), copy,
                                    std::filesystem::copy_options::overwrite_existing);
     }

@@ -4,6 +4,8 @@
 #include "diagram/DiagramState.h"
 #include "tools/bench/BenchStation.h"
 #include "tools/bench/Ratios.h"
+#include "tools/bench/Registers.h"
+#include "util/VectorRegisters.h"
 
 #include <memory>
 
@@ -24,6 +26,7 @@ void plainDays(benchmark::State& state) {
     const StationConfig& config = days(state.range(0) != 0).config;
     std::vector<std::byte> buffer;
     for (auto _ : state) {
+        cleanVectorRegisters();
         for (int day = 0; day < 365; ++day) {
             const auto file = openFile(config.DataFolder + dayFileName(benchYear().from + day));
             buffer.resize(file->size());
@@ -38,6 +41,7 @@ void dayDiagram(benchmark::State& state) {
     DiagramState diagram;
     const ReadRequest request{17, {}, benchYear(), static_cast<std::int32_t>(state.range(1))};
     for (auto _ : state) {
+        afterPainting(state);
         reader.readDayDiagram(config, request, {}, diagram, {});
         benchmark::DoNotOptimize(diagram.DataCount());
     }
@@ -50,6 +54,7 @@ void dayList(benchmark::State& state) {
     std::size_t bytes = 0;
     std::size_t rows = 0;
     for (auto _ : state) {
+        afterPainting(state);
         const auto list = reader.readDayList(config, benchYear(), {});
         rows = list->times.size();
         bytes = list->times.capacity() * sizeof(DateTime) + list->values.capacity() * sizeof(float);

@@ -3,7 +3,9 @@
 #include "diagram/LineDiagram.h"
 #include "diagram/PainterSurface.h"
 #include "tools/bench/Ratios.h"
+#include "tools/bench/Registers.h"
 #include "tools/bench/Year.h"
+#include "util/VectorRegisters.h"
 
 #include <QImage>
 #include <vector>
@@ -73,6 +75,7 @@ void drawing(benchmark::State& state) {
     PainterSurface painter(picture, PICTURE, 1);
     CountedSurface surface(painter);
     for (auto _ : state) {
+        afterPainting(state);
         surface.primitives = 0;
         drawLineDiagram(surface, control, {}, {});
     }
@@ -109,6 +112,7 @@ void everySegment(benchmark::State& state) {
         surface.setPen(BLUE);
         surface.setClip(plot.clip());
         sink.segments.clear();
+        cleanVectorRegisters();
         walkCurve(table.row(SeriesTable::TIME), table.row(SeriesTable::Y1), false, true, plot,
                   plot.scaleOf({0, 100}), sink);
         surface.lines(sink.segments);

@@ -1,8 +1,10 @@
 // The list of a year of minutes, filled and shown, beside a bare table view on a trivial model.
 #include "app/DataListModel.h"
 #include "tools/bench/Ratios.h"
+#include "tools/bench/Registers.h"
 #include "tools/bench/Year.h"
 #include "util/DateTime.h"
+#include "util/VectorRegisters.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -54,6 +56,7 @@ void listOfAYear(benchmark::State& state) {
         rows.push_back({43466 + static_cast<double>(rows.size()) / MINUTES_PER_DAY, value});
     }
     for (auto _ : state) {
+        afterPainting(state);
         model.clear();
         model.expect(rows.size());
         model.append(rows);
@@ -69,6 +72,7 @@ void bareListOfAYear(benchmark::State& state) {
     view.setModel(&model);
     setUp(view);
     for (auto _ : state) {
+        cleanVectorRegisters();
         model.fill(0);
         model.fill(static_cast<int>(YEAR));
         QCoreApplication::processEvents();

@@ -4,6 +4,7 @@
 #include "diagram/PagePicture.h"
 #include "diagram/PainterSurface.h"
 #include "tools/bench/BenchStation.h"
+#include "tools/bench/Registers.h"
 
 #include <QFileInfo>
 #include <QPrinter>
@@ -27,6 +28,7 @@ void batchOfTenYears(benchmark::State& state) {
     control.setXLow(benchYear().from);
     control.setXHigh(benchYear().to);
     for (auto _ : state) {
+        afterPainting(state);
         QPrinter printer(QPrinter::HighResolution);
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(file);

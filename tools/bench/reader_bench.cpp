@@ -5,8 +5,10 @@
 #include "diagram/DiagramState.h"
 #include "tools/bench/BenchStation.h"
 #include "tools/bench/Ratios.h"
+#include "tools/bench/Registers.h"
 #include "tools/bench/Year.h"
 #include "util/Validity.h"
+#include "util/VectorRegisters.h"
 
 #include <array>
 #include <string>
@@ -18,6 +20,7 @@ namespace {
 void plainRead(benchmark::State& state) {
     static std::vector<std::byte> buffer(chn::HEADER_SIZE + YEAR * chn::VALUE_SIZE);
     for (auto _ : state) {
+        cleanVectorRegisters();
         const auto file = openFile(station().file(DUST));
         benchmark::DoNotOptimize(file->read(0, buffer));
     }
@@ -27,6 +30,7 @@ BENCHMARK(plainRead)->Unit(benchmark::kMillisecond);
 void plainPass(benchmark::State& state) {
     const auto values = yearOfMinutes(40, 30);
     for (auto _ : state) {
+        cleanVectorRegisters();
         double sum = 0;
         int count = 0;
         for (const double v : values) {
@@ -45,6 +49,7 @@ void sineAndCosine(benchmark::State& state) {
     const auto directions = yearOfMinutes(200, 150);
     const auto speeds = yearOfMinutes(5, 4);
     for (auto _ : state) {
+        cleanVectorRegisters();
         double x = 0;
         double y = 0;
         for (std::size_t i = 0; i < YEAR; ++i) {
@@ -67,6 +72,7 @@ void reader(benchmark::State& state) {
     DiagramState diagram;
     const ReadRequest request{channel, {}, benchYear(), interval};
     for (auto _ : state) {
+        afterPainting(state);
         data.readDiagram(station().config, request, {}, diagram, {});
         benchmark::DoNotOptimize(diagram.DataCount());
     }

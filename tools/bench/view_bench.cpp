@@ -1,5 +1,5 @@
-// The whole road of one view in the real window, from the file to the painted picture, beside the sum of what
-// it cannot do without: the reading, one pass that finds the extremes of each column of dots, their lines,
+// A whole view in the real window, from the file to the painted picture, beside the sum of what it cannot do
+// without: the reading, one pass that finds the extremes of each column of dots, their lines,
 // and a picture painted on a window.
 #include "app/f.h"
 #include "diagram/PolarSys.h"
@@ -7,6 +7,7 @@
 #include "tools/bench/FirstWindow.h"
 #include "tools/bench/Ratios.h"
 #include "tools/bench/Year.h"
+#include "util/VectorRegisters.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -72,7 +73,7 @@ class Viewer {
     std::unique_ptr<f> window;
 };
 
-void wholeRoad(benchmark::State& state, int channel) {
+void wholeView(benchmark::State& state, int channel) {
     const Viewer viewer;
     viewer.showChannel(channel);
     for (auto _ : state) {
@@ -81,11 +82,11 @@ void wholeRoad(benchmark::State& state, int channel) {
     }
     state.counters["columns"] = static_cast<double>(viewer.the<PolarSys>("KS").DataCount());
 }
-BENCHMARK_CAPTURE(wholeRoad, mean, DUST)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(wholeRoad, sum, RAIN)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(wholeRoad, wind, DIRECTION)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(wholeRoad, windInTenths, DIRECTION_IN_TENTHS)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(wholeRoad, anyWind, ANY_DIRECTION)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(wholeView, mean, DUST)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(wholeView, sum, RAIN)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(wholeView, wind, DIRECTION)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(wholeView, windInTenths, DIRECTION_IN_TENTHS)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(wholeView, anyWind, ANY_DIRECTION)->Unit(benchmark::kMillisecond);
 
 /// Finds the extremes of each column of dots and draws them, without axes, gaps or clipping.
 void barePicture(benchmark::State& state) {
@@ -95,6 +96,7 @@ void barePicture(benchmark::State& state) {
     for (auto _ : state) {
         picture.fill(Qt::white);
         lines.clear();
+        cleanVectorRegisters();
         int column = 0;
         int low = 600;
         int high = 0;
@@ -161,7 +163,7 @@ BENCHMARK(changeOfInterval)->Unit(benchmark::kMillisecond);
 
 void scrollByADay(benchmark::State& state) {
     const Viewer viewer;
-    bool forward = false;
+    bool forward = true; // before the year there is no file
     for (auto _ : state) {
         viewer.click(forward ? "Command8" : "Command7");
         forward = !forward;
@@ -232,11 +234,11 @@ const std::vector<std::string> READ_AND_DRAW_WIND = {"plainRead", "plainRead", "
 const std::vector<std::string> DRAW = {"barePicture", "barePainting"};
 
 const bool RATIOS =
-    addRatio({"whole road, mean, beside the sum of its limits", "wholeRoad/mean", READ_AND_DRAW}) &&
-    addRatio({"whole road, sum, beside the sum of its limits", "wholeRoad/sum", READ_AND_DRAW}) &&
-    addRatio({"whole road, wind in whole degrees", "wholeRoad/wind", READ_AND_DRAW_WIND}) &&
-    addRatio({"whole road, wind in tenths", "wholeRoad/windInTenths", READ_AND_DRAW_WIND}) &&
-    addRatio({"whole road, wind, no two alike", "wholeRoad/anyWind", READ_AND_DRAW_WIND}) &&
+    addRatio({"whole view, mean, beside the sum of its limits", "wholeView/mean", READ_AND_DRAW}) &&
+    addRatio({"whole view, sum, beside the sum of its limits", "wholeView/sum", READ_AND_DRAW}) &&
+    addRatio({"whole view, wind in whole degrees", "wholeView/wind", READ_AND_DRAW_WIND}) &&
+    addRatio({"whole view, wind in tenths", "wholeView/windInTenths", READ_AND_DRAW_WIND}) &&
+    addRatio({"whole view, wind, no two alike", "wholeView/anyWind", READ_AND_DRAW_WIND}) &&
     addRatio({"change of channel", "changeOfChannel", READ_AND_DRAW}) &&
     addRatio({"change of interval (1 and 5 minutes)", "changeOfInterval", READ_AND_DRAW}) &&
     addRatio({"scroll by a day", "scrollByADay", READ_AND_DRAW}) &&
