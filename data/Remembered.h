@@ -1,7 +1,6 @@
 // Results of a function of one number, kept for the arguments that come again.
 #pragma once
 
-#include <algorithm>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -10,10 +9,10 @@
 
 namespace kelvrum {
 
-/// Gives what Function{}(argument) gives, bit for bit, but works it out only for arguments that are new. An
+/// Returns what Function{}(argument) returns, bit for bit, but calls it only for arguments that are new. An
 /// instrument delivers few different values (whole degrees, tenths of metres per second), so nearly all of
-/// them have come before. Where most are new all the same, remembering rests, for longer each time. Each
-/// argument has one place among `PLACES` and takes it from whichever was there.
+/// them have come before. Where most are new all the same, the cache pauses for some uses. Each argument has
+/// one place among `PLACES` and takes it from whichever was there.
 template<typename Function, std::size_t PLACES = 8192>
 class Remembered {
   public:
@@ -22,12 +21,12 @@ class Remembered {
     Remembered()
         : places_(PLACES, Place{0, Function{}(std::bit_cast<double>(std::uint64_t{0}))}) {}
 
-    /// Calls work(function) once, where function(argument) gives a result. The work should ask about a
-    /// thousand times: at its end it is judged whether remembering is worth its while.
+    /// Calls work(function) once, where function(argument) returns a result. The work should call it about a
+    /// thousand times: at its end the share of new arguments decides whether the cache pauses.
     template<typename Work>
     void use(Work work) {
-        if (resting_ > 0) {
-            --resting_;
+        if (pause_ > 0) {
+            --pause_;
             work(Function{});
             return;
         }
@@ -43,9 +42,7 @@ class Remembered {
             }
             return place.result;
         });
-        const bool mostAreNew = 2 * fresh > asked;
-        rest_ = mostAreNew ? std::min(2 * rest_, LONGEST_REST) : 1;
-        resting_ = mostAreNew ? rest_ : 0;
+        pause_ = 2 * fresh > asked ? PAUSE : 0;
     }
 
   private:
@@ -55,7 +52,7 @@ class Remembered {
     static constexpr std::uint64_t SPREAD = 0x9E3779B97F4A7C15; // 2^64 divided by the golden ratio
     static constexpr int SHIFT = 64 - std::countr_zero(PLACES);
 
-    static constexpr int LONGEST_REST = 64; // uses
+    static constexpr int PAUSE = 7; // uses: short enough to learn many values, long enough to cost little
 
     struct Place {
         std::uint64_t argument; // its bits: 0 and -0 are two, and no number equals itself
@@ -63,8 +60,7 @@ class Remembered {
     };
 
     std::vector<Place> places_;
-    int rest_ = 1;    // uses of the last rest
-    int resting_ = 0; // uses until the next look
+    int pause_ = 0; // uses until the next look
 };
 
 } // namespace kelvrum
