@@ -63,7 +63,7 @@ struct Fraction {
     }
 };
 
-/// Works out each result, where Remembered would keep them.
+/// Calls the function for each argument, where Remembered keeps results.
 template<typename Function>
 struct WorkedOut {
     template<typename Work>
@@ -86,10 +86,12 @@ class WindVectors {
             addUp(minutes, results.size());
         }
         turnToDirections(results);
-        for (std::size_t i = 0; i < results.size(); ++i) {
-            if (speed_[i] == DOUBTFUL) {
-                results[i] = windMeanByMinutes(directions.subspan(i * minutes, minutes),
-                                               speeds.subspan(i * minutes, minutes));
+        if (minutes != 1) { // a single minute is never in doubt
+            for (std::size_t i = 0; i < results.size(); ++i) {
+                if (speed_[i] == DOUBTFUL) {
+                    results[i] = windMeanByMinutes(directions.subspan(i * minutes, minutes),
+                                                   speeds.subspan(i * minutes, minutes));
+                }
             }
         }
     }
@@ -165,9 +167,6 @@ class WindVectors {
 
     /// The directions as reported, of as many vectors as there are results: by the steps of directionOf.
     void turnToDirections(std::span<double> results) {
-        constexpr std::array<double, 2> MIDDLE = {0, 180};
-        constexpr std::array<double, 2> SIDE = {1, -1};
-        constexpr std::array<double, 2> TURN = {0, 360};
         const std::size_t count = results.size();
         for (std::size_t i = 0; i < count; ++i) {
             const double r = std::sqrt(x_[i] * x_[i] + y_[i] * y_[i]);
@@ -182,12 +181,16 @@ class WindVectors {
                 tangent_[i] = arctangentOf(tangent_[i]);
             }
         });
-        for (std::size_t i = 0; i < count; ++i) {
-            const double arcsine = std::fabs(sine_[i]) < 1 ? tangent_[i] * TO_DEGREES : 90 * sine_[i];
-            const std::size_t lower = y_[i] < 0 ? 1 : 0; // half plane; a table, since it cannot be foreseen
-            double d = MIDDLE[lower] + SIDE[lower] * arcsine;
-            d += TURN[d < 0 ? 1 : 0];
-            results[i] = speed_[i] > NOT_USED ? (isNorth(d) ? 360 : d) : INVALID_VALUE;
+        for (std::size_t i = 0; i < count; ++i) { // both sides of each choice, without a branch
+            const double ofTangent = tangent_[i] * TO_DEGREES;
+            const double ofPole = 90 * sine_[i];
+            const double arcsine = std::fabs(sine_[i]) < 1 ? ofTangent : ofPole;
+            const double lower = 180 - arcsine;
+            const double d = y_[i] < 0 ? lower : arcsine;
+            const double more = d + 360;
+            const double turned = d < 0 ? more : d;
+            const double reported = isNorth(turned) ? 360 : turned;
+            results[i] = speed_[i] > NOT_USED ? reported : INVALID_VALUE;
         }
     }
 
