@@ -20,10 +20,24 @@ function(kelvrum_settings target)
     endif()
 endfunction()
 
+# The settings of a target whose sources include Qt. They are private: a project that links one of our libraries may
+# use Qt's keywords in its own sources.
+function(kelvrum_qt_settings target)
+    kelvrum_settings(${target})
+    target_compile_definitions(${target} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
+endfunction()
+
+# Gives kelvrum_util the name Kelvrum::util. CMake reports a misspelt name of this form instead of passing it to the linker.
+function(kelvrum_alias target)
+    string(REGEX REPLACE "^kelvrum_" "Kelvrum::" alias ${target})
+    add_library(${alias} ALIAS ${target})
+endfunction()
+
 # A library of plain standard C++: it never links Qt.
 function(kelvrum_plain_library target)
     cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
     add_library(${target} STATIC ${ARG_SOURCES})
+    kelvrum_alias(${target})
     kelvrum_settings(${target})
     target_link_libraries(${target} PUBLIC ${ARG_USES})
 endfunction()
@@ -35,8 +49,8 @@ function(kelvrum_ui_library target)
     endif()
     cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
     add_library(${target} STATIC ${ARG_SOURCES})
-    kelvrum_settings(${target})
+    kelvrum_alias(${target})
+    kelvrum_qt_settings(${target})
     set_target_properties(${target} PROPERTIES AUTOMOC ON)
-    target_compile_definitions(${target} PUBLIC QT_NO_CAST_FROM_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
     target_link_libraries(${target} PUBLIC ${ARG_USES} Qt6::Widgets Qt6::PrintSupport)
 endfunction()
