@@ -38,6 +38,7 @@ class QTimeEdit;
 
 namespace kelvrum {
 
+class ColumnScroll;
 class DataListModel;
 class DatePicker;
 class PolarSys;
@@ -217,6 +218,7 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     QScrollBar* HScroll = nullptr;
     QTableView* lView = nullptr;
     DataListModel* rows_ = nullptr;
+    ColumnScroll* column_ = nullptr; // of the left column
     QListWidget* selChan = nullptr;
     QRadioButton* optView[2] = {};
     DatePicker* DTPicker = nullptr;

@@ -1,4 +1,5 @@
 // The controls of the main window: what there is, where it stands, what it calls.
+#include "app/ColumnScroll.h"
 #include "app/DataListModel.h"
 #include "app/ListView.h"
 #include "app/f.h"
@@ -22,6 +23,7 @@
 #include <QSlider>
 #include <QTableView>
 #include <array>
+#include <vector>
 
 namespace kelvrum {
 
@@ -132,6 +134,11 @@ void f::buildColumn() {
 
     buildRangeFrames();
     buildScaleFrames();
+    std::vector<QWidget*> parts = {selChan, optView[1], optView[0]};
+    for (QGroupBox* part : client_->findChildren<QGroupBox*>(QString(), Qt::FindDirectChildrenOnly)) {
+        parts.push_back(part);
+    }
+    column_ = new ColumnScroll(*client_, parts);
 
     Frame2 = make<QFrame>(client_, "Frame2", QRect(COLUMN_LEFT, 646, COLUMN_WIDTH, 13));
     Label8 =

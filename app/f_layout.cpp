@@ -1,4 +1,6 @@
-// Placing the parts of the window whenever its size changes. The left column keeps its design positions.
+// Placing the parts of the window whenever its size changes. The left column keeps its design positions; a
+// window too low for it scrolls it.
+#include "app/ColumnScroll.h"
 #include "app/f.h"
 #include "diagram/PolarSys.h"
 
@@ -15,6 +17,7 @@ namespace {
 constexpr double PIXELS_PER_TWIP = 96.0 / 1440;
 constexpr int LEAST_TWIPS = 4000;
 constexpr int VIEW_LEFT = 118;
+constexpr int FOOT = 30; // of the left column: Frame2 and Label1
 
 /// A step whose sizes come out negative is skipped, the others run.
 void place(QWidget& widget, int left, int top, int width, int height) {
@@ -39,7 +42,8 @@ void f::Form_Resize() {
     }
     place(*lView, VIEW_LEFT, 2, W - 120, H - 2);
     Label1->move(Label1->x(), H - 17);
-    Frame2->move(Frame2->x(), H - 30);
+    Frame2->move(Frame2->x(), H - FOOT);
+    column_->setHeight(H - FOOT);
 }
 
 } // namespace kelvrum
