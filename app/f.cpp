@@ -1,6 +1,7 @@
 #include "app/f.h"
 
 #include "diagram/PolarSys.h"
+#include "util/CaptionFit.h"
 #include "util/Numbers.h"
 #include "util/Pickers.h"
 
@@ -45,6 +46,7 @@ f::f(Environment environment)
     buildMenus();
     buildViews();
     buildColumn();
+    fitCaptions(*client_);
     nameForReaders();
     buildKeys();
     connectControls();

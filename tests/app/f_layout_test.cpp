@@ -149,6 +149,16 @@ class f_layout_test : public QObject {
         QCOMPARE(fixture.files.opened, 0);
     }
 
+    /// With the design's font every text fits, and none becomes smaller.
+    void columnKeepsItsFont() {
+        const WindowFixture fixture;
+        for (const QWidget* control : fixture.window->centralWidget()->findChildren<QWidget*>()) {
+            if (control->window() == fixture.window.get() && control->x() < 118) {
+                QVERIFY2(control->font().pixelSize() == 11, qPrintable(control->objectName()));
+            }
+        }
+    }
+
     /// The column keeps its design, whatever the size.
     void columnStays() {
         const WindowFixture fixture;
