@@ -4,6 +4,7 @@
 set -eu
 cd -P "$(dirname "$0")/../.."
 . tools/packages.sh
+. tools/checks/freshroot.sh
 
 PACKAGE_FOLDER=build/package
 
@@ -15,6 +16,10 @@ build_package() {
 }
 
 validate() {
+    if ! dpkg-deb --field "$PACKAGE_FOLDER"/*.deb Depends | grep -q fonts-liberation; then
+        echo "The package does not depend on the font of its windows." >&2
+        return 1
+    fi
     lintian --fail-on error,warning --allow-root "$PACKAGE_FOLDER"/*.deb
     desktop-file-validate packaging/*.desktop
     appstreamcli validate --no-net packaging/*.metainfo.xml
@@ -27,25 +32,14 @@ validate() {
     done
 }
 
-# The machine's own sources of the distribution, one a line. Their keys are the distribution's.
-sources() {
-    apt-get indextargets --format 'deb $(REPO_URI) $(RELEASE) $(COMPONENT)' \
-        'Created-By: Packages' 'Origin: Debian' "Architecture: $(dpkg --print-architecture)" | sort -u
-}
-
 install_and_start() {
     list=$PACKAGE_FOLDER/sources.list
-    sources >"$list"
-    if [ ! -s "$list" ]; then
-        as_root apt-get -q update
-        sources >"$list"
-    fi
+    debian_sources 'deb $(REPO_URI) $(RELEASE) $(COMPONENT)' >"$list"
     suite=$(. /etc/os-release && echo "${VERSION_CODENAME:-stable}")
     package=$(echo "$PWD/$PACKAGE_FOLDER"/*.deb)
     # The root lives only as long as this command, which removes it however it ends.
     "$@" mmdebstrap --quiet --variant=apt --format=null --dpkgopt=force-unsafe-io \
         --aptopt='APT::Install-Recommends "0"' \
-        --include=fonts-liberation \
         --customize-hook="copy-in '$package' /root" \
         --customize-hook='chroot "$1" sh -c "apt-get -qq -y install /root/*.deb"' \
         --customize-hook="'$PWD/tools/checks/installed.sh' \"\$1\"" \
@@ -54,12 +48,8 @@ install_and_start() {
 
 build_package
 validate
-if [ "$(id -u)" -eq 0 ]; then
-    install_and_start env
-elif sudo -n true 2>/dev/null; then
-    install_and_start sudo -n
-elif unshare --user --map-root-user true 2>/dev/null && grep -q "^$(id -un):" /etc/subuid 2>/dev/null; then
-    install_and_start env
+if maker=$(root_maker); then
+    install_and_start $maker
 else
     echo "SKIP: the package is built and valid, but not installed: neither root nor sudo nor user namespaces here."
 fi
