@@ -47,8 +47,8 @@ void makeHigh(const WindowFixture& fixture, int height) {
 /// The parts of the column, where they are.
 std::map<QString, QRect> column(const WindowFixture& fixture) {
     std::map<QString, QRect> places;
-    for (const char* name :
-         {"selChan", "optView(1)", "optView(0)", "Frame3", "Frame6", "Frame4", "Frame5", "Frame7", "Frame1"}) {
+    for (const char* name : {"selChan", "optView(1)", "optView(0)", "Frame3", "Frame6", "Frame4", "Frame5",
+                             "Frame7", "Frame1"}) {
         places[QString::fromUtf8(name)] = fixture.the<QWidget>(name).geometry();
     }
     return places;
