@@ -10,9 +10,9 @@ namespace kelvrum {
 bool f::checkMenu(bool allowed) {
     const CorrectionMenu state = correctionMenu(allowed, station_.WindFactor);
     if (state.visible) {
-        menKor->menuAction()->setVisible(*state.visible);
+        menu_.menKor->menuAction()->setVisible(*state.visible);
     }
-    menKor->setEnabled(state.enabled);
+    menu_.menKor->setEnabled(state.enabled);
     return state.enabled;
 }
 

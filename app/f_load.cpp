@@ -1,18 +1,18 @@
 // Loading: from the chosen channel, range and interval to list rows or a diagram.
+#include "app/ChannelChoice.h"
 #include "app/DataListModel.h"
+#include "app/DateFrame.h"
+#include "app/IntervalFrame.h"
+#include "app/LimitFrame.h"
+#include "app/ViewArea.h"
+#include "app/ViewSwitch.h"
 #include "app/f.h"
 #include "diagram/DiagramSummary.h"
 #include "diagram/PolarSys.h"
 #include "util/BusyPointer.h"
-#include "util/Numbers.h"
 #include "util/Validity.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QRadioButton>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -38,7 +38,7 @@ void f::LoadData() { loader_.load(); }
 void f::loadView(const ReadingStep& step) {
     const BusyPointer busy;
     Label8->show();
-    const std::int32_t channel = selectedChannel();
+    const std::int32_t channel = selChan->channel();
     if (channel == 0) {
         showNothing();
     } else {
@@ -56,13 +56,14 @@ void f::loadView(const ReadingStep& step) {
 /// The diagram as text, for a reader of the screen. Its figures go through the whole series, so they are
 /// taken only while somebody listens.
 void f::describeView() {
-    KS->setAccessibleName(QStringLiteral("Diagramm: ") + QString::fromStdString(KS->HeadLine()));
+    PolarSys& KS = view_->diagram();
+    KS.setAccessibleName(QStringLiteral("Diagramm: ") + QString::fromStdString(KS.HeadLine()));
     if (!isReadOut_) {
         return;
     }
-    KS->setAccessibleDescription(diagramSelected()
-                                     ? QString::fromStdString(diagramSummary(*KS, environment_.texts))
-                                     : QStringLiteral("Die Werte stehen in der Datenliste."));
+    KS.setAccessibleDescription(optView->diagramSelected()
+                                    ? QString::fromStdString(diagramSummary(KS, environment_.texts))
+                                    : QStringLiteral("Die Werte stehen in der Datenliste."));
 }
 
 void f::accessibilityActiveChanged(bool active) {
@@ -73,26 +74,28 @@ void f::accessibilityActiveChanged(bool active) {
 /// Reads what the view shows. The view that is not shown keeps nothing of an older request. False when the
 /// reading was given up.
 bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
-    rows_->clear();
+    PolarSys& KS = view_->diagram();
+    DataListModel& rows = view_->rows();
+    rows.clear();
     if (station_.Kind == ConfigKind::binary) {
-        return reader_.readSeries(station_, request, diagramSettings(), *KS, step) == Reading::complete &&
+        return reader_.readSeries(station_, request, diagramSettings(), KS, step) == Reading::complete &&
                FillListVarn(request.range, step);
     }
-    if (diagramSelected()) {
-        rows_->giveBack();
+    if (optView->diagramSelected()) {
+        rows.giveBack();
     }
-    if (diagramSelected() && KS->DiagTyp() == KIND_POLAR) {
-        return reader_.readPolar(station_, request, diagramSettings(), *KS, step) == Reading::complete;
+    if (optView->diagramSelected() && KS.DiagTyp() == KIND_POLAR) {
+        return reader_.readPolar(station_, request, diagramSettings(), KS, step) == Reading::complete;
     }
-    if (diagramSelected()) {
-        return reader_.readSeries(station_, request, diagramSettings(), *KS, step) == Reading::complete;
+    if (optView->diagramSelected()) {
+        return reader_.readSeries(station_, request, diagramSettings(), KS, step) == Reading::complete;
     }
-    KS->SetArray(0);
-    rows_->expect(rowsExpected(request));
+    KS.SetArray(0);
+    rows.expect(rowsExpected(request));
     const auto showValues = [this](std::span<const IntervalValue> values) { showRows(values); };
     const bool complete = reader_.readList(station_, request, showValues, step) == Reading::complete;
     if (complete) {
-        rows_->show();
+        rows.show();
     }
     return complete;
 }
@@ -103,24 +106,25 @@ bool f::FillListVarn(const TimeRange& shown, const ReadingStep& step) {
     if (!rows) {
         return false;
     }
-    rows_->setDayRows(std::move(*rows));
-    rows_->show();
+    view_->rows().setDayRows(std::move(*rows));
+    view_->rows().show();
     return true;
 }
 
 void f::showNothing() {
+    PolarSys& KS = view_->diagram();
     channelShown_ = 0;
     setKind(KIND_LINE);
-    rows_->clear();
-    KS->Clear();
-    KS->setHeadLine(station_.Title);
-    KS->setHeadLine2(station_.Subtitle);
-    KS->setEinheit("");
+    view_->rows().clear();
+    KS.Clear();
+    KS.setHeadLine(station_.Title);
+    KS.setHeadLine2(station_.Subtitle);
+    KS.setEinheit("");
 }
 
 void f::ShowValue(DateTime MessZeit, double MessWert) {
     showRows(std::array{IntervalValue{MessZeit, MessWert}});
-    rows_->show();
+    view_->rows().show();
 }
 
 /// Lists the intervals that have a value; the view sees them with the model's next `show`.
@@ -133,17 +137,18 @@ void f::showRows(std::span<const IntervalValue> intervals) {
             listed[count] = one;
             count += std::fabs(one.value) < INVALID_VALUE ? 1 : 0;
         }
-        rows_->append(std::span(listed).first(count));
+        view_->rows().append(std::span(listed).first(count));
         intervals = intervals.subspan(piece.size());
     }
 }
 
 void f::SetXHigh() {
+    PolarSys& KS = view_->diagram();
     const TimeRange shown = range();
-    KS->setXLow(shown.from);
-    KS->setXHigh(shown.to);
+    KS.setXLow(shown.from);
+    KS.setXHigh(shown.to);
     if (isVisible()) { // else the first painting draws
-        KS->Draw();
+        KS.Draw();
     }
 }
 
@@ -156,26 +161,16 @@ void f::showChannel(std::int32_t channel) {
     channelShown_ = channel;
     setKind(KIND_LINE);
     const ChannelInfo& info = station_.ChannelTable.at(channel);
-    for (const auto& [box, limit] : {std::pair(Text3, info.Limit1), std::pair(Text4, info.Limit2)}) {
-        box->setText(QString::fromStdString(plainNumber(limit)));
-        box->home(false); // a long number shows its start
-    }
+    limits_->setLimits({info.Limit1, info.Limit2});
 }
 
 DiagramSettings f::diagramSettings() const {
     DiagramSettings settings;
-    settings.intervalCaption = selInterval->currentText().toStdString();
-    if (Check1->isChecked()) {
-        settings.auxiliaryLines = AuxiliaryLines{limitOf(*Text3), limitOf(*Text4)};
+    settings.intervalCaption = interval_->caption().toStdString();
+    if (limits_->limitsShown()) {
+        settings.auxiliaryLines = limits_->limits();
     }
     return settings;
-}
-
-bool f::diagramSelected() const { return optView[0]->isChecked(); }
-
-std::int32_t f::selectedChannel() const {
-    const QListWidgetItem* item = selChan->currentItem();
-    return item == nullptr ? 0 : item->data(Qt::UserRole).toInt();
 }
 
 } // namespace kelvrum

@@ -1,6 +1,10 @@
 // Printing what the window shows.
+#include "app/ChannelChoice.h"
 #include "app/DataListModel.h"
+#include "app/DateFrame.h"
 #include "app/TablePrintout.h"
+#include "app/ViewArea.h"
+#include "app/ViewSwitch.h"
 #include "app/f.h"
 #include "batchprint/fCPrint.h"
 #include "config/ChannelList.h"
@@ -34,9 +38,9 @@ void f::printNow() {
     QString failure;
     try {
         const BusyPointer busy;
-        if (diagramSelected()) {
+        if (optView->diagramSelected()) {
             bool finish = true;
-            KS->PrintDiag(finish);
+            view_->diagram().PrintDiag(finish);
         } else {
             printList();
         }
@@ -71,25 +75,25 @@ void f::openBatchPrint() {
             QCoreApplication::processEvents();
             return true;
         };
-        return reader_.readSeries(station_, request, settings, *KS, step);
+        return reader_.readSeries(station_, request, settings, view_->diagram(), step);
     };
-    fCPrint dialog({range(), station_, environment_.texts, *KS, printJob_, read, [this] { LoadData(); },
-                    *environment_.dialogs, batchFolder_},
+    fCPrint dialog({range(), station_, environment_.texts, view_->diagram(), printJob_, read,
+                    [this] { LoadData(); }, *environment_.dialogs, batchFolder_},
                    this);
     dialog.exec();
 }
 
 void f::printList() {
+    const DataListModel& rows = view_->rows();
     Table table;
     table.title = station_.Title;
-    table.header = tableHeader(station_, selectedChannel());
+    table.header = tableHeader(station_, selChan->channel());
     table.valueColumns = listedChannels(station_).size();
-    table.rows = static_cast<std::size_t>(rows_->rowCount());
-    table.rowText = [this](std::size_t row) {
+    table.rows = static_cast<std::size_t>(rows.rowCount());
+    table.rowText = [&rows](std::size_t row) {
         std::string text;
-        for (int column = 0; column < rows_->columnCount(); ++column) {
-            text.append(column > 0 ? "|" : "")
-                .append(rows_->text(static_cast<int>(row), column).toStdString());
+        for (int column = 0; column < rows.columnCount(); ++column) {
+            text.append(column > 0 ? "|" : "").append(rows.text(static_cast<int>(row), column).toStdString());
         }
         return text;
     };

@@ -1,5 +1,7 @@
 // Opening projects: at the start, by the file dialog, by the project selection window.
+#include "app/ChannelChoice.h"
 #include "app/DataListModel.h"
+#include "app/ViewArea.h"
 #include "app/f.h"
 #include "config/ChannelList.h"
 #include "config/DataFolder.h"
@@ -8,8 +10,6 @@
 #include "diagram/PolarSys.h"
 #include "util/Paths.h"
 
-#include <QListWidget>
-#include <QSignalBlocker>
 #include <utility>
 
 namespace kelvrum {
@@ -35,17 +35,8 @@ void f::adoptStation(StationConfig station) {
     loader_.startOver(); // a load of the old project must not end up in the new one
     station_ = std::move(station);
     channelShown_ = 0;
-    rows_->setColumns(listColumns(station_));
-    {
-        const QSignalBlocker silent(selChan);
-        selChan->clear();
-        for (const ListedChannel& entry : listedChannels(station_)) {
-            auto* item = new QListWidgetItem(QString::fromStdString(entry.name), selChan);
-            item->setData(Qt::UserRole, entry.channel);
-            item->setToolTip(item->text()); // a long name does not fit the column
-        }
-        selChan->setCurrentRow(selChan->count() > 0 ? 0 : -1);
-    }
+    view_->rows().setColumns(listColumns(station_));
+    selChan->fill(listedChannels(station_));
     setCaption();
 }
 
@@ -80,8 +71,8 @@ void f::chooseProject() {
     Form1::Owner owner;
     owner.openProject = [this](const std::string& folder) {
         adoptStation(readProjectFolder(folder, environment_.open));
-        KS->setHeadLine(station_.Title);
-        KS->setHeadLine2(station_.Subtitle);
+        view_->diagram().setHeadLine(station_.Title);
+        view_->diagram().setHeadLine2(station_.Subtitle);
         LoadData();
     };
     owner.forgetFactors = [this] {

@@ -1,7 +1,6 @@
 // The batch print dialog.
 #pragma once
 
-#include "batchprint/BatchRows.h"
 #include "config/Dialogs.h"
 #include "config/StationConfig.h"
 #include "data/DataReader.h"
@@ -11,23 +10,19 @@
 #include <QDialog>
 #include <exception>
 #include <functional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
-class QCheckBox;
-class QComboBox;
-class QLabel;
-class QLineEdit;
 class QProgressBar;
 class QPushButton;
 
 namespace kelvrum {
 
-class DatePicker;
+class BatchRow;
+class PeriodWidget;
 class PolarSys;
 class PrintJob;
-class TimePicker;
+struct BatchColumns;
 
 /// "Sammeldruck": prints several channels over one period, each with its own scale, interval, limit lines and
 /// mean line, as one print job. The settings of the rows are kept in "Sammeldruck.cfg" in the current folder.
@@ -74,58 +69,22 @@ class fCPrint : public QDialog {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    /// The controls of one row.
-    struct Row {
-        QCheckBox* chKanal = nullptr;
-        QCheckBox* chAuto = nullptr;
-        QLineEdit* tMin = nullptr;
-        QLabel* strich = nullptr;
-        QLineEdit* tMax = nullptr;
-        QComboBox* selInterval = nullptr;
-        QCheckBox* chShowLines = nullptr;
-        QLineEdit* aMin = nullptr;
-        QLineEdit* aMax = nullptr;
-        QCheckBox* chShowMittel = nullptr;
-    };
-    struct Columns;
-
-    /// A number field holds no number; what() says so to the user.
-    struct NotANumber : std::runtime_error {
-        NotANumber(const Row& rowOfField, QLineEdit& wrongField);
-        const Row& row;
-        QLineEdit& field;
-    };
-
     // --- fCPrint_controls.cpp: the controls and their design ---
     void buildControls();
-    [[nodiscard]] QString nameOf(std::size_t row) const;
-    [[nodiscard]] Columns layOutColumns() const;
     void buildPeriod();
-    void buildHeadings(const Columns& columns);
-    void buildRow(std::size_t index, const Columns& columns);
+    void buildHeadings(const BatchColumns& columns);
     void buildFoot(int width);
-    void nameRow(const Row& row, std::size_t index);
-    void connectRow(const Row& row);
 
     // --- fCPrint.cpp: what the controls hold ---
     void loadSettings();
-    static void applyChoices(const Row& row, const RowSettings& settings);
-    static void applySettings(const Row& row, const RowSettings& settings);
-    /// Throws NotANumber when one of the four number fields holds none, be it enabled or not.
-    [[nodiscard]] static RowSettings settingsOf(const Row& row);
-    static void enableRow(const Row& row);
-    /// Red for a text that is no number.
-    static void colourEntry(QLineEdit& field);
     void enableOk();
     [[nodiscard]] int lastChecked() const;
-    /// Brings the user to a field that holds no number.
-    static void leadTo(const NotANumber& wrong);
 
     // --- fCPrint_print.cpp: the print run ---
     std::exception_ptr tryPages(const TimeRange& range);
     void report(const std::exception_ptr& failure);
     void printPages(const TimeRange& range);
-    void readRow(const Row& row, std::int32_t channel, const TimeRange& range);
+    void readRow(const BatchRow& row, const TimeRange& range);
     void setPrinting(bool printing);
     void showHourglass();
     void resetPointer();
@@ -136,11 +95,8 @@ class fCPrint : public QDialog {
     bool hourglass_ = false;
 
     QWidget* entries_ = nullptr; // all controls but the foot
-    DatePicker* DTPicker = nullptr;
-    TimePicker* DTPicker1 = nullptr;
-    DatePicker* DTPicker2 = nullptr;
-    TimePicker* DTPicker3 = nullptr;
-    std::vector<Row> rows_;
+    PeriodWidget* period_ = nullptr;
+    std::vector<BatchRow*> rows_;
     QProgressBar* PBar = nullptr;
     QPushButton* SaveButton = nullptr;
     QPushButton* OKButton = nullptr;

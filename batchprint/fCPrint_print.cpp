@@ -1,10 +1,9 @@
 // The print run: one page for each checked row, all pages as one job.
+#include "batchprint/BatchRow.h"
 #include "batchprint/fCPrint.h"
 #include "diagram/PolarSys.h"
 #include "diagram/PrintJob.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QPointer>
@@ -148,9 +147,9 @@ void fCPrint::report(const std::exception_ptr& failure) {
     const auto say = [this](const QString& text) { owner_.dialogs.message(this, text, windowTitle()); };
     try {
         std::rethrow_exception(failure);
-    } catch (const NotANumber& wrong) {
+    } catch (const BatchRow::NotANumber& wrong) {
         say(QString::fromUtf8(wrong.what()));
-        leadTo(wrong);
+        wrong.row.leadTo(wrong.field);
     } catch (const std::exception& error) {
         say(QString::fromUtf8(error.what()));
     } catch (...) {
@@ -164,9 +163,9 @@ void fCPrint::printPages(const TimeRange& range) {
     PBar->setMaximum((last + 1) * STEPS);
     for (int i = 0; i <= last; ++i) {
         const auto slot = static_cast<std::size_t>(i);
-        if (rows_[slot].chKanal->isChecked()) {
+        if (rows_[slot]->isSelected()) {
             PBar->setValue(i * STEPS + 1);
-            readRow(rows_[slot], SLOT_CHANNELS[slot], range);
+            readRow(*rows_[slot], range);
             PBar->setValue(i * STEPS + 2);
             bool finish = i == last;
             owner_.diagram.PrintDiag(finish);
@@ -175,12 +174,11 @@ void fCPrint::printPages(const TimeRange& range) {
     }
 }
 
-void fCPrint::readRow(const Row& row, std::int32_t channel, const TimeRange& range) {
-    const RowSettings settings = settingsOf(row);
+void fCPrint::readRow(const BatchRow& row, const TimeRange& range) {
+    const RowSettings settings = row.settings();
     arrange(owner_.diagram, settings, range);
-    const ReadRequest request = {channel, {}, range, row.selInterval->currentData().toInt()};
-    if (owner_.readDiagram(request, diagramSettings(settings, row.selInterval->currentText())) !=
-        Reading::complete) {
+    const ReadRequest request = {row.channel(), {}, range, row.minutes()};
+    if (owner_.readDiagram(request, diagramSettings(settings, row.intervalCaption())) != Reading::complete) {
         throw std::runtime_error("Der Druck wurde abgebrochen: Die Daten wurden nicht vollständig gelesen.");
     }
 }

@@ -1,5 +1,6 @@
 #include "config/Form1.h"
 
+#include "util/Controls.h"
 #include "util/Paths.h"
 
 #include <QCoreApplication>
@@ -22,11 +23,6 @@ constexpr int HEIGHT = 320;
 constexpr int BUTTON_HEIGHT = 30;
 
 QString toQString(const std::string& text) { return QString::fromStdString(text); }
-
-/// A caption is no place for mnemonics that a project's name brings by chance.
-QString captionOf(const std::string& name) {
-    return toQString(name).replace(QLatin1Char('&'), QLatin1String("&&"));
-}
 
 } // namespace
 
@@ -91,7 +87,7 @@ bool Form1::readDirs() {
 }
 
 void Form1::addButton(std::size_t index) {
-    auto* button = new QPushButton(captionOf(projects_[index].name), this);
+    auto* button = new QPushButton(captionOf(toQString(projects_[index].name)), this);
     button->setObjectName(QStringLiteral("Button(%1)").arg(index));
     button->setToolTip(toQString(projects_[index].folder));
     button->setMinimumHeight(BUTTON_HEIGHT);

@@ -36,9 +36,10 @@ struct Caption {
 /// A label ends where the control that it names begins.
 Caption captionOf(const QLabel& label) {
     int room = label.contentsRect().width();
-    const QWidget* buddy = label.buddy();
-    if (buddy != nullptr && buddy->parent() == label.parent() && buddy->x() > label.x()) {
-        room = std::min(room, buddy->x() - label.x() - 1);
+    if (const QWidget* buddy = label.buddy(); buddy != nullptr) {
+        const int distance =
+            buddy->mapTo(label.window(), QPoint()).x() - label.mapTo(label.window(), QPoint()).x();
+        room = distance > 0 ? std::min(room, distance - 1) : room;
     }
     return {{label.text()}, room};
 }
@@ -137,7 +138,10 @@ void setPixels(QWidget& control, int pixels) {
 void fitCaptions(QWidget& window) {
     const QList<QWidget*> controls = window.findChildren<QWidget*>();
     using Kind = std::pair<const QObject*, const QMetaObject*>; // in one frame
-    const auto kindOf = [](const QWidget& control) { return Kind(control.parent(), control.metaObject()); };
+    const auto kindOf = [](const QWidget& control) {
+        const bool isFrame = qobject_cast<const QGroupBox*>(&control) != nullptr;
+        return Kind(control.parent(), isFrame ? &QGroupBox::staticMetaObject : control.metaObject());
+    };
     std::map<Kind, int> pixels;
     for (const QWidget* control : controls) {
         const int fitting = fittingPixels(captionOf(*control), control->font());

@@ -1,0 +1,59 @@
+#include "app/ChannelChoice.h"
+
+#include "app/ColumnDesign.h"
+
+#include <QItemSelectionModel>
+#include <QSignalBlocker>
+
+namespace kelvrum {
+
+ChannelChoice::ChannelChoice(QWidget* parent)
+    : QListWidget(parent) {
+    setObjectName(QStringLiteral("selChan"));
+    setGeometry(column::LEFT, 2, column::WIDTH, 108);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTextElideMode(Qt::ElideMiddle); // names often differ at their end
+    connect(this, &QListWidget::currentRowChanged, this, [this] {
+        pressChose_ = true;
+        Q_EMIT chosen();
+    });
+    connect(this, &QListWidget::itemClicked, this, &ChannelChoice::click);
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &ChannelChoice::keepSelection);
+}
+
+void ChannelChoice::fill(const std::vector<ListedChannel>& channels) {
+    const QSignalBlocker silent(this);
+    clear();
+    for (const ListedChannel& entry : channels) {
+        auto* item = new QListWidgetItem(QString::fromStdString(entry.name), this);
+        item->setData(Qt::UserRole, entry.channel);
+        item->setToolTip(item->text()); // a long name does not fit the column
+    }
+    setCurrentRow(count() > 0 ? 0 : -1);
+}
+
+std::int32_t ChannelChoice::channel() const {
+    const QListWidgetItem* item = currentItem();
+    return item == nullptr ? 0 : item->data(Qt::UserRole).toInt();
+}
+
+void ChannelChoice::mousePressEvent(QMouseEvent* event) {
+    pressChose_ = false;
+    QListWidget::mousePressEvent(event);
+}
+
+void ChannelChoice::keepSelection() {
+    QListWidgetItem* shown = currentItem();
+    if (shown != nullptr && !selectionModel()->hasSelection()) {
+        shown->setSelected(true);
+    }
+}
+
+void ChannelChoice::click(QListWidgetItem* item) {
+    setCurrentItem(item, QItemSelectionModel::ClearAndSelect);
+    if (!pressChose_) {
+        Q_EMIT chosen();
+    }
+}
+
+} // namespace kelvrum

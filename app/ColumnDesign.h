@@ -1,0 +1,23 @@
+// The measures of the left column.
+#pragma once
+
+#include <QRect>
+
+namespace kelvrum::column {
+
+// Pixels of the window's inner area.
+inline constexpr int LEFT = 2;
+inline constexpr int WIDTH = 114;
+
+// Pixels within a frame.
+inline constexpr int INNER_LEFT = 5;
+inline constexpr int INNER_WIDTH = 104;
+inline constexpr int CONTROL_HEIGHT = 20;
+
+/// A control as wide as its frame.
+inline QRect row(int y) { return {INNER_LEFT, y, INNER_WIDTH, CONTROL_HEIGHT}; }
+
+/// A button or option as wide as its frame.
+inline QRect option(int y) { return {INNER_LEFT, y, INNER_WIDTH, 17}; }
+
+} // namespace kelvrum::column

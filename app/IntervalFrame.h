@@ -1,0 +1,34 @@
+// The frame "Mittelwerte-Intervall".
+#pragma once
+
+#include <QGroupBox>
+#include <QString>
+#include <cstdint>
+
+class QComboBox;
+
+namespace kelvrum {
+
+class IntervalFrame : public QGroupBox {
+    Q_OBJECT
+
+  public:
+    explicit IntervalFrame(QWidget* parent);
+
+    /// The averaging interval in minutes.
+    [[nodiscard]] std::int32_t minutes() const;
+    /// Its caption, for example "10 Minuten".
+    [[nodiscard]] QString caption() const;
+
+    /// "1 Minute" is chosen.
+    void start();
+
+  Q_SIGNALS:
+    /// The user has chosen an interval, be it the same again.
+    void chosen();
+
+  private:
+    QComboBox* selInterval;
+};
+
+} // namespace kelvrum

@@ -1,0 +1,53 @@
+#include "util/Controls.h"
+
+#include "util/Numbers.h"
+
+#include <QEvent>
+#include <QLineEdit>
+
+namespace kelvrum {
+
+namespace {
+
+constexpr int FONT_PIXELS = 11;
+
+/// Keeps the wheel from a control without the focus; whatever lies around the control gets it.
+class PassingWheel : public QObject {
+  public:
+    using QObject::QObject;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Wheel && !static_cast<QWidget*>(watched)->hasFocus()) {
+            event->ignore();
+            return true;
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+} // namespace
+
+QFont controlFont() {
+    QFont font(QStringLiteral("Arial"));
+    font.setPixelSize(FONT_PIXELS);
+    return font;
+}
+
+QString captionOf(QString text) { return text.replace(QLatin1Char('&'), QLatin1String("&&")); }
+
+QString numberText(double v) { return QString::fromStdString(plainNumber(v)); }
+
+std::optional<double> numberIn(const QLineEdit& field) { return wholeNumber(field.text().toStdString()); }
+
+void showNumber(QLineEdit& field, double v) {
+    field.setText(numberText(v));
+    field.home(false);
+}
+
+void ignorePassingWheel(QWidget& control) {
+    control.setFocusPolicy(Qt::StrongFocus);
+    control.installEventFilter(new PassingWheel(&control));
+}
+
+} // namespace kelvrum
