@@ -47,44 +47,56 @@ std::error_code writeFile(const fs::path& file, std::span<const std::byte> bytes
     return error;
 }
 
-/// Gives the fresh file the name of the old one, and its rights.
-std::error_code moveOver(const fs::path& fresh, const fs::path& file, const fs::file_status& before) {
+} // namespace
+
+FileReplacement::FileReplacement(const fs::path& target, std::error_code& error)
+    : file_(target) {
+    before_ = fs::status(file_, error);
+    error.clear(); // a file that is not there yet is no error
+    if (fs::exists(before_)) {
+        if (error = checkWritable(file_, before_); error) {
+            return;
+        }
+        if (file_ = fs::canonical(file_, error); error) { // a link stays one
+            return;
+        }
+    }
+    fresh_ = file_;
+    fresh_ += ".neu";
+}
+
+FileReplacement::~FileReplacement() {
+    std::error_code ignored;
+    if (!fresh_.empty()) {
+        fs::remove(fresh_, ignored);
+    }
+}
+
+std::error_code FileReplacement::commit() {
     std::error_code error;
-    if (fs::exists(before)) {
-        fs::permissions(fresh, before.permissions(), error);
+    if (fs::exists(before_)) {
+        fs::permissions(fresh_, before_.permissions(), error);
     }
     if (!error) {
-        fs::rename(fresh, file, error);
+        fs::rename(fresh_, file_, error);
     }
-    if (error) {
-        std::error_code ignored;
-        fs::remove(fresh, ignored);
+    if (!error) {
+        fresh_.clear();
     }
     return error;
 }
-
-} // namespace
 
 std::error_code replaceFile(std::string_view path, std::span<const std::byte> bytes) {
     const auto named = nativePath(path);
     if (!named) {
         return std::make_error_code(std::errc::no_such_file_or_directory);
     }
-    fs::path file = *named;
     std::error_code error;
-    const fs::file_status before = fs::status(file, error);
-    if (fs::exists(before)) {
-        if (error = checkWritable(file, before); error) {
-            return error;
-        }
-        if (file = fs::canonical(file, error); error) { // a link stays one
-            return error;
-        }
+    FileReplacement replacement(*named, error);
+    if (!error) {
+        error = writeFile(replacement.fresh(), bytes);
     }
-    fs::path fresh = file;
-    fresh += ".neu";
-    error = writeFile(fresh, bytes);
-    return error ? error : moveOver(fresh, file, before);
+    return error ? error : replacement.commit();
 }
 
 } // namespace kelvrum
