@@ -19,10 +19,14 @@ namespace kelvrum {
 
 /// Says so when the system has no printer or the current one no name.
 bool f::printerReady() {
-    if (printJob_.hasPrinter()) {
-        return true;
+    try {
+        if (printJob_.hasPrinter()) {
+            return true;
+        }
+        environment_.dialogs->message(this, QStringLiteral("Driver missing"), QStringLiteral("Printer"));
+    } catch (const PrintError& error) { // the print system does not answer
+        environment_.dialogs->message(this, QString::fromUtf8(error.what()), QStringLiteral("Drucken"));
     }
-    environment_.dialogs->message(this, QStringLiteral("Driver missing"), QStringLiteral("Printer"));
     return false;
 }
 

@@ -8,8 +8,23 @@ namespace kelvrum {
 
 PagePicture::PagePicture(Extent size, const Resolution& resolution)
     : size_(size)
-    , resolution_(resolution)
-    , font_(surfaceFont({}, resolution.dotsPerPoint)) {}
+    , resolution_(resolution) {
+    useFont({});
+}
+
+void PagePicture::restart() {
+    steps_.clear();
+    useFont({});
+}
+
+void PagePicture::useFont(const DiagramFont& font) {
+    font_ = surfaceFont(font, resolution_.dotsPerPoint);
+    auto& known = shaped_[font_.toString()];
+    if (!known) {
+        known = std::make_unique<ShapedText>(font_);
+    }
+    shapedNow_ = known.get();
+}
 
 void PagePicture::play(Surface& surface) const {
     for (const auto& step : steps_) {
@@ -56,7 +71,7 @@ void PagePicture::pie(const Box& box, Dot from, Dot to, Colour fill) {
 }
 
 void PagePicture::setFont(const DiagramFont& font) {
-    font_ = surfaceFont(font, resolution_.dotsPerPoint);
+    useFont(font);
     steps_.emplace_back([font](Surface& s) { s.setFont(font); });
 }
 
@@ -65,6 +80,9 @@ void PagePicture::text(Dot at, std::string_view text) {
 }
 
 Extent PagePicture::textExtent(std::string_view text) {
+    if (ShapedText::covers(text)) {
+        return {qRound(shapedNow_->width(text)), shapedNow_->height()};
+    }
     const QFontMetrics metrics(font_);
     return {metrics.horizontalAdvance(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))),
             metrics.height()};

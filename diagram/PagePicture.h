@@ -3,9 +3,12 @@
 
 #include "diagram/PainterSurface.h"
 #include "diagram/Surface.h"
+#include "drawing/ShapedText.h"
 
 #include <QFont>
 #include <functional>
+#include <map>
+#include <memory>
 #include <vector>
 
 namespace kelvrum {
@@ -13,6 +16,9 @@ namespace kelvrum {
 class PagePicture final : public Surface {
   public:
     PagePicture(Extent size, const Resolution& resolution);
+
+    /// Forgets what was drawn.
+    void restart();
 
     /// Draws everything again, in the same order, on a surface of the same resolution.
     void play(Surface& surface) const;
@@ -36,6 +42,9 @@ class PagePicture final : public Surface {
     Extent size_;
     Resolution resolution_;
     QFont font_;
+    std::map<QString, std::unique_ptr<ShapedText>> shaped_; // by font
+    ShapedText* shapedNow_ = nullptr;                       // of the current font
+    void useFont(const DiagramFont& font);
     std::vector<std::function<void(Surface&)>> steps_;
 };
 

@@ -67,12 +67,26 @@ PainterSurface::PainterSurface(QPaintDevice& device, Extent size, const Resoluti
     setFont({});
 }
 
+void PainterSurface::startPage(Dot corner, Extent size) {
+    quickTexts_ = true;
+    size_ = size;
+    painter_.setClipping(false);
+    painter_.resetTransform();
+    painter_.translate(corner.x, corner.y);
+}
+
+QColor PainterSurface::shown(Colour colour) const {
+    const QColor full = toQColor(colour);
+    const int lightness = qGray(full.rgb());
+    return grey_ ? QColor(lightness, lightness, lightness) : full;
+}
+
 void PainterSurface::clear(Colour background) {
-    painter_.fillRect(0, 0, size_.width, size_.height, toQColor(background));
+    painter_.fillRect(0, 0, size_.width, size_.height, shown(background));
 }
 
 void PainterSurface::setPen(Colour colour) {
-    QPen pen(toQColor(colour));
+    QPen pen(shown(colour));
     pen.setWidth(resolution_.penWidth);
     pen.setCapStyle(Qt::SquareCap); // both ends of a line belong to it
     painter_.setPen(pen);
@@ -95,14 +109,14 @@ void PainterSurface::lines(std::span<const Segment> segments) {
 }
 
 void PainterSurface::fill(std::span<const Box> boxes, Colour colour) {
-    const QColor brush = toQColor(colour);
+    const QColor brush = shown(colour);
     for (const Box& box : boxes) {
         painter_.fillRect(box.left, box.top, box.right - box.left, box.bottom - box.top, brush);
     }
 }
 
 void PainterSurface::ellipse(const Box& box, std::optional<Colour> fill) {
-    painter_.setBrush(fill ? QBrush(toQColor(*fill)) : QBrush(Qt::NoBrush));
+    painter_.setBrush(fill ? QBrush(shown(*fill)) : QBrush(Qt::NoBrush));
     painter_.setRenderHint(QPainter::Antialiasing);
     painter_.drawEllipse(outlineOf(box));
     painter_.setRenderHint(QPainter::Antialiasing, false);
@@ -126,7 +140,7 @@ void PainterSurface::pie(const Box& box, Dot from, Dot to, Colour fill) {
     if (span <= 0) {
         span += FULL_CIRCLE;
     }
-    painter_.setBrush(toQColor(fill));
+    painter_.setBrush(shown(fill));
     painter_.setRenderHint(QPainter::Antialiasing);
     painter_.drawPie(outlineOf(box), static_cast<int>(std::lround(angle(from) * STEPS_PER_DEGREE)),
                      static_cast<int>(std::lround(span * STEPS_PER_DEGREE)));
@@ -135,10 +149,27 @@ void PainterSurface::pie(const Box& box, Dot from, Dot to, Colour fill) {
 
 void PainterSurface::setFont(const DiagramFont& font) {
     painter_.setFont(surfaceFont(font, resolution_.dotsPerPoint));
+    shapedNow_ = nullptr;
+}
+
+ShapedText& PainterSurface::shapedText() {
+    if (shapedNow_ == nullptr) {
+        auto& known = shaped_[painter_.font().toString()];
+        if (!known) {
+            known = std::make_unique<ShapedText>(painter_.font(), painter_.device());
+        }
+        shapedNow_ = known.get();
+    }
+    return *shapedNow_;
 }
 
 void PainterSurface::text(Dot at, std::string_view text) {
-    painter_.drawText(at.x, at.y + painter_.fontMetrics().ascent(), toQString(text));
+    if (quickTexts_ && ShapedText::covers(text)) {
+        ShapedText& shaped = shapedText();
+        painter_.drawGlyphRun(QPointF(at.x, at.y + shaped.ascent()), shaped.glyphs(text));
+    } else {
+        painter_.drawText(at.x, at.y + painter_.fontMetrics().ascent(), toQString(text));
+    }
 }
 
 Extent PainterSurface::textExtent(std::string_view text) {

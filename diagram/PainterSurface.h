@@ -2,10 +2,14 @@
 #pragma once
 
 #include "diagram/Surface.h"
+#include "drawing/ShapedText.h"
 
 #include <QColor>
 #include <QFont>
 #include <QPainter>
+#include <map>
+#include <memory>
+#include <string>
 
 namespace kelvrum {
 
@@ -35,6 +39,11 @@ class PainterSurface final : public Surface {
     PainterSurface(QPaintDevice& device, Extent size, double devicePixelRatio)
         : PainterSurface(device, size, Resolution::screen(devicePixelRatio)) {}
 
+    /// Goes on with a page at a place of the device. Numbers and times are laid out quickly from then on.
+    void startPage(Dot corner, Extent size);
+    /// Colours become greys of the same lightness.
+    void setGrey(bool grey) { grey_ = grey; }
+
     /// Whether the device takes drawing.
     [[nodiscard]] bool isActive() const { return painter_.isActive(); }
     /// Ends the drawing; false when the device failed.
@@ -56,10 +65,17 @@ class PainterSurface final : public Surface {
     Extent textExtent(std::string_view text) override;
 
   private:
+    [[nodiscard]] QColor shown(Colour colour) const;
+    ShapedText& shapedText();
+
     QPainter painter_;
     Extent size_;
     Resolution resolution_;
     Dot current_;
+    bool grey_ = false;
+    bool quickTexts_ = false;
+    std::map<QString, std::unique_ptr<ShapedText>> shaped_; // by font
+    ShapedText* shapedNow_ = nullptr;                       // of the current font, once it is needed
 };
 
 } // namespace kelvrum

@@ -2,9 +2,15 @@
 
 #include "diagram/PagePicture.h"
 #include "diagram/PainterSurface.h"
+#include "drawing/DocumentFile.h"
+#include "drawing/PdfDocument.h"
+#include "drawing/PrintQueue.h"
+#include "drawing/QueueOptions.h"
 
+#include <QFileInfo>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <numeric>
 #include <string>
 #include <utility>
 
@@ -14,22 +20,80 @@ namespace {
 
 constexpr const char* NO_PRINTER =
     "Der Drucker ist nicht erreichbar. Bitte prüfen Sie, ob er eingeschaltet und eingerichtet ist.";
+constexpr const char* NO_ANSWER =
+    "Das Drucksystem antwortet nicht. Bitte versuchen Sie es später noch einmal.";
+const QString DEFAULT_NAME = QStringLiteral("Kelvrum");
 
-Extent paperOf(const QPrinter& printer) {
-    const QRectF paper = printer.paperRect(QPrinter::DevicePixel);
-    return {static_cast<int>(paper.width()), static_cast<int>(paper.height())};
+QString titleOf(const QString& name) { return name.isEmpty() ? DEFAULT_NAME : name; }
+
+[[noreturn]] void throwError(const QString& text) { throw PrintError(text.toStdString()); }
+
+/// The words of the print system, to be put behind a statement.
+QString behindColon(const QueueAnswer& answer) {
+    return answer.words.empty() ? QString() : QStringLiteral(": ") + QString::fromStdString(answer.words);
+}
+
+/// Throws what the user has to know of a job's fate.
+void checkFate(const QueueAnswer& answer, const QString& printer) {
+    using Fate = QueueAnswer::Fate;
+    const QString words = behindColon(answer);
+    switch (answer.fate) {
+    case Fate::printed:
+    case Fate::accepted:
+        return;
+    case Fate::withdrawn:
+        throw PrintCancelled();
+    case Fate::unreachable:
+        throw PrintError(NO_PRINTER);
+    case Fate::silent:
+        throw PrintError(NO_ANSWER);
+    case Fate::refused:
+        throwError(QStringLiteral("Der Druckauftrag wurde vom Drucker „%1“ nicht angenommen%2\n"
+                                  "Bitte prüfen Sie den Drucker und drucken Sie noch einmal.")
+                       .arg(printer, words.isEmpty() ? QStringLiteral(".") : words));
+    case Fate::cancelled:
+        throwError(QStringLiteral("Der Druckauftrag wurde auf dem Drucker „%1“ abgebrochen%2")
+                       .arg(printer, words.isEmpty() ? QStringLiteral(".") : words));
+    case Fate::stopped:
+        throwError(QStringLiteral("Der Drucker „%1“ ist angehalten%2\n"
+                                  "Der Auftrag wartet und wird gedruckt, sobald der Drucker wieder läuft.")
+                       .arg(printer, words.isEmpty() ? QStringLiteral(".") : words));
+    }
+}
+
+[[noreturn]] void throwFileError(const DocumentFile& document, const QString& target) {
+    throwError(QStringLiteral("Die Datei „%1“ konnte nicht geschrieben werden: %2.")
+                   .arg(target.isEmpty() ? document.path() : target, document.reason()));
+}
+
+QMarginsF millimetres(QPageLayout layout, QMarginsF (QPageLayout::*margins)() const) {
+    layout.setUnits(QPageLayout::Millimeter);
+    return (layout.*margins)();
+}
+
+QMarginsF marginsOf(const QPrinter& printer) {
+    return millimetres(printer.pageLayout(), &QPageLayout::margins);
+}
+
+/// The margins that the toolkit gives a printer by itself.
+QMarginsF toolkitMargins(const QPrinter& printer) {
+    QPrinter fresh(QPrinter::HighResolution);
+    if (!printer.printerName().isEmpty()) {
+        fresh.setPrinterName(printer.printerName());
+    }
+    fresh.setOutputFormat(printer.outputFormat());
+    fresh.setPageSize(printer.pageLayout().pageSize());
+    return marginsOf(fresh);
+}
+
+bool differ(const QMarginsF& a, const QMarginsF& b) {
+    constexpr double ROUNDING = 0.05; // millimetres, between units of the dialog
+    const QMarginsF d = a - b;
+    return std::abs(d.left()) > ROUNDING || std::abs(d.top()) > ROUNDING || std::abs(d.right()) > ROUNDING ||
+           std::abs(d.bottom()) > ROUNDING;
 }
 
 } // namespace
-
-struct PrintJob::Page {
-    Page(QPageLayout::Orientation turned, Extent size, const Resolution& resolution)
-        : orientation(turned)
-        , picture(size, resolution) {}
-
-    QPageLayout::Orientation orientation;
-    PagePicture picture;
-};
 
 PrintJob::PrintJob() = default;
 
@@ -40,13 +104,32 @@ QPrinter& PrintJob::printer() {
         printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
         printer_->setFullPage(true);
         printer_->setColorMode(QPrinter::Color); // a queue without a description counts as grey otherwise
-        printer_->setCreator(QStringLiteral("Kelvrum"));
-        printer_->setDocName(QStringLiteral("Kelvrum")); // its name in the queue
+        printer_->setCreator(DEFAULT_NAME);
     }
     return *printer_;
 }
 
+bool PrintJob::toFile() {
+    if (!printer_ || printer_->outputFormat() != QPrinter::PdfFormat) {
+        return false;
+    }
+    if (printer_->outputFileName() != dialogFile_) { // just chosen
+        dialogFile_ = printer_->outputFileName();
+        file_ = dialogFile_;
+    }
+    return !dialogFile_.isEmpty();
+}
+
+/// The toolkit would wait without an end for a print system that does not answer.
+void PrintJob::checkAnswer() {
+    checkFate(PrintQueue::probe([this](double) { return !step_ || step_({}); }), {});
+}
+
 bool PrintJob::hasPrinter() {
+    if (toFile()) {
+        return true;
+    }
+    checkAnswer();
     const QStringList names = QPrinterInfo::availablePrinterNames();
     if (names.isEmpty()) {
         return false;
@@ -57,61 +140,172 @@ bool PrintJob::hasPrinter() {
     return !printer().printerName().isEmpty();
 }
 
-Surface& PrintJob::newPage(QPageLayout::Orientation orientation) {
+bool PrintJob::setUp(const std::function<bool(QPrinter&)>& dialog) {
+    checkAnswer();
+    const QMarginsF before = marginsOf(printer());
+    if (!dialog(printer())) {
+        return false;
+    }
+    if (toFile()) {
+        file_ = dialogFile_; // the same name, confirmed once more
+    }
+    if (const QMarginsF now = marginsOf(printer()); differ(now, before)) {
+        margins_ = differ(now, toolkitMargins(printer())) ? std::optional(now) : std::nullopt;
+    }
+    return true;
+}
+
+bool PrintJob::needsFile() { return toFile() && file_.isEmpty(); }
+
+QString PrintJob::proposedFile() {
+    QString name = titleOf(name_);
+    for (QChar& c : name) {
+        if (QStringLiteral("\\/:*?\"<>|").contains(c)) {
+            c = QLatin1Char('_');
+        }
+    }
+    const QString before = lastFile_.isEmpty() ? dialogFile_ : lastFile_;
+    return QFileInfo(before).path() + QLatin1Char('/') + name + QStringLiteral(".pdf");
+}
+
+PageArea PrintJob::areaOf(QPageLayout::Orientation orientation) {
+    const QPageLayout layout = printer().pageLayout();
+    const PageMargins margins = {millimetres(layout, &QPageLayout::minimumMargins), margins_};
+    return pageArea(layout.pageSize(), orientation, margins, printer().resolution());
+}
+
+void PrintJob::open() {
     if (!isOpen() && !hasPrinter()) {
         throw PrintError(NO_PRINTER);
     }
-    if (!isOpen()) {
-        chosen_ = printer().pageLayout().orientation();
-    }
-    printer().setPageOrientation(orientation);
-    const Resolution resolution = Resolution::page(printer().resolution());
-    pages_.push_back(std::make_unique<Page>(orientation, paperOf(printer()), resolution));
-    return pages_.back()->picture;
 }
 
-void PrintJob::restoreOrientation() { printer().setPageOrientation(chosen_); }
+Surface& PrintJob::newPage(QPageLayout::Orientation orientation) {
+    open();
+    const PageArea area = areaOf(orientation);
+    const auto picture = std::make_shared<PagePicture>(area.size, Resolution::page(printer().resolution()));
+    sheets_.push_back({area, 1, [picture](std::size_t, Surface& surface) { picture->play(surface); }});
+    return *picture;
+}
 
-bool PrintJob::send(const std::vector<std::unique_ptr<Page>>& pages) {
-    printer().setPageOrientation(pages.front()->orientation);
-    PainterSurface surface(printer(), paperOf(printer()), Resolution::page(printer().resolution()));
+void PrintJob::addPages(std::size_t count, QPageLayout::Orientation orientation, DrawPage draw) {
+    open();
+    const PageArea area = areaOf(orientation);
+    // Texts are measured as on any other page, which the document's own surface would not do.
+    const auto picture = std::make_shared<PagePicture>(area.size, Resolution::page(printer().resolution()));
+    sheets_.push_back({area, count, [picture, draw = std::move(draw)](std::size_t page, Surface& surface) {
+                           picture->restart();
+                           draw(page, *picture);
+                           picture->play(surface);
+                       }});
+}
+
+std::unique_ptr<Surface> PrintJob::trialPage(QPageLayout::Orientation orientation) {
+    return std::make_unique<PagePicture>(areaOf(orientation).size, Resolution::page(printer().resolution()));
+}
+
+void PrintJob::step(const PrintProgress& progress) const {
+    if (step_ && !step_(progress)) {
+        throw PrintCancelled();
+    }
+}
+
+void PrintJob::make(const std::vector<Sheets>& sheets, DocumentFile& document) {
+    if (!document.open(QIODevice::WriteOnly)) {
+        return;
+    }
+    PrintProgress progress{PrintProgress::Stage::making, 0, receipt_.pages};
+    PdfDocument pdf(document,
+                    {titleOf(name_), printer().resolution(), printer().colorMode() == QPrinter::GrayScale});
+    for (const Sheets& pages : sheets) {
+        for (std::size_t i = 0; i < pages.count && !document.failed(); ++i) {
+            Surface* surface = pdf.startPage(pages.area);
+            if (surface == nullptr) {
+                throwError(QStringLiteral("Die Seite konnte nicht erstellt werden."));
+            }
+            pages.play(i, *surface);
+            ++progress.done;
+            step(progress);
+        }
+    }
+    if (!pdf.finish() && !document.failed()) {
+        throwError(QStringLiteral("Das Dokument konnte nicht erstellt werden."));
+    }
+}
+
+void PrintJob::send(const DocumentFile& document, QPageLayout::Orientation orientation, std::size_t pages) {
+    const QString name = printer().printerName();
+    QueueJob job;
+    job.queue = name.section(QLatin1Char('/'), 0, 0).toStdString(); // without the instance of its settings
+    job.title = titleOf(name_).toStdString();
+    job.document = std::filesystem::path(document.path().toStdU16String());
+    job.options = queueOptions(printer(), orientation);
+    const QueueAnswer answer = PrintQueue::print(job, [&](double sent) {
+        const auto done = static_cast<std::size_t>(sent * static_cast<double>(pages));
+        return !step_ || step_({PrintProgress::Stage::sending, done, pages});
+    });
+    checkFate(answer, name);
+}
+
+/// Where there is no CUPS the toolkit makes the document and sends it; it does not tell what becomes of it.
+void PrintJob::sendByToolkit(const std::vector<Sheets>& sheets) {
+    QPrinter& device = printer();
+    const QPageLayout::Orientation chosen = device.pageLayout().orientation();
+    device.setDocName(titleOf(name_));
+    device.setPageOrientation(sheets.front().area.orientation);
+    PainterSurface surface(device, sheets.front().area.size, Resolution::page(device.resolution()));
     bool printed = surface.isActive();
-    for (std::size_t i = 0; i < pages.size() && printed; ++i) {
-        printed = i == 0 || (printer().setPageOrientation(pages[i]->orientation), printer().newPage());
-        if (printed) {
-            pages[i]->picture.play(surface);
+    for (const Sheets& pages : sheets) {
+        for (std::size_t i = 0; i < pages.count && printed; ++i) {
+            device.setPageOrientation(pages.area.orientation);
+            printed = (&pages == &sheets.front() && i == 0) || device.newPage();
+            if (printed) {
+                surface.startPage(pages.area.corner, pages.area.size);
+                pages.play(i, surface);
+            }
         }
     }
     if (!printed) {
-        printer().abort();
+        device.abort();
     }
-    return surface.end() && printed && printer().printerState() != QPrinter::Error;
+    printed = surface.end() && printed && device.printerState() != QPrinter::Error;
+    device.setPageOrientation(chosen);
+    if (!printed) {
+        checkFate({QueueAnswer::Fate::refused, 0, {}}, device.printerName());
+    }
 }
 
 void PrintJob::end() {
-    const auto pages = std::exchange(pages_, {});
-    if (pages.empty()) {
+    const auto sheets = std::exchange(sheets_, {});
+    if (sheets.empty()) {
         return;
     }
-    const QString name = printer().printerName();
-    const auto isThere = [&name] { return QPrinterInfo::availablePrinterNames().contains(name); };
-    if (!isThere()) {
-        restoreOrientation();
-        throw PrintError(NO_PRINTER);
+    const auto add = [](std::size_t sum, const Sheets& pages) { return sum + pages.count; };
+    receipt_ = {std::accumulate(sheets.begin(), sheets.end(), std::size_t{0}, add), {}};
+    const bool inFile = toFile();
+    const QString target = inFile ? std::exchange(file_, {}) : QString();
+    if (inFile && target.isEmpty()) {
+        throwError(QStringLiteral("Für die PDF-Datei ist kein Name gewählt."));
     }
-    const bool printed = send(pages) && isThere();
-    restoreOrientation();
-    if (!printed) {
-        throw PrintError("Der Druckauftrag wurde vom Drucker „" + name.toStdString() +
-                         "“ nicht angenommen. Bitte prüfen Sie den Drucker und drucken Sie noch einmal.");
+    if (!inFile && !PrintQueue::isSupported()) {
+        sendByToolkit(sheets);
+        receipt_.place = QStringLiteral("an den Drucker „%1“").arg(printer().printerName());
+        return;
     }
+    const auto document = inFile ? std::make_unique<DocumentFile>(target) : std::make_unique<DocumentFile>();
+    make(sheets, *document);
+    if (!document->finish()) {
+        throwFileError(*document, target);
+    }
+    if (inFile) {
+        lastFile_ = target;
+        receipt_.place = QStringLiteral("in die Datei „%1“").arg(target);
+        return;
+    }
+    send(*document, sheets.front().area.orientation, receipt_.pages);
+    receipt_.place = QStringLiteral("an den Drucker „%1“").arg(printer().printerName());
 }
 
-void PrintJob::abandon() {
-    if (isOpen()) {
-        pages_.clear();
-        restoreOrientation();
-    }
-}
+void PrintJob::abandon() { sheets_.clear(); }
 
 } // namespace kelvrum

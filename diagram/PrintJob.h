@@ -1,10 +1,15 @@
-// One print job: its pages are collected and sent to the printer together.
+// One print job: its pages are collected, made into a document and sent to the printer as a whole.
 #pragma once
 
 #include "diagram/Surface.h"
+#include "drawing/PageArea.h"
 
 #include <QPageLayout>
+#include <QString>
+#include <cstddef>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <vector>
 
@@ -12,7 +17,7 @@ class QPrinter;
 
 namespace kelvrum {
 
-class PagePicture;
+class DocumentFile;
 
 /// Printing failed; what() is a German sentence for the user.
 class PrintError : public std::runtime_error {
@@ -20,47 +25,119 @@ class PrintError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// The user has cancelled the job; nothing of it has reached the printer.
+class PrintCancelled : public std::runtime_error {
+  public:
+    PrintCancelled()
+        : std::runtime_error("Der Druck wurde abgebrochen.") {}
+};
+
+/// How far a job is.
+struct PrintProgress {
+    enum class Stage { asking, making, sending }; // the print system, pages, the document
+    Stage stage = Stage::asking;
+    std::size_t done = 0;  // pages
+    std::size_t total = 0; // of all pages
+};
+
+/// Where the last job went.
+struct PrintReceipt {
+    std::size_t pages = 0;
+    QString place; // "an den Drucker „X“" or "in die Datei „Y“"
+};
+
 /// The printer session. Nothing reaches the printer before `end`, so that an abandoned job leaves nothing
-/// behind. The printer and its settings are kept from one job to the next.
+/// behind. The printer and its settings are kept from one job to the next; the printer dialog's file output
+/// (PDF) counts as a printer.
 class PrintJob {
   public:
+    /// Called between the steps of long work, at least fifty times a second; events may run in it. False
+    /// cancels the job.
+    using Step = std::function<bool(const PrintProgress&)>;
+    /// Draws one of many pages, which count from 0.
+    using DrawPage = std::function<void(std::size_t page, Surface& surface)>;
+
     PrintJob();
     PrintJob(const PrintJob&) = delete;
     PrintJob& operator=(const PrintJob&) = delete;
     ~PrintJob();
 
-    /// Whether the system has a printer and the current one a name. Asks the system anew each time.
+    void setStep(Step step) { step_ = std::move(step); }
+
+    /// Whether there is something to print on: the system has a printer and the current one a name, or file
+    /// output is chosen. Asks the system anew each time. Throws PrintError when the print system does not
+    /// answer.
     [[nodiscard]] bool hasPrinter();
 
-    /// The printer with its settings, for the printer set-up dialog.
+    /// The printer with its settings.
     QPrinter& printer();
 
-    /// Whether pages are waiting.
-    [[nodiscard]] bool isOpen() const { return !pages_.empty(); }
+    /// Runs the printer set-up dialog, which says whether the user has accepted, and takes over what it has
+    /// changed. Margins count from then on only when the user has set them: the toolkit brings its own.
+    /// Throws PrintError when the print system does not answer.
+    bool setUp(const std::function<bool(QPrinter&)>& dialog);
 
-    /// Opens the job when it is not open, and starts a page. Its units are millimetres, its size is the whole
-    /// paper. Throws PrintError without a printer. The page lives until the job ends or is abandoned.
+    /// Whether the next job goes into a file whose name is not known yet: the name that the set-up dialog
+    /// gave serves for one job.
+    [[nodiscard]] bool needsFile();
+    /// A name for that file, to be offered to the user, and the name that the user has chosen.
+    [[nodiscard]] QString proposedFile();
+    void setFile(const QString& path) { file_ = path; }
+
+    /// The next job's name in the queue.
+    void setName(const std::string& name) { name_ = QString::fromStdString(name); }
+
+    /// Whether pages are waiting.
+    [[nodiscard]] bool isOpen() const { return !sheets_.empty(); }
+
+    /// Opens the job when it is not open, and starts a page. Its units are millimetres, its size is what the
+    /// printer can print on, or what lies within the user's margins. Throws PrintError without a printer. The
+    /// page lives until the job ends or is abandoned.
     Surface& newPage(QPageLayout::Orientation orientation);
 
-    /// Sends the pages as one job and closes it. Throws PrintError when the printer is gone or cannot be
-    /// opened; the job is closed all the same. A queue that is there but refuses the job does so unseen: the
-    /// toolkit does not tell.
+    /// Adds pages which are not drawn before `end`, and then one by one; `draw` must be usable until then.
+    void addPages(std::size_t count, QPageLayout::Orientation orientation, DrawPage draw);
+
+    /// A page to measure on, which belongs to no job.
+    [[nodiscard]] std::unique_ptr<Surface> trialPage(QPageLayout::Orientation orientation);
+
+    /// Sends the pages as one job, asks what became of it and closes it. Throws PrintError when the document
+    /// cannot be written, or when the print system is gone, refuses the job or cannot print it, and
+    /// PrintCancelled; the job is closed all the same.
     void end();
 
     /// Drops the pages and closes the job.
     void abandon();
 
-  private:
-    struct Page;
+    /// Where the last job that `end` brought to its end went.
+    [[nodiscard]] const PrintReceipt& receipt() const { return receipt_; }
 
-    /// The printer turned as the user has it, not as the job needed it.
-    void restoreOrientation();
-    /// Draws the pages on the printer; false when it fails, and then it has got none of them.
-    bool send(const std::vector<std::unique_ptr<Page>>& pages);
+  private:
+    /// Pages of one area.
+    struct Sheets {
+        PageArea area;
+        std::size_t count;
+        DrawPage play;
+    };
+
+    void checkAnswer();
+    [[nodiscard]] bool toFile();
+    [[nodiscard]] PageArea areaOf(QPageLayout::Orientation orientation);
+    void open();
+    void step(const PrintProgress& progress) const;
+    void make(const std::vector<Sheets>& sheets, DocumentFile& document);
+    void send(const DocumentFile& document, QPageLayout::Orientation orientation, std::size_t pages);
+    void sendByToolkit(const std::vector<Sheets>& sheets);
 
     std::unique_ptr<QPrinter> printer_; // made when it is first needed
-    std::vector<std::unique_ptr<Page>> pages_;
-    QPageLayout::Orientation chosen_ = QPageLayout::Portrait; // before the job was opened
+    std::optional<QMarginsF> margins_;  // set by the user, in millimetres
+    QString dialogFile_;                // that the printer was last seen with
+    QString file_;                      // of the next job; empty: not known yet
+    QString lastFile_;
+    QString name_;
+    Step step_;
+    std::vector<Sheets> sheets_;
+    PrintReceipt receipt_;
 };
 
 } // namespace kelvrum

@@ -2,7 +2,7 @@
 # Sourced by run.sh and test.sh: what they need from the system, and how it gets there.
 
 # To build and to start the viewer.
-BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev fonts-liberation"
+BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev libcups2-dev fonts-liberation"
 # To start it without a display and to take its picture.
 PICTURE_PACKAGES="xvfb xdotool imagemagick"
 # To test: second compiler and its fuzzer, formatter, linter, test and benchmark libraries, a printer's scheduler, readers
@@ -67,7 +67,7 @@ need_packages() {
         echo "Not root and no sudo: these packages are to be installed first:" $missing
     else
         echo "No apt-get here. Needed: a compiler with C++20, CMake 3.25 or newer, Ninja, Qt 6.4 or newer with"
-        echo "Widgets and PrintSupport, a font with the metrics of Arial (Liberation Sans)."
+        echo "Widgets and PrintSupport, the library of CUPS, a font with the metrics of Arial (Liberation Sans)."
         echo "On Debian these are:" "$@"
     fi
     for tool in c++ cmake ninja; do

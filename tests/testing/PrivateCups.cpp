@@ -7,11 +7,17 @@
 #include <QThread>
 #include <algorithm>
 #include <cstring>
+#include <fcntl.h>
 #include <stdexcept>
 #include <string>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
+#include <utility>
+
+#ifdef KELVRUM_CUPS
+#include <cups/cups.h>
+#endif
 
 #ifdef __linux__
 #include <csignal>
@@ -69,6 +75,60 @@ Shared No
 </DefaultPrinter>
 )";
 
+// A printer that passes documents on as they come, but cannot print at the edges of its sheets: 5, 6, 7 and
+// 10 mm at the left, upper, right and lower edge of A4, 20 mm all around of A5.
+constexpr const char* BORDERS_PPD = R"PPD(*PPD-Adobe: "4.3"
+*FormatVersion: "4.3"
+*FileVersion: "1.0"
+*LanguageVersion: English
+*LanguageEncoding: ISOLatin1
+*PCFileName: "BORDERS.PPD"
+*Manufacturer: "Test"
+*Product: "(Borders)"
+*ModelName: "Borders"
+*ShortNickName: "Borders"
+*NickName: "Borders"
+*PSVersion: "(3010.000) 0"
+*LanguageLevel: "3"
+*ColorDevice: True
+*DefaultColorSpace: RGB
+*cupsFilter2: "application/pdf application/pdf 0 -"
+*OpenUI *PageSize/Size: PickOne
+*OrderDependency: 10 AnySetup *PageSize
+*DefaultPageSize: A4
+*PageSize A4/A4: ""
+*PageSize A5/A5: ""
+*CloseUI: *PageSize
+*OpenUI *PageRegion/Size: PickOne
+*OrderDependency: 10 AnySetup *PageRegion
+*DefaultPageRegion: A4
+*PageRegion A4/A4: ""
+*PageRegion A5/A5: ""
+*CloseUI: *PageRegion
+*DefaultImageableArea: A4
+*ImageableArea A4: "14.173 28.346 575.158 824.992"
+*ImageableArea A5: "56.693 56.693 363.307 538.307"
+*DefaultPaperDimension: A4
+*PaperDimension A4: "595 842"
+*PaperDimension A5: "420 595"
+*OpenUI *InputSlot/Source: PickOne
+*DefaultInputSlot: Upper
+*InputSlot Upper/Upper: ""
+*InputSlot Lower/Lower: ""
+*CloseUI: *InputSlot
+*OpenUI *Duplex/Both Sides: PickOne
+*DefaultDuplex: None
+*Duplex None/Off: ""
+*Duplex DuplexNoTumble/Long Edge: ""
+*Duplex DuplexTumble/Short Edge: ""
+*CloseUI: *Duplex
+*OpenUI *ColorModel/Colour: PickOne
+*DefaultColorModel: RGB
+*ColorModel RGB/Colour: ""
+*ColorModel Gray/Grey: ""
+*CloseUI: *ColorModel
+)PPD";
+
 /// A queue's name, and the folder of its jobs.
 struct QueueNames {
     const char* printer;
@@ -76,7 +136,8 @@ struct QueueNames {
 };
 
 const QueueNames& namesOf(PrivateCups::Queue queue) {
-    static constexpr QueueNames NAMES[] = {{"Testdrucker", "jobs"}, {"Ersatzdrucker", "other"}, {"", "none"}};
+    static constexpr QueueNames NAMES[] = {
+        {"Testdrucker", "jobs"}, {"Ersatzdrucker", "other"}, {"", "none"}, {"Randdrucker", "borders"}};
     return NAMES[static_cast<std::size_t>(queue)];
 }
 
@@ -96,14 +157,19 @@ void write(const QString& path, const QString& text) {
     }
 }
 
-/// Whether somebody listens on a socket.
-bool answers(const std::string& path) {
+sockaddr_un addressOf(const std::string& path) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     if (path.size() >= sizeof(address.sun_path)) {
         throw std::runtime_error("too long for the name of a socket: " + path);
     }
     std::memcpy(address.sun_path, path.c_str(), path.size());
+    return address;
+}
+
+/// Whether somebody listens on a socket.
+bool answers(const std::string& path) {
+    const sockaddr_un address = addressOf(path);
     const int handle = ::socket(AF_UNIX, SOCK_STREAM, 0);
     const bool connected =
         ::connect(handle, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
@@ -141,9 +207,13 @@ QByteArray outputOf(const QString& program, const QStringList& arguments) {
 }
 
 bool PrivateCups::isInstalled() {
+#ifndef KELVRUM_CUPS
+    return false; // the program would not know what became of a job
+#else
     const char* const programs[] = {"cupsd", "lpstat", "pdftotext", "pdffonts", "pdfimages", "pdftoppm"};
     return std::all_of(std::begin(programs), std::end(programs),
                        [](const char* name) { return !programPath(QString::fromLatin1(name)).isEmpty(); });
+#endif
 }
 
 PrivateCups::PrivateCups() {
@@ -151,10 +221,10 @@ PrivateCups::PrivateCups() {
     qunsetenv("PRINTER"); // both would name another default printer
     qunsetenv("LPDEST");
     QDir folder(path({}));
-    for (const char* name : {"state", "tmp"}) {
+    for (const char* name : {"state", "tmp", "ppd"}) {
         folder.mkpath(QString::fromLatin1(name));
     }
-    for (const Queue queue : {Queue::DEFAULT, Queue::OTHER, Queue::NONE}) {
+    for (const Queue queue : {Queue::DEFAULT, Queue::OTHER, Queue::NONE, Queue::BORDERS}) {
         for (const char* name : {"/cache", "/spool"}) {
             folder.mkpath(QString::fromLatin1(namesOf(queue).folder) + QString::fromLatin1(name));
         }
@@ -177,6 +247,36 @@ void PrivateCups::writeConfiguration() const {
     write(path(QStringLiteral("cupsd.conf")), QString::fromLatin1(CUPSD_CONF).arg(folder));
     write(path(QStringLiteral("printers.conf")),
           printer.isEmpty() ? QString() : QString::fromLatin1(PRINTERS_CONF).arg(printer));
+    QFile::remove(path(QStringLiteral("ppd/Randdrucker.ppd")));
+    if (queue_ == Queue::BORDERS) {
+        write(path(QStringLiteral("ppd/Randdrucker.ppd")), QString::fromLatin1(BORDERS_PPD));
+    }
+}
+
+QString PrivateCups::printer() const { return QString::fromLatin1(namesOf(queue_).printer); }
+
+void PrivateCups::reject(const QString& reason) const {
+    outputOf(QStringLiteral("cupsreject"), {QStringLiteral("-r"), reason, printer()});
+}
+
+void PrivateCups::halt(const QString& reason) const {
+    outputOf(QStringLiteral("cupsdisable"), {QStringLiteral("-r"), reason, printer()});
+}
+
+void PrivateCups::resume() const {
+    outputOf(QStringLiteral("cupsaccept"), {printer()});
+    outputOf(QStringLiteral("cupsenable"), {printer()});
+}
+
+void PrivateCups::hang() {
+    kill();
+    const sockaddr_un address = addressOf(folder_.at("socket"));
+    silentSocket_ = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    constexpr int CALLS = 50;
+    if (::bind(silentSocket_, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0 ||
+        ::listen(silentSocket_, CALLS) != 0) {
+        throw std::runtime_error("no socket to be silent on");
+    }
 }
 
 void PrivateCups::start(Queue queue) {
@@ -207,6 +307,9 @@ void PrivateCups::end(void (QProcess::*how)()) {
             scheduler_.waitForFinished(PATIENCE);
         }
     }
+    if (silentSocket_ >= 0) {
+        ::close(std::exchange(silentSocket_, -1));
+    }
     QFile::remove(path(QStringLiteral("socket"))); // a killed one leaves it behind
 }
 
@@ -226,5 +329,34 @@ std::vector<QString> PrivateCups::documents() const {
 }
 
 std::size_t PrivateCups::openJobs() const { return jobs("not-completed").size(); }
+
+std::size_t PrivateCups::allJobs() const { return jobs("all").size(); }
+
+std::map<QString, QString> PrivateCups::newestJob() const {
+    std::map<QString, QString> found;
+    const std::vector<int> numbers = jobs("all");
+    if (numbers.empty()) {
+        return found;
+    }
+    [[maybe_unused]] const QString file = path(QStringLiteral("%1/spool/c%2")
+                                                   .arg(QString::fromLatin1(namesOf(queue_).folder))
+                                                   .arg(numbers.back(), 5, 10, QLatin1Char('0')));
+#ifdef KELVRUM_CUPS
+    const int handle = ::open(QFile::encodeName(file).constData(), O_RDONLY);
+    ipp_t* job = ippNew();
+    ippReadFile(handle, job);
+    ::close(handle);
+    for (ipp_attribute_t* one = ippFirstAttribute(job); one != nullptr; one = ippNextAttribute(job)) {
+        if (ippGetName(one) != nullptr) {
+            std::string value(ippAttributeString(one, nullptr, 0) + 1, '\0');
+            ippAttributeString(one, value.data(), value.size());
+            value.pop_back();
+            found[QString::fromUtf8(ippGetName(one))] = QString::fromStdString(value);
+        }
+    }
+    ippDelete(job);
+#endif
+    return found;
+}
 
 } // namespace kelvrum::testing

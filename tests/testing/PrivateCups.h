@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QStringList>
 #include <cstddef>
+#include <map>
 #include <vector>
 
 namespace kelvrum::testing {
@@ -24,6 +25,7 @@ class PrivateCups {
         DEFAULT, // there is one printer, "Testdrucker"
         OTHER,   // there is one printer, "Ersatzdrucker"
         NONE,    // there is no printer
+        BORDERS, // there is one printer, "Randdrucker", which cannot print at the edges of its sheets
     };
 
     /// Whether the scheduler and the readers of its documents are installed.
@@ -43,6 +45,15 @@ class PrivateCups {
     void stop() { end(&QProcess::terminate); }
     void kill() { end(&QProcess::kill); }
 
+    /// From now on the printer takes no jobs, or takes them and prints none, for a reason; or does both
+    /// again.
+    void reject(const QString& reason) const;
+    void halt(const QString& reason) const;
+    void resume() const;
+
+    /// Ends the scheduler; in its place there is a socket from now on which takes calls and never answers.
+    void hang();
+
     /// The paths of the documents of all jobs that the queue has printed, oldest first. Waits for jobs under
     /// way; throws std::runtime_error when one does not end. The scheduler must run.
     [[nodiscard]] std::vector<QString> documents() const;
@@ -50,14 +61,22 @@ class PrivateCups {
     /// The number of jobs that are neither printed nor cancelled. The scheduler must run.
     [[nodiscard]] std::size_t openJobs() const;
 
+    /// The number of all jobs that the scheduler knows, whatever became of them.
+    [[nodiscard]] std::size_t allJobs() const;
+
+    /// What the scheduler keeps of its newest job: names of attributes and their values.
+    [[nodiscard]] std::map<QString, QString> newestJob() const;
+
   private:
     void writeConfiguration() const;
+    [[nodiscard]] QString printer() const;
     void end(void (QProcess::*how)());
     [[nodiscard]] QString path(const QString& name) const;
 
     TempFolder folder_;
     QProcess scheduler_;
     Queue queue_ = Queue::DEFAULT;
+    int silentSocket_ = -1; // listens while `hang` is in force
 };
 
 } // namespace kelvrum::testing

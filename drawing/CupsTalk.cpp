@@ -1,0 +1,325 @@
+#include "drawing/CupsTalk.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <cups/cups.h>
+#include <filesystem>
+#include <fstream>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <thread>
+
+namespace kelvrum {
+
+namespace {
+
+using Fate = QueueAnswer::Fate;
+using Clock = std::chrono::steady_clock;
+
+constexpr int CONNECT_PATIENCE = 10'000;                 // milliseconds
+constexpr double TALK_PATIENCE = 10;                     // seconds without a byte
+constexpr auto PRINT_PATIENCE = std::chrono::seconds(3); // with a healthy queue that has not printed yet
+constexpr auto ASK_AGAIN = std::chrono::milliseconds(50);
+
+struct CloseConnection {
+    void operator()(http_t* http) const { httpClose(http); }
+};
+struct DropMessage {
+    void operator()(ipp_t* message) const { ippDelete(message); }
+};
+using Connection = std::unique_ptr<http_t, CloseConnection>;
+using Message = std::unique_ptr<ipp_t, DropMessage>;
+
+/// The options of a job as CUPS keeps them.
+class Options {
+  public:
+    explicit Options(const QueueJob& job) {
+        for (const auto& [name, value] : job.options) {
+            count_ = cupsAddOption(name.c_str(), value.c_str(), count_, &list_);
+        }
+    }
+    Options(const Options&) = delete;
+    Options& operator=(const Options&) = delete;
+    ~Options() { cupsFreeOptions(count_, list_); }
+    void encode(ipp_t* request) const {
+        cupsEncodeOptions2(request, count_, list_, IPP_TAG_OPERATION);
+        cupsEncodeOptions2(request, count_, list_, IPP_TAG_JOB);
+    }
+
+  private:
+    int count_ = 0;
+    cups_option_t* list_ = nullptr;
+};
+
+/// No password is asked for: this thread has no window, and the default would ask on a terminal.
+const char* noPassword(const char*, http_t*, const char*, const char*, void*) { return nullptr; }
+
+/// Ends a wait.
+int giveUp(http_t*, void*) { return 0; }
+
+/// Connects to the print system; nothing when there is none.
+Connection connect() {
+    cupsSetPasswordCB2(noPassword, nullptr);
+    Connection http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
+                                 CONNECT_PATIENCE, nullptr));
+    if (http) {
+        httpSetTimeout(http.get(), TALK_PATIENCE, giveUp, nullptr);
+    }
+    return http;
+}
+
+/// Whether the last exchange ended because nothing came.
+bool wasSilent(http_t* http) {
+    const int error = httpError(http);
+    return error == EWOULDBLOCK || error == EAGAIN || error == ETIMEDOUT ||
+           cupsLastError() == IPP_STATUS_ERROR_TIMEOUT;
+}
+
+QueueAnswer lost(http_t* http) { return {wasSilent(http) ? Fate::silent : Fate::unreachable, 0, {}}; }
+
+Message newRequest(ipp_op_t operation, const std::string& queue) {
+    Message request(ippNewRequest(operation));
+    std::array<char, HTTP_MAX_URI> uri{};
+    httpAssembleURIf(HTTP_URI_CODING_ALL, uri.data(), static_cast<int>(uri.size()), "ipp", nullptr,
+                     "localhost", 0, "/printers/%s", queue.c_str());
+    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.data());
+    return request;
+}
+
+void addUser(ipp_t* request) {
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr, cupsUser());
+}
+
+/// All values of a text attribute; empty when the message has none.
+std::string textOf(ipp_t* message, const char* name) {
+    ipp_attribute_t* found = ippFindAttribute(message, name, IPP_TAG_ZERO);
+    std::string text;
+    for (int i = 0; found != nullptr && i < ippGetCount(found); ++i) {
+        const char* value = ippGetString(found, i, nullptr);
+        const std::string part = value != nullptr ? value : "";
+        if (!part.empty() && part != "none" && part != "job-printing" &&
+            text.find(part) == std::string::npos) {
+            text += (text.empty() ? "" : ", ") + part;
+        }
+    }
+    return text;
+}
+
+int numberOf(ipp_t* message, const char* name) {
+    ipp_attribute_t* found = ippFindAttribute(message, name, IPP_TAG_ZERO);
+    return found != nullptr ? ippGetInteger(found, 0) : 0;
+}
+
+/// The first of several texts that says anything.
+std::string firstOf(ipp_t* message, std::initializer_list<const char*> names) {
+    for (const char* name : names) {
+        if (std::string text = textOf(message, name); !text.empty()) {
+            return text;
+        }
+    }
+    return {};
+}
+
+Message ask(http_t* http, Message request, std::initializer_list<const char*> wanted) {
+    addUser(request.get());
+    std::vector<const char*> names(wanted);
+    ippAddStrings(request.get(), IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes",
+                  static_cast<int>(names.size()), nullptr, names.data());
+    return Message(cupsDoRequest(http, request.release(), "/")); // the request is theirs to delete
+}
+
+// --- sending ---
+
+/// The request head and the document; nothing when the connection failed or the job was withdrawn.
+Message sendOnce(http_t* http, const QueueJob& job, std::ifstream& file, std::uintmax_t size,
+                 TalkProgress& progress) {
+    Message request = newRequest(IPP_OP_PRINT_JOB, job.queue);
+    addUser(request.get());
+    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr, job.title.c_str());
+    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_MIMETYPE, "document-format", nullptr,
+                 "application/pdf");
+    Options(job).encode(request.get());
+
+    const std::string resource = "/printers/" + job.queue;
+    const std::size_t length = ippLength(request.get()) + static_cast<std::size_t>(size);
+    http_status_t status = cupsSendRequest(http, request.get(), resource.c_str(), length);
+    file.clear();
+    file.seekg(0);
+    std::vector<char> piece(std::size_t{1} << 16U);
+    std::uintmax_t sent = 0;
+    while (status == HTTP_STATUS_CONTINUE && sent < size && !progress.withdrawn) {
+        file.read(piece.data(), static_cast<std::streamsize>(piece.size()));
+        const auto count = static_cast<std::size_t>(file.gcount());
+        if (count == 0) {
+            return {}; // shorter than it was: the queue does not get the whole request and drops it
+        }
+        status = cupsWriteRequestData(http, piece.data(), count);
+        sent += count;
+        progress.sent = static_cast<double>(sent) / static_cast<double>(size);
+        ++progress.changes;
+    }
+    if (progress.withdrawn || status == HTTP_STATUS_ERROR) {
+        return {};
+    }
+    return Message(cupsGetResponse(http, resource.c_str()));
+}
+
+/// Sends until no further login is wanted.
+Message send(http_t* http, const QueueJob& job, std::ifstream& file, std::uintmax_t size,
+             TalkProgress& progress) {
+    constexpr int LOGINS = 3;
+    Message answer;
+    for (int i = 0; i < LOGINS && !answer && !progress.withdrawn; ++i) {
+        answer = sendOnce(http, job, file, size, progress);
+        if (httpGetStatus(http) != HTTP_STATUS_UNAUTHORIZED) {
+            break;
+        }
+    }
+    return answer;
+}
+
+/// A printer that announces itself on the network gets its queue only when it is looked at.
+bool makeTemporaryQueue(http_t* http, const std::string& name) {
+    cups_dest_t* dest = cupsGetNamedDest(http, name.c_str(), nullptr);
+    if (dest == nullptr) {
+        return false;
+    }
+    cups_dinfo_t* info = cupsCopyDestInfo(http, dest);
+    cupsFreeDestInfo(info);
+    cupsFreeDests(1, dest);
+    return info != nullptr;
+}
+
+// --- the fate ---
+
+/// What the queue itself says of its state.
+struct QueueState {
+    bool stopped = false;
+    bool refuses = false;
+    std::string words;
+};
+
+QueueState stateOf(http_t* http, const std::string& queue) {
+    const Message answer =
+        ask(http, newRequest(IPP_OP_GET_PRINTER_ATTRIBUTES, queue),
+            {"printer-state", "printer-state-message", "printer-state-reasons", "printer-is-accepting-jobs"});
+    if (!answer) {
+        return {};
+    }
+    ipp_attribute_t* accepting = ippFindAttribute(answer.get(), "printer-is-accepting-jobs", IPP_TAG_BOOLEAN);
+    return {numberOf(answer.get(), "printer-state") == IPP_PSTATE_STOPPED,
+            accepting != nullptr && ippGetBoolean(accepting, 0) == 0,
+            firstOf(answer.get(), {"printer-state-message", "printer-state-reasons"})};
+}
+
+/// The fate of a job so far; nothing while it waits or prints on a healthy queue.
+std::optional<QueueAnswer> fateNow(http_t* http, const std::string& queue, int number) {
+    Message request = newRequest(IPP_OP_GET_JOB_ATTRIBUTES, queue);
+    ippAddInteger(request.get(), IPP_TAG_OPERATION, IPP_TAG_INTEGER, "job-id", number);
+    const Message answer =
+        ask(http, std::move(request),
+            {"job-state", "job-state-message", "job-printer-state-message", "job-state-reasons"});
+    if (cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND || cupsLastError() == IPP_STATUS_ERROR_GONE) {
+        return QueueAnswer{Fate::printed, number, {}}; // accepted, and off the list since
+    }
+    if (!answer || cupsLastError() > IPP_STATUS_OK_EVENTS_COMPLETE) {
+        QueueAnswer unknown = lost(http);
+        unknown.number = number;
+        return unknown;
+    }
+    const int state = numberOf(answer.get(), "job-state");
+    const auto words = [&] {
+        std::string own = firstOf(answer.get(), {"job-state-message", "job-printer-state-message"});
+        return own.empty() ? textOf(answer.get(), "job-state-reasons") : own;
+    };
+    if (state == IPP_JSTATE_COMPLETED) {
+        return QueueAnswer{Fate::printed, number, {}};
+    }
+    if (state == IPP_JSTATE_CANCELED || state == IPP_JSTATE_ABORTED) {
+        return QueueAnswer{Fate::cancelled, number, words()};
+    }
+    const QueueState printer = stateOf(http, queue);
+    if (printer.stopped || state == IPP_JSTATE_STOPPED) {
+        return QueueAnswer{Fate::stopped, number, printer.words.empty() ? words() : printer.words};
+    }
+    if (state == IPP_JSTATE_HELD) {
+        return QueueAnswer{Fate::accepted, number, {}};
+    }
+    return std::nullopt;
+}
+
+QueueAnswer awaitFate(http_t* http, const std::string& queue, int number, TalkProgress& progress) {
+    const auto end = Clock::now() + PRINT_PATIENCE;
+    while (true) {
+        if (auto fate = fateNow(http, queue, number)) {
+            return *fate;
+        }
+        ++progress.changes;
+        if (progress.withdrawn) {
+            cupsCancelJob2(http, queue.c_str(), number, 0);
+            return {Fate::withdrawn, number, {}};
+        }
+        if (Clock::now() > end) {
+            return {Fate::accepted, number, {}};
+        }
+        std::this_thread::sleep_for(ASK_AGAIN);
+    }
+}
+
+/// The queue's own words for a refusal.
+std::string refusalWords(http_t* http, const std::string& queue, ipp_t* answer) {
+    std::string words = textOf(answer, "status-message");
+    if (words.empty() && cupsLastErrorString() != nullptr) {
+        words = cupsLastErrorString();
+    }
+    const QueueState state = stateOf(http, queue);
+    if (state.refuses && !state.words.empty() && words.find(state.words) == std::string::npos) {
+        words += (words.empty() ? "" : " ") + state.words;
+    }
+    return words;
+}
+
+} // namespace
+
+QueueAnswer cupsProbe(TalkProgress& /*progress*/) {
+    const Connection http = connect();
+    if (!http) {
+        return {Fate::accepted, 0, {}};
+    }
+    Message request(ippNewRequest(IPP_OP_CUPS_GET_DEFAULT));
+    const Message answer = ask(http.get(), std::move(request), {"printer-name"});
+    return {!answer && wasSilent(http.get()) ? Fate::silent : Fate::accepted, 0, {}};
+}
+
+QueueAnswer cupsPrint(const QueueJob& job, TalkProgress& progress) {
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(job.document, error);
+    std::ifstream file(job.document, std::ios::binary);
+    const Connection http = !error && file ? connect() : nullptr;
+    if (!http) {
+        return {Fate::unreachable, 0, {}};
+    }
+    Message answer = send(http.get(), job, file, size, progress);
+    if (answer && ippGetStatusCode(answer.get()) == IPP_STATUS_ERROR_NOT_FOUND &&
+        makeTemporaryQueue(http.get(), job.queue)) {
+        answer = send(http.get(), job, file, size, progress);
+    }
+    if (answer && ippGetStatusCode(answer.get()) == IPP_STATUS_ERROR_NOT_FOUND) {
+        return {Fate::unreachable, 0, {}};
+    }
+    if (!answer) {
+        return progress.withdrawn ? QueueAnswer{Fate::withdrawn, 0, {}} : lost(http.get());
+    }
+    const int number = numberOf(answer.get(), "job-id");
+    if (number == 0 || ippGetStatusCode(answer.get()) > IPP_STATUS_OK_EVENTS_COMPLETE) {
+        return {Fate::refused, 0, refusalWords(http.get(), job.queue, answer.get())};
+    }
+    ++progress.changes;
+    return awaitFate(http.get(), job.queue, number, progress);
+}
+
+} // namespace kelvrum

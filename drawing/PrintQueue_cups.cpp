@@ -1,0 +1,85 @@
+#include "drawing/PrintQueue.h"
+
+#include "drawing/CupsTalk.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+
+namespace kelvrum {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr auto PATIENCE = std::chrono::seconds(10);  // with a print system that makes no progress
+constexpr auto WITHDRAWAL = std::chrono::seconds(1); // in which a withdrawn job may still answer
+constexpr auto STEP = std::chrono::milliseconds(20);
+
+/// What caller and helper thread share. It outlives a caller that has given up.
+struct Exchange {
+    TalkProgress progress;
+    std::mutex mutex;
+    std::condition_variable done;
+    std::optional<QueueAnswer> answer;
+};
+
+/// Waits for an answer, at most STEP long.
+std::optional<QueueAnswer> awaitAnswer(Exchange& exchange) {
+    std::unique_lock lock(exchange.mutex);
+    exchange.done.wait_for(lock, STEP, [&] { return exchange.answer.has_value(); });
+    return exchange.answer;
+}
+
+/// Runs `talk` in a thread of its own, which ends by itself when the caller gives up.
+template<typename Talk>
+QueueAnswer runBeside(Talk talk, const QueueStep& step) {
+    const auto exchange = std::make_shared<Exchange>();
+    std::thread([exchange, talk] {
+        QueueAnswer answer = talk(exchange->progress);
+        const std::lock_guard lock(exchange->mutex);
+        exchange->answer = std::move(answer);
+        exchange->done.notify_all();
+    }).detach();
+
+    auto lastChange = Clock::now();
+    auto changes = exchange->progress.changes.load();
+    std::optional<Clock::time_point> withdrawn;
+    while (true) {
+        if (const auto answer = awaitAnswer(*exchange)) {
+            return *answer;
+        }
+        if (const auto now = exchange->progress.changes.load(); now != changes) {
+            changes = now;
+            lastChange = Clock::now();
+        }
+        if (withdrawn && Clock::now() > *withdrawn + WITHDRAWAL) {
+            return {QueueAnswer::Fate::withdrawn, 0, {}}; // the thread cancels what may still become a job
+        }
+        if (!withdrawn && Clock::now() - lastChange > PATIENCE) {
+            exchange->progress.withdrawn = true; // what still comes of it is not wanted
+            return {};
+        }
+        if (!withdrawn && step && !step(exchange->progress.sent)) {
+            exchange->progress.withdrawn = true;
+            withdrawn = Clock::now();
+        }
+    }
+}
+
+} // namespace
+
+bool PrintQueue::isSupported() { return true; }
+
+QueueAnswer PrintQueue::probe(const QueueStep& step) {
+    return runBeside([](TalkProgress& progress) { return cupsProbe(progress); }, step);
+}
+
+QueueAnswer PrintQueue::print(const QueueJob& job, const QueueStep& step) {
+    return runBeside([job](TalkProgress& progress) { return cupsPrint(job, progress); }, step);
+}
+
+} // namespace kelvrum

@@ -1,0 +1,12 @@
+// Without CUPS the toolkit's printer sends its document itself.
+#include "drawing/PrintQueue.h"
+
+namespace kelvrum {
+
+bool PrintQueue::isSupported() { return false; }
+
+QueueAnswer PrintQueue::probe(const QueueStep& /*step*/) { return {QueueAnswer::Fate::accepted, 0, {}}; }
+
+QueueAnswer PrintQueue::print(const QueueJob& /*job*/, const QueueStep& /*step*/) { return {}; }
+
+} // namespace kelvrum

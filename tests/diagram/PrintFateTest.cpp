@@ -1,0 +1,360 @@
+// What becomes of a print job: whole or not at all, on a queue that takes it, refuses it, is stopped, dies or
+// does not answer, and as a PDF file.
+#include "tests/diagram/PrintedDiagram.h"
+
+#include <QDir>
+#include <QFile>
+#include <QPrinter>
+#include <QTemporaryDir>
+#include <QTest>
+#include <exception>
+#include <memory>
+#include <string>
+
+#ifdef __linux__
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
+namespace kelvrum {
+namespace {
+
+using kelvrum::testing::PrintedDiagram;
+using kelvrum::testing::printedPages;
+using kelvrum::testing::PrivateCups;
+
+using Queue = PrivateCups::Queue;
+using Stage = PrintProgress::Stage;
+
+constexpr const char* UNREACHABLE =
+    "Der Drucker ist nicht erreichbar. Bitte prüfen Sie, ob er eingeschaltet und eingerichtet ist.";
+constexpr const char* NO_ANSWER =
+    "Das Drucksystem antwortet nicht. Bitte versuchen Sie es später noch einmal.";
+const QString WORDS = QStringLiteral("Papier wird gewechselt");
+
+/// What the end of a job says; nothing when all is well.
+QString failure(PrintJob& job) {
+    try {
+        job.end();
+    } catch (const std::exception& error) {
+        return QString::fromUtf8(error.what());
+    }
+    return {};
+}
+
+QStringList temporaryFiles() {
+    return QDir(QDir::tempPath()).entryList({QStringLiteral("kelvrum-*.pdf")}, QDir::Files);
+}
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Sends the job into a file, as the printer dialog does.
+void chooseFile(PrintJob& job, const QString& path) {
+    job.setUp([&path](QPrinter& printer) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(path);
+        return true;
+    });
+}
+
+} // namespace
+
+class PrintFateTest : public QObject {
+    Q_OBJECT
+
+  private:
+    std::unique_ptr<PrivateCups> cups_;
+    std::size_t before_ = 0;
+    QStringList filesBefore_;
+
+    [[nodiscard]] std::size_t newJobs() const { return cups_->allJobs() - before_; }
+
+  private Q_SLOTS:
+    void initTestCase() {
+        if (!PrivateCups::isInstalled()) {
+            QSKIP("There is no print scheduler here.");
+        }
+        cups_ = std::make_unique<PrivateCups>();
+    }
+    void init() {
+        try {
+            cups_->start();
+            cups_->resume();
+            before_ = cups_->allJobs();
+            filesBefore_ = temporaryFiles();
+        } catch (const std::exception& error) {
+            QFAIL(error.what());
+        }
+    }
+    void cleanup() {
+        seriesTable().clear();
+        if (cups_) {
+            QCOMPARE(temporaryFiles(), filesBefore_);
+        }
+    }
+    void cleanupTestCase() { cups_.reset(); }
+
+    // --- the queue's answer ---
+
+    void aPrintedJobSaysNothing() {
+        PrintedDiagram diagram;
+        diagram.print(false);
+        QCOMPARE(failure(diagram.job), QString());
+        QCOMPARE(newJobs(), std::size_t(1));
+        QCOMPARE(diagram.job.receipt().pages, std::size_t(1));
+        QCOMPARE(diagram.job.receipt().place, QStringLiteral("an den Drucker „Testdrucker“"));
+    }
+
+    void aQueueThatRefusesSaysWhy() {
+        PrintedDiagram diagram;
+        diagram.print(false);
+        cups_->reject(WORDS);
+        const QString said = failure(diagram.job);
+        QVERIFY2(said.startsWith(
+                     QStringLiteral("Der Druckauftrag wurde vom Drucker „Testdrucker“ nicht angenommen: ")),
+                 qPrintable(said));
+        QVERIFY2(said.contains(WORDS), qPrintable(said));
+        QVERIFY(!diagram.job.isOpen());
+        QCOMPARE(newJobs(), std::size_t(0));
+        cups_->resume();
+        diagram.print(true);
+        QCOMPARE(newJobs(), std::size_t(1));
+    }
+
+    void aStoppedQueueSaysWhy() {
+        PrintedDiagram diagram;
+        diagram.print(false);
+        cups_->halt(WORDS);
+        const QString said = failure(diagram.job);
+        QVERIFY2(said.startsWith(QStringLiteral("Der Drucker „Testdrucker“ ist angehalten: ") + WORDS),
+                 qPrintable(said));
+        QCOMPARE(newJobs(), std::size_t(1)); // it waits
+        cups_->resume();
+        QCOMPARE(cups_->documents().size(), before_ + 1);
+    }
+
+    void aSchedulerThatDiesWhileItReceivesPrintsNothing() {
+        PrintedDiagram diagram;
+        diagram.print(false);
+        diagram.job.setStep([this](const PrintProgress& progress) {
+            if (progress.stage == Stage::making) {
+                cups_->kill(); // after the last question, before the first byte
+            }
+            return true;
+        });
+        QCOMPARE(failure(diagram.job), QString::fromUtf8(UNREACHABLE));
+        diagram.job.setStep({});
+        cups_->start();
+        QCOMPARE(newJobs(), std::size_t(0));
+        diagram.print(true);
+        QCOMPARE(newJobs(), std::size_t(1));
+    }
+
+    void aSchedulerThatDoesNotAnswerIsGivenUp_data() {
+        QTest::addColumn<bool>("early");
+        QTest::newRow("from the start") << true;
+        QTest::newRow("when the document is sent") << false;
+    }
+    void aSchedulerThatDoesNotAnswerIsGivenUp() {
+        QFETCH(bool, early);
+        PrintedDiagram diagram;
+        int steps = 0;
+        if (early) {
+            cups_->hang();
+            diagram.job.setStep([&](const PrintProgress&) { return ++steps > 0; });
+            QVERIFY_THROWS_EXCEPTION(PrintError, std::ignore = diagram.job.hasPrinter());
+        } else {
+            diagram.print(false);
+            cups_->hang();
+            diagram.job.setStep([&](const PrintProgress&) { return ++steps > 0; });
+            QCOMPARE(failure(diagram.job), QString::fromUtf8(NO_ANSWER));
+        }
+        QVERIFY(steps > 50); // events have run meanwhile
+        QVERIFY(!diagram.job.isOpen());
+        diagram.job.setStep({});
+        cups_->start();
+        QCOMPARE(newJobs(), std::size_t(0));
+        diagram.print(true);
+        QCOMPARE(newJobs(), std::size_t(1));
+    }
+
+    // --- cancelling ---
+
+    void aCancelledJobLeavesNothing_data() {
+        QTest::addColumn<int>("stage");
+        QTest::addColumn<bool>("hanging");
+        QTest::newRow("while pages are made") << int(Stage::making) << false;
+        QTest::newRow("while it is sent") << int(Stage::sending) << true;
+    }
+    void aCancelledJobLeavesNothing() {
+        QFETCH(int, stage);
+        QFETCH(bool, hanging);
+        PrintedDiagram diagram;
+        diagram.print(false);
+        diagram.print(false);
+        if (hanging) {
+            cups_->hang();
+        }
+        diagram.job.setStep([stage](const PrintProgress& progress) { return int(progress.stage) != stage; });
+        QVERIFY_THROWS_EXCEPTION(PrintCancelled, diagram.job.end());
+        QVERIFY(!diagram.job.isOpen());
+        diagram.job.setStep({});
+        cups_->start();
+        QCOMPARE(newJobs(), std::size_t(0));
+    }
+
+    // --- what the queue is told ---
+
+    void theQueueGetsNameAndChoices() {
+        cups_->start(Queue::BORDERS); // its description has sides and sources
+        PrintedDiagram diagram;
+        diagram.job.setName("Kläranlage Nord – Staub PM10 – 18.06.2026");
+        diagram.job.setUp([](QPrinter& printer) {
+            printer.setCopyCount(3);
+            printer.setCollateCopies(false);
+            printer.setDuplex(QPrinter::DuplexShortSide);
+            printer.setColorMode(QPrinter::GrayScale);
+            printer.setPageSize(QPageSize(QPageSize::A5));
+            printer.setPaperSource(QPrinter::Lower);
+            return true;
+        });
+        diagram.print(true);
+        const auto job = cups_->newestJob();
+        const auto is = [&job](const char* name, const char* value) {
+            const auto found = job.find(QString::fromUtf8(name));
+            const QString text = found != job.end() ? found->second : QStringLiteral("nothing");
+            if (text != QString::fromUtf8(value)) {
+                qWarning("%s: %s", name, qPrintable(text));
+            }
+            return text == QString::fromUtf8(value);
+        };
+        QVERIFY(is("job-name", "Kläranlage Nord – Staub PM10 – 18.06.2026"));
+        QVERIFY(is("copies", "3"));
+        QVERIFY(is("Collate", "false"));
+        QVERIFY(is("sides", "two-sided-short-edge"));
+        QVERIFY(is("print-color-mode", "monochrome"));
+        QVERIFY(is("media", "A5"));
+        QVERIFY(is("InputSlot", "Lower"));
+        const QImage page = testing::picturedPage(cups_->documents().back(), 0, 5);
+        for (int y = 0; y < page.height(); ++y) {
+            for (int x = 0; x < page.width(); ++x) {
+                const QRgb dot = page.pixel(x, y);
+                QVERIFY(qRed(dot) == qGreen(dot) && qGreen(dot) == qBlue(dot));
+            }
+        }
+    }
+
+    // --- files ---
+
+    void aFileCountsAsAPrinter() {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("Bericht.pdf"));
+        cups_->stop();
+        PrintedDiagram diagram;
+        QVERIFY(!diagram.job.hasPrinter());
+        chooseFile(diagram.job, path);
+        QVERIFY(diagram.job.hasPrinter());
+        QVERIFY(!diagram.job.needsFile());
+        diagram.print(false);
+        diagram.print(true);
+        QCOMPARE(printedPages(path).size(), std::size_t(2));
+        QVERIFY(diagram.job.hasPrinter());
+        QVERIFY(diagram.job.needsFile()); // each further job asks again
+        diagram.job.setName("Staub 1/2");
+        QCOMPARE(diagram.job.proposedFile(), folder.filePath(QStringLiteral("Staub 1_2.pdf")));
+        const QString other = folder.filePath(QStringLiteral("Anderer.pdf"));
+        diagram.job.setFile(other);
+        diagram.print(true);
+        QCOMPARE(printedPages(other).size(), std::size_t(1));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 2);
+        QCOMPARE(diagram.job.receipt().place, QStringLiteral("in die Datei „%1“").arg(other));
+        cups_->start();
+    }
+
+    void aFileIsReplacedAsAWhole_data() {
+        QTest::addColumn<bool>("cancelled");
+        QTest::newRow("cancelled") << true;
+        QTest::newRow("printed") << false;
+    }
+    void aFileIsReplacedAsAWhole() {
+        QFETCH(bool, cancelled);
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("Bericht.pdf"));
+        const QByteArray old("the report of last year");
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(old) == old.size());
+        file.close();
+        PrintedDiagram diagram;
+        chooseFile(diagram.job, path);
+        diagram.print(false);
+        diagram.job.setStep([&](const PrintProgress&) {
+            if (contentOf(path) != old) {
+                qFatal("the old file is touched before the new one is complete");
+            }
+            return !cancelled;
+        });
+        failure(diagram.job);
+        QCOMPARE(contentOf(path) == old, cancelled);
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("Bericht.pdf")});
+    }
+
+    void whatCannotBeWrittenIsSaid_data() {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("a full device")
+            << QStringLiteral("/dev/full") << QStringLiteral("No space left on device");
+        QTest::newRow("no such folder")
+            << QStringLiteral("/nirgends/Bericht.pdf") << QStringLiteral("No such file or directory");
+        QTest::newRow("a folder") << QStringLiteral("/tmp") << QStringLiteral("Is a directory");
+    }
+    void whatCannotBeWrittenIsSaid() {
+        QFETCH(QString, path);
+        QFETCH(QString, reason);
+        PrintedDiagram diagram;
+        chooseFile(diagram.job, path);
+        diagram.print(false);
+        QCOMPARE(failure(diagram.job),
+                 QStringLiteral("Die Datei „%1“ konnte nicht geschrieben werden: %2.").arg(path, reason));
+        QVERIFY(!diagram.job.isOpen());
+        QVERIFY(QFileInfo::exists(QStringLiteral("/dev/full")));
+    }
+
+    /// The document of a queue has no room either.
+    void noRoomForTheDocumentIsSaid() {
+#ifdef __linux__
+        PrintedDiagram diagram;
+        diagram.print(false);
+        rlimit before{};
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit small{1000, before.rlim_max};
+        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+        setrlimit(RLIMIT_FSIZE, &small);
+        const QString said = failure(diagram.job);
+        setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, handler);
+        QVERIFY2(said.endsWith(QStringLiteral("konnte nicht geschrieben werden: File too large.")),
+                 qPrintable(said));
+        QCOMPARE(newJobs(), std::size_t(0));
+#endif
+    }
+
+    void noFolderForTheDocumentIsSaid() {
+        PrintedDiagram diagram;
+        diagram.print(false);
+        const QByteArray before = qgetenv("TMPDIR");
+        qputenv("TMPDIR", "/nirgends");
+        const QString said = failure(diagram.job);
+        before.isEmpty() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
+        QVERIFY2(said.endsWith(QStringLiteral(": Es gibt keinen Ordner für vorläufige Dateien.")),
+                 qPrintable(said));
+        QCOMPARE(newJobs(), std::size_t(0));
+    }
+};
+
+} // namespace kelvrum
+
+QTEST_MAIN(kelvrum::PrintFateTest)
+#include "PrintFateTest.moc"
