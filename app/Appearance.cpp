@@ -21,6 +21,7 @@ QIcon programIcon() {
 
 void introduce(QGuiApplication& application) {
     QCoreApplication::setApplicationName(QStringLiteral("kelvrum"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(KELVRUM_VERSION));
     // The name of the desktop entry: the desktop finds the window's entry and icon by it.
     QGuiApplication::setDesktopFileName(QStringLiteral("org.kelvrum.Kelvrum"));
     QGuiApplication::setWindowIcon(programIcon());

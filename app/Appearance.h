@@ -10,8 +10,8 @@ namespace kelvrum {
 /// The icon of the program in the sizes of a desktop, from the program itself.
 QIcon programIcon();
 
-/// Names the application to the desktop and to the folder of the user's data, gives all windows the icon and
-/// lets Qt speak German.
+/// Names the application and its version to the desktop and to the folder of the user's data, gives all
+/// windows the icon and lets Qt speak German.
 void introduce(QGuiApplication& application);
 
 /// Qt's own texts (file dialogs, message boxes, the printer's set-up) become German, whatever the locale is:

@@ -264,6 +264,7 @@ class f_start_test : public QObject {
     void namedToTheDesktop() {
         introduce(*qGuiApp);
         QCOMPARE(QCoreApplication::applicationName(), QStringLiteral("kelvrum"));
+        QCOMPARE(QCoreApplication::applicationVersion(), QStringLiteral(KELVRUM_VERSION));
         QCOMPARE(QGuiApplication::desktopFileName(), QStringLiteral("org.kelvrum.Kelvrum"));
         const QIcon icon = QGuiApplication::windowIcon();
         for (const int size : {16, 32, 48, 128, 256}) {

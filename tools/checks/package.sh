@@ -7,6 +7,7 @@ cd -P "$(dirname "$0")/../.."
 . tools/checks/freshroot.sh
 
 PACKAGE_FOLDER=build/package
+DOCUMENTS=build/release/packaging # with the version
 
 build_package() {
     use_preset release
@@ -22,8 +23,15 @@ validate() {
     fi
     lintian --fail-on error,warning --allow-root "$PACKAGE_FOLDER"/*.deb
     desktop-file-validate packaging/*.desktop
-    appstreamcli validate --no-net packaging/*.metainfo.xml
-    for page in packaging/kelvrum.1 packaging/de/kelvrum.1; do
+    appstreamcli validate --no-net $DOCUMENTS/*.metainfo.xml
+    version=$(dpkg-deb --field "$PACKAGE_FOLDER"/*.deb Version)
+    for document in $DOCUMENTS/*.metainfo.xml $DOCUMENTS/kelvrum.1 $DOCUMENTS/de/kelvrum.1 $DOCUMENTS/changelog; do
+        if ! grep -qwF "$version" "$document"; then
+            echo "$document does not name the version $version." >&2
+            return 1
+        fi
+    done
+    for page in $DOCUMENTS/kelvrum.1 $DOCUMENTS/de/kelvrum.1; do
         warnings=$(LC_ALL=C.UTF-8 man --warnings -E UTF-8 -l -Tutf8 -Z "$page" 2>&1 >/dev/null)
         if [ -n "$warnings" ]; then
             echo "$page: $warnings" >&2
