@@ -1,16 +1,9 @@
 #include "tests/app/WindowFixture.h"
 
-#include <QAbstractButton>
-#include <QAction>
-#include <QApplication>
-#include <QComboBox>
 #include <QDateEdit>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QLocale>
 #include <QSignalBlocker>
 #include <QTimeEdit>
-#include <QTimer>
 #include <cmath>
 #include <utility>
 
@@ -114,47 +107,7 @@ void WindowFixture::start() {
     window = std::make_unique<f>(environment);
     window->resize(1000, 700);
     window->Form_Load();
-    window->show();
-    window->activateWindow();
-    if (!QTest::qWaitForWindowExposed(window.get()) || !QTest::qWaitForWindowActive(window.get())) {
-        qFatal("the window does not show");
-    }
-}
-
-void WindowFixture::click(const char* button) const {
-    auto& control = the<QAbstractButton>(button);
-    QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(8, control.height() / 2));
-}
-
-void WindowFixture::chooseChannel(int row) const {
-    auto& list = the<QListWidget>("selChan");
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(row)).center());
-}
-
-void WindowFixture::chooseInterval(int row) const {
-    auto& box = the<QComboBox>("selInterval");
-    while (box.currentIndex() != row) {
-        QTest::keyClick(&box, box.currentIndex() < row ? Qt::Key_Down : Qt::Key_Up);
-    }
-}
-
-void WindowFixture::trigger(const char* action) const {
-    window->findChild<QAction*>(QString::fromUtf8(action))->trigger();
-}
-
-void WindowFixture::type(const char* box, const QString& text) const {
-    auto& field = the<QLineEdit>(box);
-    field.setFocus();
-    field.selectAll();
-    QTest::keyClick(&field, Qt::Key_Delete);
-    QTest::keyClicks(&field, text);
-}
-
-void WindowFixture::typePicker(const char* picker, const QString& text) const {
-    auto& field = the<QDateTimeEdit>(picker);
-    field.clearFocus();
-    field.setFocus(Qt::TabFocusReason);
-    QTest::keyClicks(&field, text);
+    driver().show();
 }
 
 void WindowFixture::arrange(const ShownRange& range, int interval) const {
@@ -179,25 +132,6 @@ ShownRange WindowFixture::shownRange() const {
         return the<QDateEdit>(date).text() + QLatin1Char(' ') + the<QTimeEdit>(time).text();
     };
     return {text("DTPicker", "DTPicker1"), text("DTPicker2", "DTPicker3")};
-}
-
-void WindowFixture::inWindowOf(const std::function<void()>& open,
-                               const std::function<void(QWidget&)>& act) const {
-    constexpr int LOOK_AGAIN = 10; // milliseconds
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-        QWidget* modal = QApplication::activeModalWidget();
-        if (modal != nullptr && modal->isVisible()) {
-            timer.stop();
-            act(*modal);
-            modal->close();
-        }
-    });
-    timer.start(LOOK_AGAIN);
-    open();
-    if (timer.isActive()) {
-        qFatal("no modal window opened");
-    }
 }
 
 } // namespace kelvrum::testing

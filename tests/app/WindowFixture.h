@@ -4,6 +4,7 @@
 #include "app/f.h"
 #include "tests/app/AnsweredDialogs.h"
 #include "tests/testing/TempFolder.h"
+#include "tests/testing/WindowDriver.h"
 
 #include <QDate>
 #include <QDateTime>
@@ -63,30 +64,23 @@ class WindowFixture {
     WindowFixture& operator=(const WindowFixture&) = delete;
     ~WindowFixture();
 
-    /// A control by its object name; the test ends when there is none.
+    [[nodiscard]] WindowDriver driver() const { return WindowDriver(*window); }
     template<typename Control>
     Control& the(const char* name) const {
-        auto* control = window->findChild<Control*>(QString::fromUtf8(name));
-        if (control == nullptr) {
-            qFatal("no control %s", name);
-        }
-        return *control;
+        return driver().the<Control>(name);
     }
-    void click(const char* button) const;
-    void chooseChannel(int row) const;
-    void chooseInterval(int row) const;
-    /// Chooses an entry of the menus.
-    void trigger(const char* action) const;
-    /// Selects what a text box holds and types over it.
-    void type(const char* box, const QString& text) const;
-    /// Comes into a picker with the tab key and types a date or time over its sections, from the first on.
-    void typePicker(const char* picker, const QString& text) const;
+    void click(const char* button) const { driver().click(QString::fromUtf8(button)); }
+    void chooseChannel(int row) const { driver().chooseRow("selChan", row); }
+    void chooseInterval(int row) const { driver().chooseEntry(QStringLiteral("selInterval"), row); }
+    void trigger(const char* action) const { driver().trigger(action); }
+    void type(const char* box, const QString& text) const { driver().type(QString::fromUtf8(box), text); }
+    void typePicker(const char* picker, const QString& text) const { driver().typePicker(picker, text); }
     /// Brings the window to a range and an interval: dates from code, times as typed by the user.
     void arrange(const ShownRange& range, int interval) const;
     [[nodiscard]] ShownRange shownRange() const;
-    /// Runs `open`, which opens a modal window, and `act` in that window; a window that is still open
-    /// afterwards is closed.
-    void inWindowOf(const std::function<void()>& open, const std::function<void(QWidget&)>& act) const;
+    void inWindowOf(const std::function<void()>& open, const std::function<void(QWidget&)>& act) const {
+        WindowDriver::inWindowOf(open, act);
+    }
 
     std::unique_ptr<TempFolder> folder;
     QDate today;        // where the clock stands

@@ -63,42 +63,7 @@ void BatchFixture::open() {
     };
     window = std::make_unique<fCPrint>(
         fCPrint::Owner{range, station, LocaleTexts{}, diagram, job, reading, load, dialogs});
-    window->show();
-    window->activateWindow();
-    if (!QTest::qWaitForWindowExposed(window.get()) || !QTest::qWaitForWindowActive(window.get())) {
-        qFatal("the window does not show");
-    }
-}
-
-void BatchFixture::click(const QString& button) const {
-    auto& control = the<QAbstractButton>(button);
-    QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(8, control.height() / 2));
-}
-
-void BatchFixture::click(const char* box, int row) const {
-    click(QStringLiteral("%1(%2)").arg(QString::fromUtf8(box)).arg(row));
-}
-
-void BatchFixture::type(const char* field, int row, const QString& text) const {
-    auto& box = the<QLineEdit>(field, row);
-    box.setFocus();
-    box.selectAll();
-    QTest::keyClick(&box, Qt::Key_Delete);
-    QTest::keyClicks(&box, text);
-}
-
-void BatchFixture::choose(int row, int interval) const {
-    auto& box = the<QComboBox>("selInterval", row);
-    while (box.currentIndex() != interval) {
-        QTest::keyClick(&box, box.currentIndex() < interval ? Qt::Key_Down : Qt::Key_Up);
-    }
-}
-
-void BatchFixture::typePicker(const char* picker, const QString& text) const {
-    auto& field = the<QDateTimeEdit>(QString::fromUtf8(picker));
-    field.clearFocus();
-    field.setFocus(Qt::TabFocusReason);
-    QTest::keyClicks(&field, text);
+    driver().show();
 }
 
 QString BatchFixture::textOf(const char* field, int row) const { return the<QLineEdit>(field, row).text(); }

@@ -5,6 +5,7 @@
 #include "diagram/PolarSys.h"
 #include "diagram/PrintJob.h"
 #include "tests/testing/TempFolder.h"
+#include "tests/testing/WindowDriver.h"
 
 #include <QStringList>
 #include <QTest>
@@ -40,25 +41,22 @@ class BatchFixture {
     /// Opens the dialog (anew).
     void open();
 
-    /// A control by its object name; the test ends when there is none.
+    [[nodiscard]] WindowDriver driver() const { return WindowDriver(*window); }
     template<typename Control>
     Control& the(const QString& name) const {
-        auto* control = window->findChild<Control*>(name);
-        if (control == nullptr) {
-            qFatal("no control %s", qPrintable(name));
-        }
-        return *control;
+        return driver().the<Control>(name);
     }
     template<typename Control>
     Control& the(const char* name, int row) const {
-        return the<Control>(QStringLiteral("%1(%2)").arg(QString::fromUtf8(name)).arg(row));
+        return the<Control>(nameOf(name, row));
     }
-    void click(const QString& button) const;
-    void click(const char* box, int row) const;
-    void type(const char* field, int row, const QString& text) const;
-    void choose(int row, int interval) const;
-    /// Types over a picker, from its first section on.
-    void typePicker(const char* picker, const QString& text) const;
+    void click(const QString& button) const { driver().click(button); }
+    void click(const char* box, int row) const { driver().click(nameOf(box, row)); }
+    void type(const char* field, int row, const QString& text) const {
+        driver().type(nameOf(field, row), text);
+    }
+    void choose(int row, int interval) const { driver().chooseEntry(nameOf("selInterval", row), interval); }
+    void typePicker(const char* picker, const QString& text) const { driver().typePicker(picker, text); }
     [[nodiscard]] QString textOf(const char* field, int row) const;
     [[nodiscard]] bool isRed(const char* field, int row) const;
 
@@ -75,6 +73,10 @@ class BatchFixture {
     std::unique_ptr<fCPrint> window;
 
   private:
+    /// Object name of a control of a row.
+    static QString nameOf(const char* control, int row) {
+        return QStringLiteral("%1(%2)").arg(QString::fromUtf8(control)).arg(row);
+    }
     Reading read(const ReadRequest& request, const DiagramSettings& settings);
     DataReader reader_;
 };

@@ -5,18 +5,15 @@
 #include "tools/makestation/FileWriting.h"
 #include "tools/makestation/StationWriter.h"
 
-#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDateEdit>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QLocale>
 #include <QMenu>
 #include <QTest>
-#include <QTimer>
 #include <array>
 
 namespace kelvrum::tour {
@@ -74,24 +71,11 @@ Stage::Stage(const SampleFolder& folder) {
     window_ = std::make_unique<f>(environment);
     window_->resize(WIDTH, HEIGHT);
     window_->Form_Load();
-    window_->show();
-    activate();
+    driver().show();
     rest();
 }
 
 Stage::~Stage() = default;
-
-void Stage::activate() const {
-    window_->activateWindow();
-    if (!QTest::qWaitForWindowExposed(window_.get()) || !QTest::qWaitForWindowActive(window_.get())) {
-        throw std::runtime_error("the window does not show");
-    }
-}
-
-void Stage::click(const char* button) const {
-    auto& control = the<QAbstractButton>(button);
-    QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(8, control.height() / 2));
-}
 
 void Stage::chooseChannel(const char* name) const {
     auto& list = the<QListWidget>("selChan");
@@ -99,8 +83,7 @@ void Stage::chooseChannel(const char* name) const {
     if (found.isEmpty()) {
         throw std::runtime_error(std::string("no channel ") + name);
     }
-    list.scrollToItem(found.front());
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(found.front()).center());
+    driver().chooseRow("selChan", list.row(found.front()));
 }
 
 void Stage::chooseInterval(const char* caption) const {
@@ -109,16 +92,12 @@ void Stage::chooseInterval(const char* caption) const {
     if (row < 0) {
         throw std::runtime_error(std::string("no interval ") + caption);
     }
-    while (box.currentIndex() != row) {
-        QTest::keyClick(&box, box.currentIndex() < row ? Qt::Key_Down : Qt::Key_Up);
-    }
+    driver().chooseEntry(QStringLiteral("selInterval"), row);
 }
 
 void Stage::typeDate(const char* picker, const char* date) const {
     auto& field = the<QDateEdit>(picker);
-    field.clearFocus();
-    field.setFocus(Qt::TabFocusReason);
-    QTest::keyClicks(&field, QString::fromUtf8(date));
+    driver().typePicker(picker, QString::fromUtf8(date));
     QTest::keyClick(&field, Qt::Key_Return);
     if (field.text() != QString::fromUtf8(date)) {
         throw std::runtime_error(std::string("the date is not taken: ") + date + " gives " +
@@ -130,14 +109,6 @@ void Stage::chooseDays(const char* from, const char* to) const {
     typeDate("DTPicker", from);
     typeDate("DTPicker2", to);
     rest();
-}
-
-void Stage::type(const char* box, const char* text) const {
-    auto& field = the<QLineEdit>(box);
-    field.setFocus();
-    field.selectAll();
-    QTest::keyClick(&field, Qt::Key_Delete);
-    QTest::keyClicks(&field, QString::fromUtf8(text));
 }
 
 void Stage::openKinds() const {
@@ -156,7 +127,7 @@ void Stage::chooseKind(const char* action) const {
     }
     menu.setActiveAction(entry);
     QTest::keyClick(&menu, Qt::Key_Return);
-    activate(); // the menu had the keyboard
+    driver().show(); // the menu had the keyboard
     rest();
 }
 
@@ -165,29 +136,6 @@ void Stage::rest() const {
         focused->clearFocus();
     }
     QCoreApplication::processEvents();
-}
-
-QRect Stage::placeOf(const char* name) const {
-    const auto& control = the<QWidget>(name);
-    return {control.mapTo(window_.get(), QPoint(0, 0)), control.size()};
-}
-
-void Stage::inWindowOf(const std::function<void()>& open, const std::function<void(QWidget&)>& look) {
-    constexpr int LOOK_AGAIN = 10; // milliseconds
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-        QWidget* modal = QApplication::activeModalWidget();
-        if (modal != nullptr && modal->isVisible()) {
-            timer.stop();
-            look(*modal);
-            modal->close();
-        }
-    });
-    timer.start(LOOK_AGAIN);
-    open();
-    if (timer.isActive()) {
-        throw std::runtime_error("no window opened");
-    }
 }
 
 } // namespace kelvrum::tour

@@ -3,14 +3,13 @@
 
 #include "app/f.h"
 #include "config/Dialogs.h"
+#include "tests/testing/WindowDriver.h"
 
 #include <QString>
 #include <QTemporaryDir>
 #include <QWidget>
 #include <functional>
 #include <memory>
-#include <stdexcept>
-#include <string>
 
 namespace kelvrum::tour {
 
@@ -38,21 +37,20 @@ class Stage {
     ~Stage();
 
     [[nodiscard]] f& window() const { return *window_; }
+    [[nodiscard]] testing::WindowDriver driver() const { return testing::WindowDriver(*window_); }
     template<typename Control>
     [[nodiscard]] Control& the(const char* name) const {
-        auto* control = window_->findChild<Control*>(QString::fromUtf8(name));
-        if (control == nullptr) {
-            throw std::runtime_error(std::string("no control ") + name);
-        }
-        return *control;
+        return driver().the<Control>(name);
     }
 
-    void click(const char* button) const;
+    void click(const char* button) const { driver().click(QString::fromUtf8(button)); }
     void chooseChannel(const char* name) const;
     void chooseInterval(const char* caption) const;
     /// From 00:00 of the first date to 00:00 of the other, each "dd.mm.yyyy".
     void chooseDays(const char* from, const char* to) const;
-    void type(const char* box, const char* text) const;
+    void type(const char* box, const char* text) const {
+        driver().type(QString::fromUtf8(box), QString::fromUtf8(text));
+    }
     /// Opens the context menu of the diagram; it stays open.
     void openKinds() const;
     /// Chooses a kind of diagram from it.
@@ -60,15 +58,16 @@ class Stage {
     /// Takes the focus from all controls, so that no picture shows one by chance.
     void rest() const;
     /// Where a control stands in the window.
-    [[nodiscard]] QRect placeOf(const char* name) const;
+    [[nodiscard]] QRect placeOf(const char* name) const { return driver().placeOf(name); }
     /// Runs `open`, which opens a modal window, and `look` on that window; then closes it.
-    static void inWindowOf(const std::function<void()>& open, const std::function<void(QWidget&)>& look);
+    static void inWindowOf(const std::function<void()>& open, const std::function<void(QWidget&)>& look) {
+        testing::WindowDriver::inWindowOf(open, look);
+    }
 
     /// The title of a window's bar.
     [[nodiscard]] QString title() const { return window_->windowTitle(); }
 
   private:
-    void activate() const;
     void typeDate(const char* picker, const char* date) const;
 
     std::unique_ptr<f> window_;
