@@ -1,0 +1,38 @@
+#include "data/RangeHistory.h"
+
+namespace kelvrum {
+
+void RangeHistory::shown(const TimeRange& range) {
+    if (!ranges_.empty()) {
+        if (ranges_[current_].from == range.from && ranges_[current_].to == range.to) {
+            return;
+        }
+        ranges_.resize(current_ + 1);
+    }
+    ranges_.push_back(range);
+    if (ranges_.size() > LIMIT) {
+        ranges_.erase(ranges_.begin());
+    }
+    current_ = ranges_.size() - 1;
+}
+
+std::optional<TimeRange> RangeHistory::back() {
+    if (!hasBack()) {
+        return std::nullopt;
+    }
+    return ranges_[--current_];
+}
+
+std::optional<TimeRange> RangeHistory::forward() {
+    if (!hasForward()) {
+        return std::nullopt;
+    }
+    return ranges_[++current_];
+}
+
+void RangeHistory::clear() {
+    ranges_.clear();
+    current_ = 0;
+}
+
+} // namespace kelvrum

@@ -1,0 +1,155 @@
+#include "data/StoredValues.h"
+
+#include "config/DataFolder.h"
+#include "data/ChannelFiles.h"
+#include "data/ChannelMinutes.h"
+#include "data/DayFiles.h"
+#include "data/DayFormat.h"
+#include "util/Paths.h"
+#include "util/Text.h"
+#include "util/Validity.h"
+
+#include <algorithm>
+#include <exception>
+
+namespace kelvrum {
+
+namespace {
+
+constexpr std::int64_t PIECE_MINUTES = 8 * 1024; // read at once
+
+/// The calendar's days, for the names of day files.
+constexpr TimeRange ALL_DAYS{FIRST_DATE, LAST_DATE};
+
+/// The first or last minute of a year's file that is present. `givenUp` tells that a step ended the search.
+std::optional<std::int64_t> presentMinute(ChannelMinutes& minutes, StoredEnd end, const ReadingStep& step,
+                                          bool& givenUp) {
+    for (std::int64_t done = 0; done < minutes.count(); done += PIECE_MINUTES) {
+        if (step && !step()) {
+            givenUp = true;
+            return std::nullopt;
+        }
+        const std::int64_t size = std::min(PIECE_MINUTES, minutes.count() - done);
+        const std::int64_t first = end == StoredEnd::first ? done : minutes.count() - done - size;
+        const auto& present = minutes.present(first, static_cast<std::size_t>(size));
+        if (end == StoredEnd::first) {
+            const auto found = std::find(present.begin(), present.end(), true);
+            if (found != present.end()) {
+                return first + (found - present.begin());
+            }
+        } else {
+            const auto found = std::find(present.rbegin(), present.rend(), true);
+            if (found != present.rend()) {
+                return first + size - 1 - (found - present.rbegin());
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<StoredTime> findInYears(const StationConfig& station, std::int32_t channel, StoredEnd end,
+                                      const FileOpener& open, const ReadingStep& step) {
+    std::vector<int> years = yearsWithFile(station, channel);
+    if (end == StoredEnd::last) {
+        std::reverse(years.begin(), years.end());
+    }
+    for (const int year : years) {
+        bool givenUp = false;
+        try {
+            ChannelMinutes minutes(station, channel, year, open);
+            if (const auto minute = presentMinute(minutes, end, step, givenUp)) {
+                return StoredTime{dateSerial(year, 1, 1) + static_cast<double>(*minute) / MINUTES_PER_DAY};
+            }
+        } catch (const std::exception&) {
+            continue; // as a file without values
+        }
+        if (givenUp) {
+            return std::nullopt;
+        }
+    }
+    return StoredTime{};
+}
+
+/// The earliest or latest time at which a day file has a value of a field.
+std::optional<DateTime> timeInDay(FileSource& file, const StationConfig& station, std::size_t field,
+                                  StoredEnd end) {
+    std::optional<DateTime> found;
+    readDayRecords(
+        file, kmh::recordSize(station.ActiveChannels.size(), station.WideRecords),
+        [&](const DayRecord& record) {
+            if (isPresent(record.value(field)) &&
+                (!found || (end == StoredEnd::first ? record.time < *found : record.time > *found))) {
+                found = record.time;
+            }
+        });
+    return found;
+}
+
+std::optional<StoredTime> findInDays(const StationConfig& station, std::int32_t channel, StoredEnd end,
+                                     const FileOpener& open, const ReadingStep& step) {
+    const auto& active = station.ActiveChannels;
+    const auto slot = std::find(active.begin(), active.end(), channel);
+    if (slot == active.end()) {
+        return StoredTime{};
+    }
+    const std::size_t field = static_cast<std::size_t>(slot - active.begin()) *
+                              (station.WideRecords ? kmh::WIDE_FIELD : kmh::NARROW_FIELD);
+    const std::string folder = dataFolder(station);
+    std::vector<std::string> names = dayFilesBetween(folder, ALL_DAYS);
+    if (end == StoredEnd::last) {
+        std::reverse(names.begin(), names.end());
+    }
+    for (const std::string& name : names) {
+        if (step && !step()) {
+            return std::nullopt;
+        }
+        try {
+            const auto file = open(folder + name);
+            if (const auto time = file ? timeInDay(*file, station, field, end) : std::nullopt) {
+                return StoredTime{time};
+            }
+        } catch (const std::exception&) {
+            continue;
+        }
+    }
+    return StoredTime{};
+}
+
+} // namespace
+
+std::vector<int> yearsWithFile(const StationConfig& station, std::int32_t channel) {
+    constexpr std::size_t YEAR_DIGITS = 4;
+    const std::string folder = dataFolder(station);
+    const std::string sample = upperAscii(channelFileName(channel, {}, 0));
+    const std::size_t yearAt = sample.rfind('_') + 1;
+    std::vector<int> years;
+    for (const std::string& name : filesIn(folder.empty() ? "." : folder)) {
+        std::string pattern = upperAscii(name); // the files are found in any case of letters
+        if (pattern.size() != sample.size()) {
+            continue;
+        }
+        const std::string year = pattern.substr(yearAt, YEAR_DIGITS);
+        pattern.replace(yearAt, YEAR_DIGITS, "0000");
+        if (pattern == sample &&
+            std::all_of(year.begin(), year.end(), [](char c) { return c >= '0' && c <= '9'; }) &&
+            isDate(std::stoi(year), 1, 1)) {
+            years.push_back(std::stoi(year));
+        }
+    }
+    std::sort(years.begin(), years.end());
+    years.erase(std::unique(years.begin(), years.end()), years.end());
+    return years;
+}
+
+bool hasFile(const StationConfig& station, std::int32_t channel) {
+    return station.Kind == ConfigKind::binary ? !dayFilesBetween(dataFolder(station), ALL_DAYS).empty()
+                                              : !yearsWithFile(station, channel).empty();
+}
+
+std::optional<StoredTime> findStored(const StationConfig& station, std::int32_t channel, StoredEnd end,
+                                     const FileOpener& open, const ReadingStep& step) {
+    return station.Kind == ConfigKind::binary ? findInDays(station, channel, end, open, step)
+                                              : findInYears(station, channel, end, open, step);
+}
+
+} // namespace kelvrum

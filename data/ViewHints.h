@@ -1,0 +1,29 @@
+// What is told to a user who sees less than he expects.
+#pragma once
+
+#include "util/DateTime.h"
+#include "util/Format.h"
+
+#include <optional>
+#include <string>
+
+namespace kelvrum {
+
+/// What of a range is read from the file of the start's year: nothing when that is the range itself. An end
+/// at 00:00 of the next 1 January loses nothing, and an end that lies before the start counts as it stands.
+std::optional<TimeRange> cutAtNewYear(const TimeRange& range);
+
+/// What is known about a view. The lookups are made only while it has no values.
+struct ViewFacts {
+    TimeRange range;
+    bool dayFiles = false; // they know no end of the year
+    bool hasFile = true;
+    bool hasValues = true;
+    std::optional<DateTime> lastStored; // the channel's last value anywhere
+    bool allOutside = false;            // no value lies on the value axis
+};
+
+/// The hint that applies first, one line; empty when none does.
+std::string viewHint(const ViewFacts& facts, const LocaleTexts& texts);
+
+} // namespace kelvrum
