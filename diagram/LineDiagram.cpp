@@ -58,7 +58,7 @@ class Drawing {
         drawTimeAxis();
         drawValueAxis(left_, plot_.left, -1, state_.Y1axe());
         drawValueAxis(right_, plot_.right, +1, state_.Y2axe());
-        LineDrawing result;
+        LineDrawing result{plot_, left_, right_};
         if (plot_.hasTimeScale() && plot_.width() > 0 && plot_.height() > 0) {
             surface_.setClip(plot_.clip());
             result.passes = drawSeries();

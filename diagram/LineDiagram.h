@@ -3,6 +3,7 @@
 
 #include "diagram/DiagramLayout.h"
 #include "diagram/DiagramState.h"
+#include "diagram/PlotArea.h"
 #include "diagram/Surface.h"
 #include "util/Format.h"
 
@@ -10,6 +11,9 @@ namespace kelvrum {
 
 /// What a drawing found out.
 struct LineDrawing {
+    PlotArea plot;
+    ValueRange left; // of the value axes
+    ValueRange right;
     int passes = 1; // passes of series 1 that were drawn: 2 = minima too, 3 = maxima too
 };
 

@@ -35,10 +35,10 @@ void requireProduct(std::int32_t count, int radius) {
 }
 
 /// One drawing: its inputs and what its stages share.
-class PolarDrawing {
+class Drawing {
   public:
     /// `paper` is the colour that the drawing stands on.
-    PolarDrawing(Surface& surface, DiagramState& state, const LocaleTexts& texts, Colour paper)
+    Drawing(Surface& surface, DiagramState& state, const LocaleTexts& texts, Colour paper)
         : surface_(surface)
         , state_(state)
         , texts_(texts)
@@ -47,19 +47,20 @@ class PolarDrawing {
         , head_(headExtent())
         , geometry_(size_, head_.height, state.LongRaster(), surface.scale()) {}
 
-    void run() {
+    PolarDrawing run() {
+        PolarDrawing result{geometry_, {}, state_.sampleCount(), startAngle()};
         if (size_.width > 0 && size_.height > 0) {
             state_.setYcenter(rounded(geometry_.yCentre / surface_.scale()));
             surface_.clear(state_.BgCol());
             surface_.setPen(BLACK);
             drawGrid();
             if (state_.sampleCount() > 0) {
-                const DirectionClasses classes = classify(state_);
-                if (classes.maxCount > 0) {
-                    drawSectors(classes);
+                result.classes = classify(state_);
+                if (result.classes.maxCount > 0) {
+                    drawSectors(result.classes);
                 }
                 surface_.setPen(BLACK);
-                drawRingLabels(classes);
+                drawRingLabels(result.classes);
             }
         }
         surface_.setPen(BLACK);
@@ -67,6 +68,7 @@ class PolarDrawing {
         drawFootnote();
         drawFrame();
         drawHeadLine();
+        return result;
     }
 
   private:
@@ -267,8 +269,8 @@ int PolarGeometry::dx(std::int32_t i) const { return rounded(i * stepX); }
 
 int PolarGeometry::dy(std::int32_t i) const { return rounded(i * stepY); }
 
-void drawPolarDiagram(Surface& surface, DiagramState& state, const LocaleTexts& texts) {
-    PolarDrawing(surface, state, texts, state.BgCol()).run();
+PolarDrawing drawPolarDiagram(Surface& surface, DiagramState& state, const LocaleTexts& texts) {
+    return Drawing(surface, state, texts, state.BgCol()).run();
 }
 
 void printPolarDiagram(Surface& page, Extent picture, DiagramState& state, const LocaleTexts& texts) {
@@ -286,7 +288,7 @@ void printPolarDiagram(Surface& page, Extent picture, DiagramState& state, const
     const Dot corner{(paper.width - size.width) / 2, (paper.height - size.height) / 2};
     const double dotsPerPoint = page.scale() / POINTS_PER_MM;
     PlacedSurface placed(page, corner, size, dotsPerPixel, dotsPerPixel * PIXELS_PER_POINT / dotsPerPoint);
-    PolarDrawing(placed, state, texts, WHITE).run();
+    Drawing(placed, state, texts, WHITE).run();
 }
 
 } // namespace kelvrum

@@ -38,10 +38,18 @@ struct PolarGeometry {
     [[nodiscard]] int dy(std::int32_t i) const;
 };
 
+/// What a drawing found out.
+struct PolarDrawing {
+    PolarGeometry geometry;
+    DirectionClasses classes; // empty without samples
+    std::int64_t samples = 0; // calms included
+    double startAngle = 0;    // screen angle of direction 0, in radians
+};
+
 /// Draws rings, spokes, sectors, labels, compass letters, frame and head line, and sets the control's
 /// Ycenter. Throws std::overflow_error when a sector's radius passes through more than 32 bits or an angle is
 /// no number.
-void drawPolarDiagram(Surface& surface, DiagramState& state, const LocaleTexts& texts);
+PolarDrawing drawPolarDiagram(Surface& surface, DiagramState& state, const LocaleTexts& texts);
 
 /// Draws the diagram on a printed page (units: millimetres), centred and as large as the margins allow, in
 /// the proportions of a picture of `picture` pixels. Throws as drawPolarDiagram does.

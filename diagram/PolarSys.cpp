@@ -1,5 +1,6 @@
 #include "diagram/PolarSys.h"
 
+#include "diagram/AccessibleDiagram.h"
 #include "diagram/LineDiagram.h"
 #include "diagram/PainterSurface.h"
 #include "diagram/PictureExport.h"
@@ -27,6 +28,7 @@ PolarSys::PolarSys(LocaleTexts texts, QWidget* parent)
     , texts_(std::move(texts)) {
     setAttribute(Qt::WA_OpaquePaintEvent); // the picture covers the whole control
     initialise();
+    makeReadoutsAccessible();
 }
 
 void PolarSys::Draw() {
@@ -87,13 +89,16 @@ void PolarSys::drawPicture() {
         // The drawing has ended with a run-time error; what there is of it stays.
     }
     pb_.setDevicePixelRatio(ratio);
+    Q_EMIT drawn();
 }
 
 void PolarSys::paintPicture(const QSize& wanted, double ratio) {
     switch (DiagTyp()) {
     case KIND_POLAR: {
         PainterSurface surface(pb_, {wanted.width(), wanted.height()}, ratio);
-        drawPolarDiagram(surface, *this, texts_);
+        lineShown_.reset();
+        polarShown_.reset(); // an error leaves it so
+        polarShown_ = drawPolarDiagram(surface, *this, texts_);
         ++drawings_;
         break;
     }
@@ -102,7 +107,8 @@ void PolarSys::paintPicture(const QSize& wanted, double ratio) {
     case KIND_DIRECTION:
     case KIND_LINE_4: {
         PainterSurface surface(pb_, {wanted.width(), wanted.height()}, ratio);
-        drawLineDiagram(surface, *this, DiagramLayout{}, texts_);
+        polarShown_.reset();
+        lineShown_ = drawLineDiagram(surface, *this, DiagramLayout{}, texts_);
         ++drawings_;
         break;
     }

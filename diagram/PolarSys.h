@@ -2,10 +2,13 @@
 #pragma once
 
 #include "diagram/DiagramState.h"
+#include "diagram/LineDiagram.h"
+#include "diagram/PolarDiagram.h"
 #include "util/Format.h"
 
 #include <QPixmap>
 #include <QWidget>
+#include <optional>
 
 namespace kelvrum {
 
@@ -39,6 +42,15 @@ class PolarSys : public QWidget, public DiagramState {
     /// How often the picture was drawn since the control was made.
     [[nodiscard]] int drawings() const { return drawings_; }
 
+    /// Where things are in the picture, in its device pixels: of a line diagram or of a polar one; nothing
+    /// while it shows the other kind, or has not been drawn.
+    [[nodiscard]] const std::optional<LineDrawing>& lineShown() const { return lineShown_; }
+    [[nodiscard]] const std::optional<PolarDrawing>& polarShown() const { return polarShown_; }
+
+  Q_SIGNALS:
+    /// The picture was drawn anew.
+    void drawn();
+
   protected:
     void paintEvent(QPaintEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
@@ -64,6 +76,8 @@ class PolarSys : public QWidget, public DiagramState {
     QPixmap pb_;
     bool stale_ = true; // the picture is to be drawn before it is shown
     int drawings_ = 0;
+    std::optional<LineDrawing> lineShown_;
+    std::optional<PolarDrawing> polarShown_;
     bool focusByKey_ = false; // the focus came with a key: a frame shows where it is
 };
 

@@ -1,0 +1,16 @@
+// The readout of a diagram for readers of the screen.
+#pragma once
+
+namespace kelvrum {
+
+class PolarSys;
+class ReadoutOverlay;
+
+/// From now on what an overlay reads out is the accessible value of the diagram that it covers. To be called
+/// before anything looks at a diagram from outside.
+void makeReadoutsAccessible();
+
+/// Reports each readout of `overlay` as a change of that value.
+void reportReadouts(PolarSys& diagram, ReadoutOverlay& overlay);
+
+} // namespace kelvrum

@@ -1,0 +1,100 @@
+// Reading a line diagram: which value lies under a pointer, beside another value, a day further.
+#pragma once
+
+#include "diagram/PlotArea.h"
+#include "diagram/SeriesTable.h"
+#include "util/DateTime.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelvrum {
+
+/// The smallest and greatest of several values.
+struct ValueSpread {
+    double smallest = 0;
+    double greatest = 0;
+    std::int64_t count = 0; // valid values; 0: smallest and greatest mean nothing
+
+    bool operator==(const ValueSpread&) const = default;
+};
+
+/// What a column of a series shows. A series without a value there has nothing.
+struct ReadValue {
+    std::size_t column = 0;
+    DateTime time = 0; // start of the interval
+    std::optional<double> y1;
+    std::optional<double> y2;
+    std::optional<double> minimum; // of the interval, where a second pass has it
+    std::optional<double> maximum; // and a third one
+};
+
+/// The columns of a line diagram, to be searched. Building it goes through the times once; every question
+/// afterwards is a binary search. The series must outlive it and stay as it is.
+class SeriesReader {
+  public:
+    SeriesReader() = default;
+    /// `interval` is that of the columns in days; 0 when it is not known.
+    SeriesReader(const Series& series, DateTime xLow, double interval);
+
+    /// Whether any column has a value.
+    [[nodiscard]] bool hasValues() const { return first().has_value(); }
+    /// The number of passes, at most three: means, minima, maxima.
+    [[nodiscard]] int passes() const { return passes_; }
+
+    /// The column with a value that lies nearest to a time, the earlier one on a tie; nothing in a gap, that
+    /// is where the nearest interval of the grid has no value and no value lies within `reach` days.
+    [[nodiscard]] std::optional<ReadValue> at(DateTime t, double reach) const;
+
+    /// The column with a value nearest to a time, however far.
+    [[nodiscard]] std::optional<ReadValue> nearest(DateTime t) const;
+
+    /// The last column with a value before a time, and the first one after it.
+    [[nodiscard]] std::optional<ReadValue> before(DateTime t) const;
+    [[nodiscard]] std::optional<ReadValue> after(DateTime t) const;
+
+    /// The next column with a value before or after one.
+    [[nodiscard]] std::optional<ReadValue> previous(std::size_t column) const;
+    [[nodiscard]] std::optional<ReadValue> next(std::size_t column) const;
+
+    /// The first and last column with a value.
+    [[nodiscard]] std::optional<ReadValue> first() const;
+    [[nodiscard]] std::optional<ReadValue> last() const;
+
+    /// The spread of series 1 over the columns that share a column of dots with one.
+    [[nodiscard]] ValueSpread spreadAround(std::size_t column, const PlotArea& plot) const;
+
+    /// Where the direction of a column is drawn: its value, or a full circle above when the curve came to it
+    /// that way. Looks back over the values below 180 degrees before it.
+    [[nodiscard]] double joinedAt(std::size_t column) const;
+
+  private:
+    [[nodiscard]] std::size_t count() const { return ends_[0]; }
+    [[nodiscard]] bool isValue(std::size_t column) const;
+    [[nodiscard]] ReadValue read(std::size_t column) const;
+    [[nodiscard]] std::optional<double> inPass(int pass, DateTime t) const;
+    /// The first column of the means that is not before a time.
+    [[nodiscard]] std::size_t columnAt(DateTime t) const;
+
+    Series series_;
+    double interval_ = 0;
+    int passes_ = 0;
+    std::array<std::size_t, 3> ends_{}; // of each pass
+};
+
+/// The time of a column of dots of a plot.
+DateTime timeAt(const PlotArea& plot, double x);
+
+/// The point of the compass of a direction in degrees, one of 16 in German: N, NNO, NO, ONO, O ...; an empty
+/// text for what is no number.
+std::string_view compassPoint(double degrees);
+
+/// b − a; of directions the shorter way round, −180 to 180.
+double valueDifference(double a, double b, bool directions);
+
+} // namespace kelvrum
