@@ -38,6 +38,7 @@ f::f(Environment environment)
     , client_(new QWidget(this)) {
     setCentralWidget(client_);
     buildParts();
+    buildReading();
     buildKeys();
     connectMenu();
     connectParts();

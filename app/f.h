@@ -15,6 +15,7 @@
 #include <QAccessible>
 #include <QMainWindow>
 #include <cstdint>
+#include <map>
 #include <span>
 #include <string>
 #include <string_view>
@@ -31,6 +32,8 @@ class DateFrame;
 class IntervalFrame;
 class KindMenu;
 class LimitFrame;
+class RangeActions;
+class ReadoutOverlay;
 class ScaleFrame;
 class ScrollFrame;
 class ViewArea;
@@ -119,6 +122,11 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     void showKindMenu(const QPoint& place);
     void Form_Resize();
 
+    // --- f_reading.cpp: readout and chosen ranges ---
+    void buildReading();
+    void showRange(const TimeRange& range);
+    void nameSeries();
+
     // --- f_print.cpp: printing ---
     bool printerReady();
     void printView();
@@ -144,8 +152,9 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     DataReader reader_;
     Loader loader_;
     PrintJob printJob_;
-    std::int32_t channelShown_ = 0; // the channel that came into view last; 0 = none
-    Colour keptColour1_ = 0x800000; // set at start, drawn nowhere
+    std::int32_t channelShown_ = 0;              // the channel that came into view last; 0 = none
+    std::map<std::int32_t, std::int32_t> kinds_; // chosen for a channel, while the project is open
+    Colour keptColour1_ = 0x800000;              // set at start, drawn nowhere
     Colour keptColour2_ = WHITE;
     std::string batchFolder_;   // project folder of the batch print
     double lastWindFactor_ = 0; // shown when the correction dialog opens
@@ -156,6 +165,8 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     QWidget* client_; // the window's inner area below the menu bar
     ViewArea* view_ = nullptr;
     KindMenu* menKS = nullptr;
+    ReadoutOverlay* overlay_ = nullptr;
+    RangeActions* ranges_ = nullptr;
     ChannelChoice* selChan = nullptr;
     ViewSwitch* optView = nullptr;
     DateFrame* date_ = nullptr;

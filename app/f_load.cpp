@@ -4,11 +4,13 @@
 #include "app/DateFrame.h"
 #include "app/IntervalFrame.h"
 #include "app/LimitFrame.h"
+#include "app/RangeActions.h"
 #include "app/ViewArea.h"
 #include "app/ViewSwitch.h"
 #include "app/f.h"
 #include "diagram/DiagramSummary.h"
 #include "diagram/PolarSys.h"
+#include "diagram/ReadoutOverlay.h"
 #include "util/BusyPointer.h"
 #include "util/Validity.h"
 
@@ -38,6 +40,7 @@ void f::LoadData() { loader_.load(); }
 void f::loadView(const ReadingStep& step) {
     const BusyPointer busy;
     Label8->show();
+    overlay_->keepSeries();
     const std::int32_t channel = selChan->channel();
     if (channel == 0) {
         showNothing();
@@ -48,7 +51,9 @@ void f::loadView(const ReadingStep& step) {
         }
     }
     checkMenu(true);
+    nameSeries();
     SetXHigh();
+    ranges_->shown(range());
     describeView();
     Label8->hide();
 }
@@ -152,14 +157,15 @@ void f::SetXHigh() {
     }
 }
 
-/// A channel comes into view as a line diagram, and its limits are written into the boxes; a reload keeps
-/// what the user chose and typed.
+/// A channel comes into view as the kind that was chosen for it, else as a line diagram, and its limits are
+/// written into the boxes; a reload keeps what the user chose and typed.
 void f::showChannel(std::int32_t channel) {
     if (channel == channelShown_) {
         return;
     }
     channelShown_ = channel;
-    setKind(KIND_LINE);
+    const auto chosen = kinds_.find(channel);
+    setKind(chosen == kinds_.end() ? std::int32_t{KIND_LINE} : chosen->second);
     const ChannelInfo& info = station_.ChannelTable.at(channel);
     limits_->setLimits({info.Limit1, info.Limit2});
 }

@@ -21,6 +21,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QFrame>
+#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <vector>

@@ -1,6 +1,7 @@
 // Opening projects: at the start, by the file dialog, by the project selection window.
 #include "app/ChannelChoice.h"
 #include "app/DataListModel.h"
+#include "app/RangeActions.h"
 #include "app/ViewArea.h"
 #include "app/f.h"
 #include "config/ChannelList.h"
@@ -35,6 +36,8 @@ void f::adoptStation(StationConfig station) {
     loader_.startOver(); // a load of the old project must not end up in the new one
     station_ = std::move(station);
     channelShown_ = 0;
+    kinds_.clear();
+    ranges_->clear();
     view_->rows().setColumns(listColumns(station_));
     selChan->fill(listedChannels(station_));
     setCaption();

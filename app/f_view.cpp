@@ -80,6 +80,7 @@ void f::chooseKind(std::int32_t kind) {
     PolarSys& KS = view_->diagram();
     const bool otherData = (kind == KIND_POLAR) != (KS.DiagTyp() == KIND_POLAR);
     setKind(kind);
+    kinds_[channelShown_] = kind;
     if (otherData) {
         LoadData();
     } else {

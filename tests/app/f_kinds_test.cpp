@@ -30,7 +30,8 @@ QMenu& openMenu(const WindowFixture& fixture, QContextMenuEvent::Reason reason) 
 QStringList visible(const QMenu& menu) {
     QStringList names;
     for (const QAction* action : menu.actions()) {
-        if (action->isVisible()) {
+        if (action->isVisible() &&
+            action->isCheckable()) { // the kinds; what else the menu offers is never ticked
             names << action->text().remove(QLatin1Char('&')) +
                          (action->isChecked() ? QStringLiteral("*") : QString());
         }

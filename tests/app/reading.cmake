@@ -1,0 +1,12 @@
+# Reading the picture, on screens with one and two dots for a pixel.
+foreach(test IN ITEMS f_readout_test f_choose_test)
+    add_executable(${test} ${test}.cpp)
+    kelvrum_qt_settings(${test})
+    set_target_properties(${test} PROPERTIES AUTOMOC ON)
+    target_link_libraries(${test} PRIVATE kelvrum_window_testing)
+    foreach(ratio IN ITEMS 1 2)
+        add_test(NAME ${test}_${ratio} COMMAND ${test})
+        set_tests_properties(${test}_${ratio} PROPERTIES
+            TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_SCALE_FACTOR=${ratio}")
+    endforeach()
+endforeach()
