@@ -185,7 +185,7 @@ std::optional<std::vector<DayInterval>> readDayIntervals(const StationConfig& st
     }
     result.reserve(intervals.count());
     intervals.each([&result](std::int64_t index, const Gathered& gathered) {
-        result.push_back({index, gathered.mean(), gathered.minimum, gathered.maximum});
+        result.push_back({index, gathered.mean(), gathered.minimum, gathered.maximum, gathered.count});
     });
     return result;
 }
