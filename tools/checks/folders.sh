@@ -1,7 +1,7 @@
 # shellcheck shell=sh disable=SC2034
 # Sourced by the checks: the folders of sources, those that exist already.
 SOURCE_FOLDERS=
-for folder in util drawing config diagram data correction batchprint app tools; do
+for folder in util drawing config diagram data evaluation correction batchprint app tools; do
     if [ -d "$folder" ]; then
         SOURCE_FOLDERS="$SOURCE_FOLDERS $folder"
     fi

@@ -1,0 +1,31 @@
+// Reading what is evaluated: the intervals of the picture, with what else an evaluation needs of them.
+#pragma once
+
+#include "config/StationConfig.h"
+#include "data/Reading.h"
+#include "evaluation/EvaluationInput.h"
+#include "util/FileSource.h"
+
+#include <cstdint>
+#include <functional>
+#include <span>
+
+namespace kelvrum {
+
+/// Which figures make sense for a channel of a station.
+EvaluatedKind evaluatedKind(const StationConfig& station, std::int32_t channel);
+
+/// Passes the intervals of a request to `consume`, many at a time, by ascending number. Values are those that
+/// the list and the diagram show; intervals that the reading does not reach are left out. An end that does
+/// not lie after the start gives none.
+///
+/// Present minutes are counted as averaging counts them: a magnitude below 99999900 and not exactly 0. A
+/// minute of a wind direction is present when its direction and its speed are, since only then it counts in
+/// the mean. In day files each record with a value is a minute.
+///
+/// Between pieces `step` is called; false gives the reading up.
+Reading readIntervals(const StationConfig& station, const ReadRequest& request, const FileOpener& open,
+                      const std::function<void(std::span<const IntervalReading>)>& consume,
+                      const ReadingStep& step);
+
+} // namespace kelvrum

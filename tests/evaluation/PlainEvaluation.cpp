@@ -1,0 +1,465 @@
+#include "tests/evaluation/PlainEvaluation.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <set>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kelvrum::testing {
+
+namespace {
+
+/// One interval with all that is known of it.
+struct Plain {
+    DateTime start = 0;
+    bool hasValue = false;
+    bool counts = false; // in figures of values
+    double value = 0;
+    double speed = INVALID_VALUE;
+    double minimum = INVALID_VALUE;
+    double maximum = INVALID_VALUE;
+    std::int64_t present = 0;
+};
+
+bool isNumber(double v) { return v > -INVALID_VALUE && v < INVALID_VALUE; }
+double shownZero(double v) { return v == ZERO_VALUE ? 0 : v; }
+
+std::vector<Plain> listOf(const EvaluationRequest& request, std::span<const IntervalReading> intervals) {
+    std::vector<Plain> list;
+    constexpr DateTime HALF_MS = 0.5 / 86'400'000;
+    for (std::int64_t i = 0;; ++i) {
+        const DateTime start = addMinutes(request.range.from, i * request.interval);
+        if (!(start < request.range.to - HALF_MS) || !(start < request.now + HALF_MS)) {
+            break;
+        }
+        list.push_back({start});
+    }
+    for (const IntervalReading& read : intervals) {
+        if (read.index < 0 || read.index >= static_cast<std::int64_t>(list.size())) {
+            continue;
+        }
+        Plain& plain = list[static_cast<std::size_t>(read.index)];
+        plain.present = std::max(0, std::min(read.present, request.interval));
+        plain.hasValue = isNumber(read.value);
+        plain.counts = !request.onlyCovered || static_cast<double>(plain.present) / request.interval >= 0.75;
+        plain.value = shownZero(read.value);
+        plain.speed = shownZero(read.speed);
+        plain.minimum = read.minimum;
+        plain.maximum = read.maximum;
+    }
+    return list;
+}
+
+double meanOf(const std::vector<double>& values) {
+    long double sum = 0;
+    for (const double v : values) {
+        sum += v;
+    }
+    return static_cast<double>(sum / static_cast<long double>(values.size()));
+}
+
+std::vector<double> valuesOf(const std::vector<Plain>& list) {
+    std::vector<double> values;
+    for (const Plain& plain : list) {
+        if (plain.hasValue && plain.counts) {
+            values.push_back(plain.value);
+        }
+    }
+    return values;
+}
+
+Availability availabilityOf(const EvaluationRequest& request, const std::vector<Plain>& list) {
+    Availability found;
+    found.intervals = static_cast<std::int64_t>(list.size());
+    found.minutes = found.intervals * request.interval;
+    std::int64_t run = 0;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        const Plain& plain = list[i];
+        found.presentMinutes += plain.present;
+        found.withValue += plain.hasValue ? 1 : 0;
+        found.notCovered += static_cast<double>(plain.present) / request.interval < 0.75 ? 1 : 0;
+        run = plain.hasValue ? 0 : run + 1;
+        if (run > 0 && (!found.longestOutage || run > found.longestOutage->intervals)) {
+            found.longestOutage = {list[i + 1 - static_cast<std::size_t>(run)].start, run,
+                                   run * request.interval};
+        }
+        if (plain.hasValue && plain.counts) {
+            ++found.evaluated;
+            found.last = {plain.value, plain.start};
+            found.first = found.first ? found.first : found.last;
+        }
+    }
+    if (!list.empty() && request.kind != EvaluatedKind::sum) {
+        found.percent = 100.0 * static_cast<double>(found.withValue) / static_cast<double>(found.intervals);
+    }
+    return found;
+}
+
+double percentileOf(const std::vector<double>& sorted, long double part) {
+    const long double position = static_cast<long double>(sorted.size() - 1) * part;
+    const auto below = static_cast<std::size_t>(position + 1e-12L);
+    const long double rest = std::max(position - static_cast<long double>(below), 0.0L);
+    const std::size_t above = std::min(below + 1, sorted.size() - 1);
+    return static_cast<double>(sorted[below] +
+                               (static_cast<long double>(sorted[above]) - sorted[below]) * rest);
+}
+
+Statistics statisticsOf(const std::vector<Plain>& list) {
+    Statistics found;
+    std::vector<double> values = valuesOf(list);
+    if (values.empty()) {
+        return found;
+    }
+    for (const Plain& plain : list) {
+        if (!plain.hasValue || !plain.counts) {
+            continue;
+        }
+        if (!found.minimum || plain.value < found.minimum->value) {
+            found.minimum = {plain.value, plain.start};
+        }
+        if (!found.maximum || plain.value > found.maximum->value) {
+            found.maximum = {plain.value, plain.start};
+        }
+    }
+    const double mean = meanOf(values);
+    found.mean = mean;
+    found.sum = mean * static_cast<double>(values.size());
+    if (values.size() > 1) {
+        long double squares = 0;
+        for (const double v : values) {
+            squares += (static_cast<long double>(v) - mean) * (static_cast<long double>(v) - mean);
+        }
+        found.deviation =
+            static_cast<double>(std::sqrt(squares / static_cast<long double>(values.size() - 1)));
+    }
+    std::sort(values.begin(), values.end());
+    found.percentile5 = percentileOf(values, 0.05L);
+    found.median = percentileOf(values, 0.5L);
+    found.percentile95 = percentileOf(values, 0.95L);
+    found.percentile98 = percentileOf(values, 0.98L);
+    return found;
+}
+
+Exceedances exceedancesOf(const EvaluationRequest& request, const std::vector<Plain>& list, double limit) {
+    Exceedances found;
+    found.limit = shownZero(limit);
+    std::set<DateTime> days;
+    std::vector<std::vector<Plain>> episodes(1);
+    for (const Plain& plain : list) {
+        const bool counts = plain.hasValue && plain.counts;
+        found.values += counts ? 1 : 0;
+        found.below += counts && plain.value < found.limit ? 1 : 0;
+        if (counts && plain.value > found.limit) {
+            ++found.above;
+            days.insert(unitStart(plain.start, CalendarUnit::day));
+            episodes.back().push_back(plain);
+        } else if (!episodes.back().empty()) {
+            episodes.emplace_back();
+        }
+    }
+    std::erase_if(episodes, [](const auto& episode) { return episode.empty(); });
+    found.minutesAbove = found.above * request.interval;
+    found.minutesBelow = found.below * request.interval;
+    found.episodes = static_cast<std::int64_t>(episodes.size());
+    found.days = static_cast<std::int64_t>(days.size());
+    std::size_t longest = 0;
+    for (const auto& episode : episodes) {
+        if (episode.size() > longest) {
+            longest = episode.size();
+            const Plain& most =
+                *std::max_element(episode.begin(), episode.end(),
+                                  [](const Plain& a, const Plain& b) { return a.value < b.value; });
+            found.longestEpisode = {episode.front().start,
+                                    addMinutes(episode.back().start, request.interval),
+                                    {most.value, most.start}};
+        }
+    }
+    return found;
+}
+
+struct Vectors {
+    long double x = 0;
+    long double y = 0;
+    long double lengths = 0;
+
+    void add(double degrees, double length) {
+        const long double angle = static_cast<long double>(degrees) * std::acos(-1.0L) / 180;
+        x += std::sin(angle) * length;
+        y += std::cos(angle) * length;
+        lengths += std::fabs(length);
+    }
+    [[nodiscard]] std::optional<double> direction() const {
+        if (std::hypot(x, y) <= 1e-12L * lengths) {
+            return std::nullopt;
+        }
+        const auto degrees = static_cast<double>(std::atan2(x, y) * 180 / std::acos(-1.0L));
+        const double turned = degrees < 0 ? degrees + 360 : degrees;
+        return turned < 1e-9 || turned > 360 - 1e-9 ? 360 : turned;
+    }
+    [[nodiscard]] std::optional<double> constancy() const {
+        return lengths > 0 ? std::optional(static_cast<double>(std::min(std::hypot(x, y) / lengths, 1.0L)))
+                           : std::nullopt;
+    }
+};
+
+bool isWind(const Plain& plain) { return plain.hasValue && plain.counts && isNumber(plain.speed); }
+
+WindStatistics windOf(const std::vector<Plain>& list) {
+    WindStatistics found;
+    Vectors weighted;
+    Vectors unit;
+    for (const Plain& plain : list) {
+        if (!isWind(plain)) {
+            continue;
+        }
+        ++found.intervals;
+        weighted.add(plain.value, plain.speed);
+        unit.add(plain.value, 1);
+        if (plain.speed < 0.5) {
+            ++found.calms;
+            continue;
+        }
+        std::size_t direction = 0;
+        for (std::size_t i = 1; i < DIRECTIONS; ++i) {
+            const double border = 30.0 * static_cast<double>(i) - 15;
+            direction = plain.value >= border - 1e-6 && plain.value < 345 - 1e-6 ? i : direction;
+        }
+        const double borders[] = {2, 4, 6, 8, 10};
+        std::size_t column = 0;
+        for (const double border : borders) {
+            column += plain.speed >= border ? 1 : 0;
+        }
+        ++found.table[direction][column];
+    }
+    found.weightedDirection = weighted.direction();
+    found.unitDirection = unit.direction();
+    found.constancy = weighted.constancy();
+    return found;
+}
+
+Breakdown breakdownOf(const EvaluationRequest& request, const std::vector<Plain>& list) {
+    const DateTime hours = (request.range.to - request.range.from) * 24;
+    CalendarUnit unit = CalendarUnit::day;
+    if (hours > 62 * 24 + 1e-6) {
+        unit = CalendarUnit::month;
+    } else if (hours < 24 + 1e-6 && request.interval <= 60) {
+        unit = CalendarUnit::hour;
+    }
+    std::map<DateTime, std::vector<Plain>> parts;
+    for (const Plain& plain : list) {
+        parts[unitStart(plain.start, unit)].push_back(plain);
+    }
+    Breakdown found{unit, {}};
+    for (const auto& [start, part] : parts) {
+        BreakdownRow row;
+        const Availability availability = availabilityOf(request, part);
+        const Statistics statistics = statisticsOf(part);
+        row.start = start;
+        row.intervals = availability.intervals;
+        row.withValue = availability.withValue;
+        row.minutes = availability.minutes;
+        row.presentMinutes = availability.presentMinutes;
+        if (request.kind == EvaluatedKind::direction) {
+            row.mean = windOf(part).weightedDirection;
+        } else if (statistics.mean) {
+            row.minimum = statistics.minimum->value;
+            row.maximum = statistics.maximum->value;
+            row.mean = request.kind == EvaluatedKind::sum ? statistics.sum : statistics.mean;
+            for (std::size_t i = 0; i < LIMITS; ++i) {
+                const bool has = request.limits[i] && isNumber(*request.limits[i]);
+                row.above[i] = has ? exceedancesOf(request, part, *request.limits[i]).above : 0;
+            }
+        }
+        found.rows.push_back(row);
+    }
+    return found;
+}
+
+/// Collects what differs.
+class Comparison {
+  public:
+    Comparison(double tolerance, double magnitude)
+        : slack_(tolerance * std::max(magnitude, 1e-300)) {}
+
+    template<typename T>
+    void same(const char* what, const T& one, const T& other) {
+        if (!(one == other)) {
+            note(what) << one << " and " << other;
+        }
+    }
+    void near(const char* what, double one, double other, double slack) {
+        if (!(std::fabs(one - other) <= slack)) {
+            note(what) << one << " and " << other;
+        }
+    }
+    void figure(const char* what, std::optional<double> one, std::optional<double> other, double parts = 1) {
+        same(what, one.has_value(), other.has_value());
+        near(what, one.value_or(0), other.value_or(0), slack_ * parts);
+    }
+    void time(const char* what, DateTime one, DateTime other) { near(what, one, other, 1e-9); }
+    void angle(const char* what, std::optional<double> one, std::optional<double> other) {
+        same(what, one.has_value(), other.has_value());
+        near(what, std::remainder(one.value_or(0) - other.value_or(0), 360), 0, 1e-6);
+    }
+    void timed(const char* what, const std::optional<TimedValue>& one,
+               const std::optional<TimedValue>& other) {
+        same(what, one.has_value(), other.has_value());
+        if (one && other) {
+            same(what, one->value, other->value);
+            time(what, one->time, other->time);
+        }
+    }
+    [[nodiscard]] std::string text() const { return text_.str(); }
+
+  private:
+    std::ostream& note(const char* what) {
+        text_.precision(17);
+        return text_ << '\n' << what << ": ";
+    }
+
+    double slack_;
+    std::ostringstream text_;
+};
+
+void compare(Comparison& c, const Availability& one, const Availability& other) {
+    c.same("intervals", one.intervals, other.intervals);
+    c.same("with value", one.withValue, other.withValue);
+    c.same("evaluated", one.evaluated, other.evaluated);
+    c.same("has percent", one.percent.has_value(), other.percent.has_value());
+    c.near("percent", one.percent.value_or(0), other.percent.value_or(0), 1e-9);
+    c.same("minutes", one.minutes, other.minutes);
+    c.same("present minutes", one.presentMinutes, other.presentMinutes);
+    c.same("not covered", one.notCovered, other.notCovered);
+    c.timed("first", one.first, other.first);
+    c.timed("last", one.last, other.last);
+    const Outage outage = one.longestOutage.value_or(Outage{});
+    const Outage otherOutage = other.longestOutage.value_or(Outage{});
+    c.time("outage", outage.start, otherOutage.start);
+    c.same("outage intervals", outage.intervals, otherOutage.intervals);
+    c.same("outage minutes", outage.minutes, otherOutage.minutes);
+}
+
+void compare(Comparison& c, const Statistics& one, const Statistics& other, double count) {
+    c.timed("minimum", one.minimum, other.minimum);
+    c.timed("maximum", one.maximum, other.maximum);
+    c.figure("mean", one.mean, other.mean);
+    c.figure("deviation", one.deviation, other.deviation);
+    c.figure("median", one.median, other.median);
+    c.figure("5 %", one.percentile5, other.percentile5);
+    c.figure("95 %", one.percentile95, other.percentile95);
+    c.figure("98 %", one.percentile98, other.percentile98);
+    c.figure("sum", one.sum, other.sum, count);
+}
+
+void compare(Comparison& c, const Exceedances& one, const Exceedances& other) {
+    c.same("limit", one.limit, other.limit);
+    c.same("compared", one.values, other.values);
+    c.same("above", one.above, other.above);
+    c.same("below", one.below, other.below);
+    c.same("minutes above", one.minutesAbove, other.minutesAbove);
+    c.same("minutes below", one.minutesBelow, other.minutesBelow);
+    c.same("episodes", one.episodes, other.episodes);
+    c.same("days", one.days, other.days);
+    const Episode episode = one.longestEpisode.value_or(Episode{});
+    const Episode otherEpisode = other.longestEpisode.value_or(Episode{});
+    c.time("episode start", episode.start, otherEpisode.start);
+    c.time("episode end", episode.end, otherEpisode.end);
+    c.timed("episode maximum", episode.maximum, otherEpisode.maximum);
+}
+
+void compare(Comparison& c, const WindStatistics& one, const WindStatistics& other) {
+    c.same("winds", one.intervals, other.intervals);
+    c.same("calms", one.calms, other.calms);
+    c.angle("weighted direction", one.weightedDirection, other.weightedDirection);
+    c.angle("unit direction", one.unitDirection, other.unitDirection);
+    c.same("has constancy", one.constancy.has_value(), other.constancy.has_value());
+    c.near("constancy", one.constancy.value_or(0), other.constancy.value_or(0), 1e-12);
+    for (std::size_t i = 0; i < DIRECTIONS; ++i) {
+        for (std::size_t k = 0; k < SPEED_CLASSES.size(); ++k) {
+            c.same("direction table", one.table[i][k], other.table[i][k]);
+        }
+    }
+}
+
+void compare(Comparison& c, const Breakdown& one, const Breakdown& other, EvaluatedKind kind) {
+    c.same("unit", static_cast<int>(one.unit), static_cast<int>(other.unit));
+    c.same("rows", one.rows.size(), other.rows.size());
+    for (std::size_t i = 0; i < std::min(one.rows.size(), other.rows.size()); ++i) {
+        const BreakdownRow& row = one.rows[i];
+        const BreakdownRow& otherRow = other.rows[i];
+        c.time("row", row.start, otherRow.start);
+        c.same("row intervals", row.intervals, otherRow.intervals);
+        c.same("row with value", row.withValue, otherRow.withValue);
+        c.same("row minutes", row.minutes, otherRow.minutes);
+        c.same("row present", row.presentMinutes, otherRow.presentMinutes);
+        c.figure("row minimum", row.minimum, otherRow.minimum);
+        c.figure("row maximum", row.maximum, otherRow.maximum);
+        c.same("row above 1", row.above[0], otherRow.above[0]);
+        c.same("row above 2", row.above[1], otherRow.above[1]);
+        if (kind == EvaluatedKind::direction) {
+            c.angle("row direction", row.mean, otherRow.mean);
+        } else {
+            c.figure("row mean", row.mean, otherRow.mean, static_cast<double>(row.withValue));
+        }
+    }
+}
+
+} // namespace
+
+Evaluation plainEvaluation(const EvaluationRequest& request, std::span<const IntervalReading> intervals) {
+    const std::vector<Plain> list = listOf(request, intervals);
+    Evaluation found;
+    found.request = request;
+    found.availability = availabilityOf(request, list);
+    if (request.kind == EvaluatedKind::direction) {
+        found.wind = windOf(list);
+    } else {
+        found.statistics = statisticsOf(list);
+        for (std::size_t i = 0; i < LIMITS; ++i) {
+            if (request.limits[i] && isNumber(*request.limits[i])) {
+                found.exceedances[i] = exceedancesOf(request, list, *request.limits[i]);
+            }
+        }
+    }
+    for (const Plain& plain : list) {
+        if (plain.counts && isNumber(plain.minimum) &&
+            (!found.smallestMinimum || plain.minimum < found.smallestMinimum->value)) {
+            found.smallestMinimum = {plain.minimum, plain.start};
+        }
+        if (plain.counts && isNumber(plain.maximum) &&
+            (!found.greatestMaximum || plain.maximum > found.greatestMaximum->value)) {
+            found.greatestMaximum = {plain.maximum, plain.start};
+        }
+    }
+    found.breakdown = breakdownOf(request, list);
+    return found;
+}
+
+std::string differenceOf(const Evaluation& one, const Evaluation& other, double tolerance) {
+    double magnitude = 0;
+    if (one.statistics && one.statistics->minimum) {
+        magnitude =
+            std::max(std::fabs(one.statistics->minimum->value), std::fabs(one.statistics->maximum->value));
+    }
+    Comparison c(tolerance, magnitude);
+    compare(c, one.availability, other.availability);
+    c.same("has statistics", one.statistics.has_value(), other.statistics.has_value());
+    compare(c, one.statistics.value_or(Statistics{}), other.statistics.value_or(Statistics{}),
+            static_cast<double>(one.availability.evaluated));
+    for (std::size_t i = 0; i < LIMITS; ++i) {
+        c.same("has limit", one.exceedances[i].has_value(), other.exceedances[i].has_value());
+        compare(c, one.exceedances[i].value_or(Exceedances{}), other.exceedances[i].value_or(Exceedances{}));
+    }
+    c.same("has wind", one.wind.has_value(), other.wind.has_value());
+    compare(c, one.wind.value_or(WindStatistics{}), other.wind.value_or(WindStatistics{}));
+    c.timed("smallest minimum", one.smallestMinimum, other.smallestMinimum);
+    c.timed("greatest maximum", one.greatestMaximum, other.greatestMaximum);
+    compare(c, one.breakdown, other.breakdown, one.request.kind);
+    return c.text();
+}
+
+} // namespace kelvrum::testing
