@@ -1,6 +1,7 @@
 #!/bin/sh
 # Builds the viewer and starts it on a sample station. Without a display it starts on a virtual one, takes the
 # picture build/screenshot.png and ends.
+# shellcheck disable=SC2086 # lists of packages become several words
 set -eu
 cd -P "$(dirname "$0")"
 . tools/packages.sh

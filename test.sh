@@ -1,7 +1,8 @@
 #!/bin/sh
-# Every check there is: format, the core without Qt, both compilers, the linter, a short fuzzing of the readers, the
+# Every check there is: format, scripts, the core without Qt, both compilers, the linter, a short fuzzing of the readers, the
 # package for installation, and all tests without and with sanitizers, in several languages and time zones. Ends with
 # CTest's closing lines and its exit code; a step before that fails ends it at once.
+# shellcheck disable=SC2086 # lists of packages become several words
 set -eu
 cd -P "$(dirname "$0")"
 . tools/packages.sh
@@ -35,6 +36,7 @@ run_tests() {
 
 step packages need_packages $BUILD_PACKAGES $TEST_PACKAGES $PACKAGING_PACKAGES
 step format tools/checks/format.sh
+step shell tools/checks/shell.sh
 step plain plain
 step clang build clang
 step tidy tools/checks/tidy.sh

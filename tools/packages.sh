@@ -1,13 +1,13 @@
-# shellcheck shell=sh disable=SC2034
+# shellcheck shell=sh disable=SC2034,SC2086 # the lists are used elsewhere, and become several words
 # Sourced by run.sh and test.sh: what they need from the system, and how it gets there.
 
 # To build and to start the viewer.
 BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev libcups2-dev fonts-liberation"
 # To start it without a display and to take its picture.
 PICTURE_PACKAGES="xvfb xdotool imagemagick"
-# To test: second compiler and its fuzzer, formatter, linter, test and benchmark libraries, a printer's scheduler, readers
+# To test: second compiler and its fuzzer, formatter, linters, test and benchmark libraries, a printer's scheduler, readers
 # of its pages, other languages and time zones.
-TEST_PACKAGES="clang libclang-rt-dev clang-format clang-tidy libgtest-dev libgmock-dev libbenchmark-dev xvfb xdotool
+TEST_PACKAGES="clang libclang-rt-dev clang-format clang-tidy shellcheck libgtest-dev libgmock-dev libbenchmark-dev xvfb xdotool
     imagemagick cups cups-client cups-filters poppler-utils locales tzdata"
 # To make the package for installation, to check it and to install it into a fresh root.
 PACKAGING_PACKAGES="dpkg-dev file lintian desktop-file-utils appstream man-db mmdebstrap xvfb xdotool x11-utils"

@@ -1,6 +1,7 @@
 #!/bin/sh
 # Takes the pictures of the manual and of the README anew: docs/pictures. What has not changed stays the same file,
 # byte for byte.
+# shellcheck disable=SC2086 # lists of packages become several words
 set -eu
 cd -P "$(dirname "$0")/.."
 . tools/packages.sh

@@ -5,6 +5,7 @@
 # Needs mmdebstrap, the right to make a root (root, sudo or user namespaces), the machine's own mirror of the
 # distribution, 8 GB below TMPDIR (or /tmp) and an hour or more. Installs nothing outside of that root, which is removed
 # at the end however it comes.
+# shellcheck disable=SC2016 # hooks and formats have their own variables
 set -eu
 cd -P "$(dirname "$0")/../.."
 . tools/packages.sh

@@ -1,5 +1,6 @@
 #!/bin/sh
 # Fails when the formatter would change a source file.
+# shellcheck disable=SC2086 # lists of folders become several words
 set -eu
 cd -P "$(dirname "$0")/../.."
 . tools/checks/folders.sh

@@ -6,6 +6,7 @@
 #
 #     tools/checks/fuzz.sh [SECONDS [TARGET...]]
 #     tools/checks/fuzz.sh 3600
+# shellcheck disable=SC2016 # fuzz_one is a program of its own
 set -eu
 cd -P "$(dirname "$0")/../.."
 . tools/packages.sh
@@ -52,6 +53,8 @@ fuzz_one='
     echo "$name: $(sed -n "s/^stat::number_of_executed_units: *//p" "$log") inputs"
 '
 if [ $# -eq 0 ]; then
-    set -- $(ls "$folder/targets")
+    for target in "$folder"/targets/*; do
+        set -- "$@" "${target##*/}"
+    done
 fi
 printf '%s\n' "$@" | xargs -n 1 -P 2 sh -c "$fuzz_one" fuzz_one "$seconds" "$folder/targets" "$seed"

@@ -1,6 +1,7 @@
 #!/bin/sh
 # installed.sh ROOT : starts the program that is installed in ROOT as an ordinary user on a virtual screen: with a
 # station in the user's data folder, without one, without a home and with a home that cannot be written.
+# shellcheck disable=SC2016 # a command in the root, with its own variables
 set -eu
 root=$1
 cd -P "$(dirname "$0")/../.."

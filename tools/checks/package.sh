@@ -1,6 +1,7 @@
 #!/bin/sh
 # Builds the Debian package, has its parts validated, installs it with all it depends on into a fresh root and starts
 # it there as an ordinary user on a virtual screen. Without the right to make such a root the last two are skipped.
+# shellcheck disable=SC2016 # hooks and formats have their own variables
 set -eu
 cd -P "$(dirname "$0")/../.."
 . tools/packages.sh
@@ -23,15 +24,15 @@ validate() {
     fi
     lintian --fail-on error,warning --allow-root "$PACKAGE_FOLDER"/*.deb
     desktop-file-validate packaging/*.desktop
-    appstreamcli validate --no-net $DOCUMENTS/*.metainfo.xml
+    appstreamcli validate --no-net "$DOCUMENTS"/*.metainfo.xml
     version=$(dpkg-deb --field "$PACKAGE_FOLDER"/*.deb Version)
-    for document in $DOCUMENTS/*.metainfo.xml $DOCUMENTS/kelvrum.1 $DOCUMENTS/de/kelvrum.1 $DOCUMENTS/changelog; do
+    for document in "$DOCUMENTS"/*.metainfo.xml "$DOCUMENTS/kelvrum.1" "$DOCUMENTS/de/kelvrum.1" "$DOCUMENTS/changelog"; do
         if ! grep -qwF "$version" "$document"; then
             echo "$document does not name the version $version." >&2
             return 1
         fi
     done
-    for page in $DOCUMENTS/kelvrum.1 $DOCUMENTS/de/kelvrum.1; do
+    for page in "$DOCUMENTS/kelvrum.1" "$DOCUMENTS/de/kelvrum.1"; do
         warnings=$(LC_ALL=C.UTF-8 man --warnings -E UTF-8 -l -Tutf8 -Z "$page" 2>&1 >/dev/null)
         if [ -n "$warnings" ]; then
             echo "$page: $warnings" >&2
@@ -57,6 +58,7 @@ install_and_start() {
 build_package
 validate
 if maker=$(root_maker); then
+    # shellcheck disable=SC2086 # a command of several words
     install_and_start $maker
 else
     echo "SKIP: the package is built and valid, but not installed: neither root nor sudo nor user namespaces here."

@@ -1,6 +1,8 @@
 #!/bin/sh
 # The linter over all sources but the tests, by the commands of build/clang (to be built before: windows need their
 # generated headers). A source that passed is looked at again when it, a header or the rules have changed.
+# shellcheck disable=SC2086 # lists of folders become several words
+# shellcheck disable=SC2016 # check_one is a program of its own
 set -eu
 cd -P "$(dirname "$0")/../.."
 . tools/checks/folders.sh
