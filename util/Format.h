@@ -24,7 +24,7 @@ std::string formatNumber(double v, std::string_view format, const LocaleTexts& t
 /// and "mm" behind hours are minutes, "/" is the locale's date separator, all else stands for itself.
 std::string formatDateTime(DateTime t, std::string_view format, const LocaleTexts& texts);
 
-/// v as an ordinary decimal number in the user's locale (at most 15 significant digits).
+/// v as an ordinary decimal number in the user's locale: plainNumber with its decimal separator.
 std::string shownNumber(double v, const LocaleTexts& texts);
 
 /// The same of a single-precision number, with no more digits than it has.

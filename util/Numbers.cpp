@@ -12,6 +12,11 @@ namespace {
 
 constexpr int SIGNIFICANT_DIGITS = 15;
 
+// Of 0.d1d2d3... times 10^exponent: 1e-15 is the smallest number written without an exponent, 1e15 the first
+// large one that is written with one.
+constexpr int FIRST_PLAIN_EXPONENT = -14;
+constexpr int LAST_PLAIN_EXPONENT = 15;
+
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 struct Scanned {
@@ -153,7 +158,8 @@ std::string plainNumber(double v) {
     }
     const int count = static_cast<int>(d.digits.size());
     std::string text = d.negative ? "-" : "";
-    if (d.exponent > SIGNIFICANT_DIGITS || count - d.exponent > SIGNIFICANT_DIGITS) {
+    // The written value decides, not the double behind it, so that a text that is read back is written alike.
+    if (d.exponent > LAST_PLAIN_EXPONENT || d.exponent < FIRST_PLAIN_EXPONENT) {
         text += d.digits[0];
         if (count > 1) {
             text.append(".").append(d.digits, 1);

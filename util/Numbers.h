@@ -23,8 +23,9 @@ double roundHalfEven(double v);
 /// roundHalfEven as a 32-bit integer; nothing when it does not fit (NaN included).
 std::optional<std::int32_t> roundToInt32(double v);
 
-/// The shortest text of v with at most 15 significant digits, without an exponent while v has at most 15
-/// digits before the point or 15 behind it. "nan" and "inf" for what is no number.
+/// The shortest text of v with at most 15 significant digits: without an exponent from 1e-15 up to (not
+/// including) 1e15 in magnitude ("0.0333333333333333"), with one beyond ("1e15"). "nan" and "inf" for what is
+/// no number.
 std::string plainNumber(double v);
 
 /// The double that is written like a float, with no more digits than it has: 0.1F gives 0.1.

@@ -264,6 +264,7 @@ class f_load_test : public QObject {
         QTest::newRow("zero marker") << 1e-300 << QStringLiteral("0");
         QTest::newRow("tiny") << 1e-250 << QStringLiteral("0");
         QTest::newRow("number") << -12.5 << QStringLiteral("-12,5");
+        QTest::newRow("a thirtieth") << 1.0 / 30 << QStringLiteral("0,0333333333333333");
     }
     void showValueRows() {
         QFETCH(double, value);
