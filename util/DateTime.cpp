@@ -1,5 +1,6 @@
 #include "util/DateTime.h"
 
+#include "util/Numbers.h"
 #include "util/Text.h"
 
 #include <algorithm>
@@ -22,7 +23,7 @@ std::int64_t milliseconds(DateTime t) {
         return 0;
     }
     const double cut = std::clamp(t, FIRST_DATE, LAST_DATE + 1.0);
-    const auto ms = static_cast<std::int64_t>(std::floor(cut * static_cast<double>(MS_PER_DAY) + 0.5));
+    const auto ms = static_cast<std::int64_t>(roundHalfEven(cut * static_cast<double>(MS_PER_DAY)));
     return std::min(ms, (static_cast<std::int64_t>(LAST_DATE) + 1) * MS_PER_DAY - 1);
 }
 

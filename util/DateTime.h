@@ -34,8 +34,8 @@ struct CalendarTime {
     int dayOfYear = 0;
 };
 
-/// Takes t apart after rounding it to the nearest millisecond. What lies outside of the calendar is moved to
-/// its first or last day; a NaN counts as 0.
+/// Takes t apart after rounding it to the nearest millisecond, a half to the even neighbour. What lies
+/// outside of the calendar is moved to its first or last day; a NaN counts as 0.
 CalendarTime calendarTime(DateTime t);
 
 /// The calendar time that is shown for t: rounded to the nearest second.

@@ -124,6 +124,30 @@ TEST(DateTime, TakingApartRoundsToMilliseconds) {
     }
 }
 
+TEST(DateTime, HalfMillisecondsGoToTheEvenNeighbour) {
+    // A day has 84,375 * 2^10 milliseconds: odd 2048ths of a day are exact halves.
+    const struct {
+        double part;
+        const char* calendar;
+    } cases[] = {
+        {1.0 / 2048, "2020-06-18 00:00:42.188 day 170"},  // 42,187.5
+        {3.0 / 2048, "2020-06-18 00:02:06.562 day 170"},  // 126,562.5
+        {5.0 / 2048, "2020-06-18 00:03:30.938 day 170"},  // 210,937.5
+        {7.0 / 2048, "2020-06-18 00:04:55.312 day 170"},  // 295,312.5
+        {-1.0 / 2048, "2020-06-17 23:59:17.812 day 169"}, // 812.5 of the last second but 42
+        {-3.0 / 2048, "2020-06-17 23:57:53.438 day 169"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(text(calendarTime(44000 + c.part)), c.calendar);
+    }
+    EXPECT_EQ(text(calendarTime(-1.0 / 2048)), "1899-12-29 23:59:17.812 day 363");
+    EXPECT_EQ(text(calendarTime(-3.0 / 2048)), "1899-12-29 23:57:53.438 day 363");
+    EXPECT_EQ(text(calendarTime(3.0 / 2048)), "1899-12-30 00:02:06.562 day 364");
+    // Steps keep the grid of milliseconds, and so round the same.
+    EXPECT_EQ(text(calendarTime(addMinutes(44000 + 3.0 / 2048, 1))), "2020-06-18 00:03:06.562 day 170");
+    EXPECT_EQ(text(calendarTime(addMonths(44000 + 3.0 / 2048, 1))), "2020-07-18 00:02:06.562 day 200");
+}
+
 TEST(DateTime, WhatLiesOutsideMovesToTheCalendarsEnds) {
     for (const DateTime t : {LAST_DATE, LAST_DATE + 1, 1e9, 1e18, 1e19, 1e300, ENDLESS}) {
         for (const CalendarTime& c : {calendarTime(t), shownTime(t)}) {
