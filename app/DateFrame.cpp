@@ -91,7 +91,7 @@ void DateFrame::snapBoth(int interval) {
 
 void DateFrame::pullOther(Side changed) {
     const TimeRange crossed = range();
-    if (crossed.from > crossed.to) {
+    if (isEarlier(crossed.to, crossed.from)) {
         const Side other = changed == Side::start ? Side::end : Side::start;
         period_->setAt(other, period_->at(changed));
     }

@@ -106,7 +106,7 @@ void fCPrint::printRows() {
     }
     showHourglass();
     const TimeRange range = period();
-    if (range.from >= range.to) {
+    if (!isEarlier(range.from, range.to)) {
         owner_.dialogs.message(this, QStringLiteral("Bitte überprüfen Sie die Angabe des Zeitraums!"),
                                windowTitle());
         return; // the pointer stays the hourglass on purpose

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <exception>
 #include <utility>
 #include <vector>
@@ -17,7 +16,6 @@ namespace kelvrum {
 
 namespace {
 
-constexpr double HALF_MINUTE = 0.5;
 constexpr std::int64_t MINUTES_OF_A_YEAR =
     366LL * MINUTES_PER_DAY; // room made at once; more is made when needed
 
@@ -51,8 +49,7 @@ std::size_t fillPasses(const std::vector<DayInterval>& intervals, const ReadRequ
     constexpr std::array<double DayInterval::*, 3> PASSES = {&DayInterval::mean, &DayInterval::minimum,
                                                              &DayInterval::maximum};
     const std::size_t passes = wide ? PASSES.size() : 1;
-    const double minutes = std::ceil((request.range.to - request.range.from) * MINUTES_PER_DAY - HALF_MINUTE);
-    const double total = std::ceil(minutes / request.interval); // intervals of the range
+    const std::int64_t minutes = minuteNumber(request.range.to) - minuteNumber(request.range.from);
     SeriesFill fill(seriesTable(), intervals.size() * passes);
     const auto startOf = [&request](std::int64_t index) {
         return intervalStart(request.range.from, index, request.interval);
@@ -67,7 +64,7 @@ std::size_t fillPasses(const std::vector<DayInterval>& intervals, const ReadRequ
             fill.add(startOf(interval.index), interval.*PASSES[pass]);
             next = interval.index + 1;
         }
-        if (static_cast<double>(next) < total) {
+        if (next * request.interval < minutes) {
             fill.add(startOf(next), INVALID_VALUE);
         }
     }

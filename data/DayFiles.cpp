@@ -17,9 +17,9 @@ namespace kelvrum {
 namespace {
 
 constexpr std::size_t PIECE_SIZE = 256UL * 1024; // bytes fetched with one read, about
-constexpr double ROUNDING = 1e-6;                // minutes that a difference of two times may lack
 
-std::optional<DateTime> recordTime(std::span<const std::byte> record) {
+/// A record with its fields; nothing when its date or minute is impossible.
+std::optional<DayRecord> recordOf(std::span<const std::byte> record) {
     const int year = loadLittle<std::int16_t>(record, kmh::YEAR_AT);
     const int month = loadLittle<std::uint8_t>(record, kmh::MONTH_AT);
     const int day = loadLittle<std::uint8_t>(record, kmh::DAY_AT);
@@ -27,7 +27,10 @@ std::optional<DateTime> recordTime(std::span<const std::byte> record) {
     if (!isDate(year, month, day) || minute < 0 || minute >= MINUTES_PER_DAY) {
         return std::nullopt;
     }
-    return dateSerial(year, month, day) + static_cast<double>(minute) / MINUTES_PER_DAY;
+    const DateTime date = dateSerial(year, month, day);
+    return DayRecord{date + static_cast<double>(minute) / MINUTES_PER_DAY,
+                     static_cast<std::int64_t>(date) * MINUTES_PER_DAY + minute,
+                     record.subspan(kmh::FIELDS_AT)};
 }
 
 /// The present values of one field of an interval's records.
@@ -100,9 +103,12 @@ class Intervals {
 
 } // namespace
 
-std::string dayFileName(DateTime day) {
-    return formatDateTime(day, "yyyymmdd", {}) + std::string(kmh::EXTENSION);
+std::string dayName(DateTime t) {
+    const double days = static_cast<double>(minuteNumber(t)) / MINUTES_PER_DAY;
+    return formatDateTime(std::floor(days), "yyyymmdd", {});
 }
+
+std::string dayFileName(DateTime day) { return dayName(day) + std::string(kmh::EXTENSION); }
 
 float DayRecord::value(std::size_t at) const { return loadLittle<float>(fields, at); }
 
@@ -114,9 +120,9 @@ void readDayRecords(FileSource& file, std::size_t recordSize,
         const std::size_t got = file.read(offset, piece);
         const std::size_t records = got / recordSize;
         for (std::size_t i = 0; i < records; ++i) {
-            const auto record = std::span<const std::byte>(piece).subspan(i * recordSize, recordSize);
-            if (const auto time = recordTime(record)) {
-                consume({*time, record.subspan(kmh::FIELDS_AT)});
+            const auto bytes = std::span<const std::byte>(piece).subspan(i * recordSize, recordSize);
+            if (const auto record = recordOf(bytes)) {
+                consume(*record);
             }
         }
         if (got < piece.size()) {
@@ -127,8 +133,8 @@ void readDayRecords(FileSource& file, std::size_t recordSize,
 }
 
 std::vector<std::string> dayFilesBetween(const std::string& folder, const TimeRange& range) {
-    const std::string first = dayFileName(range.from).substr(0, kmh::DATE_LENGTH);
-    const std::string last = dayFileName(range.to).substr(0, kmh::DATE_LENGTH);
+    const std::string first = dayName(range.from);
+    const std::string last = dayName(range.to);
     std::map<std::string, std::string> byDay;
     for (const std::string& name : filesIn(folder.empty() ? "." : folder)) {
         const std::string day = name.substr(0, kmh::DATE_LENGTH);
@@ -160,6 +166,8 @@ std::optional<std::vector<DayInterval>> readDayIntervals(const StationConfig& st
     const std::size_t field =
         static_cast<std::size_t>(slot - active.begin()) * (wide ? kmh::WIDE_FIELD : kmh::NARROW_FIELD);
     const std::string folder = dataFolder(station);
+    const std::int64_t first = minuteNumber(request.range.from);
+    const std::int64_t end = minuteNumber(request.range.to);
     Intervals intervals;
     for (const std::string& name : dayFilesBetween(folder, request.range)) {
         const auto file = open(folder + name);
@@ -167,12 +175,10 @@ std::optional<std::vector<DayInterval>> readDayIntervals(const StationConfig& st
             continue;
         }
         readDayRecords(*file, kmh::recordSize(active.size(), wide), [&](const DayRecord& record) {
-            if (record.time < request.range.from || record.time >= request.range.to) {
+            if (record.minute < first || record.minute >= end) {
                 return;
             }
-            const double minutes =
-                std::floor((record.time - request.range.from) * MINUTES_PER_DAY + ROUNDING);
-            Gathered& interval = intervals.at(static_cast<std::int64_t>(minutes) / request.interval);
+            Gathered& interval = intervals.at((record.minute - first) / request.interval);
             interval.addMean(record.value(field));
             if (wide) {
                 interval.addMinimum(record.value(field + kmh::MINIMUM_AT));

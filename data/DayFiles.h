@@ -15,12 +15,17 @@
 
 namespace kelvrum {
 
+/// The date at the front of a day file's name, for example "20200618": the day of t's minute.
+std::string dayName(DateTime t);
+
 /// Name of the day file of a date, for example "20200618.KMH".
 std::string dayFileName(DateTime day);
 
-/// One record: its time and its value fields.
+/// One record: its time, once as a date-time and once as the minute by which times are compared
+/// (minuteNumber), and its value fields.
 struct DayRecord {
     DateTime time = 0;
+    std::int64_t minute = 0;
     std::span<const std::byte> fields;
 
     /// The float at a byte offset of the value fields.
@@ -45,9 +50,9 @@ struct DayInterval {
     std::int64_t present = 0; // records that the mean is of
 };
 
-/// Reads one channel over a range: the records from the start (inclusive) to the end (exclusive), grouped
-/// into intervals of N minutes from the range start. Only intervals with records come back, in time order.
-/// Nothing when the reading was given up.
+/// Reads one channel over a range: the records from the start (inclusive) to the end (exclusive), both to the
+/// minute, grouped into intervals of N minutes from the range start. Only intervals with records come back,
+/// in time order. Nothing when the reading was given up.
 std::optional<std::vector<DayInterval>> readDayIntervals(const StationConfig& station,
                                                          const ReadRequest& request, const FileOpener& open,
                                                          const ReadingStep& step);

@@ -17,7 +17,7 @@ namespace kelvrum {
 namespace {
 
 /// The minute of a file's first record; 0 when it has none.
-std::int16_t firstMinute(const std::string& path, const FileOpener& open) {
+std::int16_t startMinute(const std::string& path, const FileOpener& open) {
     std::array<std::byte, 2> bytes{};
     const auto file = open(path);
     const bool read = file && file->read(kmh::MINUTE_AT, bytes) == bytes.size();
@@ -45,9 +45,8 @@ std::size_t daysOf(const TimeRange& range) {
 
 std::vector<std::string> filesOfDay(const std::string& folder, const std::vector<std::string>& names,
                                     DateTime day, const FileOpener& open) {
-    const std::string date = dayFileName(day).substr(0, kmh::DATE_LENGTH);
-    auto found = byDate(names)[date];
-    if (found.size() > 1 && firstMinute(folder + found[0], open) < firstMinute(folder + found[1], open)) {
+    auto found = byDate(names)[dayName(day)];
+    if (found.size() > 1 && startMinute(folder + found[0], open) < startMinute(folder + found[1], open)) {
         std::swap(found[0], found[1]);
     }
     return found;
@@ -63,8 +62,10 @@ std::optional<DayRows> readDayRows(const StationConfig& station, const TimeRange
     const std::size_t fieldSize = station.WideRecords ? kmh::WIDE_FIELD : kmh::NARROW_FIELD;
     const std::size_t recordSize = kmh::recordSize(rows.channels, station.WideRecords);
     const std::string folder = dataFolder(station);
-    const std::string first = dayFileName(range.from).substr(0, kmh::DATE_LENGTH);
-    const std::string last = dayFileName(range.to).substr(0, kmh::DATE_LENGTH);
+    const std::int64_t firstMinute = minuteNumber(range.from);
+    const std::int64_t lastMinute = minuteNumber(range.to);
+    const std::string first = dayName(range.from);
+    const std::string last = dayName(range.to);
     for (const auto& [date, names] : byDate(filesIn(folder.empty() ? "." : folder))) {
         const auto day = parseDateTime(date.substr(0, 4) + "-" + date.substr(4, 2) + "-" + date.substr(6));
         if (date < first || date > last || !day) {
@@ -80,7 +81,7 @@ std::optional<DayRows> readDayRows(const StationConfig& station, const TimeRange
                              (file->size() / recordSize)); // as if all were as long as the first
             }
             readDayRecords(*file, recordSize, [&](const DayRecord& record) {
-                if (record.time < range.from || record.time > range.to) {
+                if (record.minute < firstMinute || record.minute > lastMinute) {
                     return;
                 }
                 rows.times.push_back(record.time);

@@ -31,8 +31,8 @@ struct DayRows {
 std::vector<std::string> filesOfDay(const std::string& folder, const std::vector<std::string>& names,
                                     DateTime day, const FileOpener& open);
 
-/// All records of the range, start and end included, in file order from day to day. Nothing when the reading
-/// was given up.
+/// All records of the range, start and end included to the minute, in file order from day to day. Nothing
+/// when the reading was given up.
 std::optional<DayRows> readDayRows(const StationConfig& station, const TimeRange& range,
                                    const FileOpener& open, const ReadingStep& step);
 

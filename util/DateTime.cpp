@@ -8,7 +8,6 @@
 #include <charconv>
 #include <chrono>
 #include <cmath>
-#include <cstdint>
 
 namespace kelvrum {
 
@@ -104,6 +103,13 @@ CalendarTime shownTime(DateTime t) {
     const std::int64_t last = (static_cast<std::int64_t>(LAST_DATE) + 1) * MS_PER_DAY - second;
     return fromMilliseconds(std::min(rounded, last));
 }
+
+std::int64_t minuteNumber(DateTime t) {
+    constexpr double MS_PER_MINUTE = 60'000;
+    return static_cast<std::int64_t>(roundHalfEven(static_cast<double>(milliseconds(t)) / MS_PER_MINUTE));
+}
+
+bool isEarlier(DateTime a, DateTime b) { return minuteNumber(a) < minuteNumber(b); }
 
 bool isDate(int year, int month, int day) {
     using namespace std::chrono;

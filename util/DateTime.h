@@ -2,6 +2,7 @@
 // Nothing here knows a time zone or summer time.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string_view>
 
@@ -40,6 +41,14 @@ CalendarTime calendarTime(DateTime t);
 
 /// The calendar time that is shown for t: rounded to the nearest second.
 CalendarTime shownTime(DateTime t);
+
+/// Whole minutes since 1899-12-30 00:00: calendarTime(t) rounded to the nearest minute, a half to the even
+/// neighbour. Times are compared by it, since equal ones that were computed differently may differ in the
+/// last bits of their doubles.
+std::int64_t minuteNumber(DateTime t);
+
+/// Whether a is at an earlier minute than b.
+bool isEarlier(DateTime a, DateTime b);
 
 /// True for a day of the calendar, years 100 to 9999.
 bool isDate(int year, int month, int day);

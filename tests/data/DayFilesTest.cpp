@@ -8,7 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <filesystem>
+#include <limits>
 
 namespace kelvrum {
 namespace {
@@ -63,7 +65,9 @@ void expectMeans(const std::vector<DayInterval>& intervals,
 TEST(DayFiles, NamesAndRecordSizes) {
     EXPECT_EQ(dayFileName(JUNE_18), "20200618.KMH");
     EXPECT_EQ(dayFileName(JUNE_18 + 0.99), "20200618.KMH");
+    EXPECT_EQ(dayFileName(std::nextafter(JUNE_18, 0)), "20200618.KMH");
     EXPECT_EQ(dayFileName(dateSerial(2021, 1, 2)), "20210102.KMH");
+    EXPECT_EQ(dayFileName(LAST_DATE + 0.99999), "99991231.KMH");
     EXPECT_EQ(dayFileName(dateSerial(850, 11, 30)), "08501130.KMH");
     EXPECT_EQ(kmh::recordSize(0, false), 6U);
     EXPECT_EQ(kmh::recordSize(3, false), 18U);
@@ -214,6 +218,31 @@ TEST(DayIntervals, GroupsFromTheRangeStart) {
         SCOPED_TRACE(::testing::Message() << row.from << " to " << row.to << " by " << row.interval);
         expectMeans(intervalsOf(testStation(folder), minutesOf(3, row.from, row.to, row.interval)),
                     row.means);
+    }
+}
+
+/// A range may come from other arithmetic than a record's time, one bit or some seconds off.
+TEST(DayIntervals, RecordsAreComparedByTheMinute) {
+    const TempFolder folder;
+    folder.write("20200618.KMH", narrow(599, 1) + narrow(600, 2) + narrow(609, 3) + narrow(610, 4) +
+                                     narrow(619, 5) + narrow(620, 6) + narrow(1439, 7));
+    folder.write("20200619.KMH", dayRecord(2020, 6, 19, 0, Floats{-1, 8}));
+    constexpr double ENDLESS = std::numeric_limits<double>::infinity();
+    constexpr double SECONDS = 20.0 / 86400;
+    const std::vector<std::pair<std::int64_t, double>> expected = {{0, 2.5}, {1, 4.5}};
+    const DateTime from = JUNE_18 + 600 / 1440.0;
+    const DateTime to = JUNE_18 + 620 / 1440.0;
+    for (const DateTime near :
+         {from, std::nextafter(from, 0), std::nextafter(from, ENDLESS), from - SECONDS, from + SECONDS}) {
+        for (const DateTime end :
+             {to, std::nextafter(to, 0), std::nextafter(to, ENDLESS), to - SECONDS, to + SECONDS}) {
+            expectMeans(intervalsOf(testStation(folder), {3, "", {near, end}, 10}), expected);
+        }
+    }
+    const std::vector<std::pair<std::int64_t, double>> lastHour = {{5, 7}};
+    for (const DateTime midnight : {JUNE_18 + 1, std::nextafter(JUNE_18 + 1, 0), JUNE_18 + 1 + SECONDS}) {
+        expectMeans(intervalsOf(testStation(folder), {3, "", {JUNE_18 + 23.0 / 24, midnight}, 10}), lastHour);
+        expectMeans(intervalsOf(testStation(folder), {3, "", {midnight, JUNE_18 + 2}, 10}), {{0, 8}});
     }
 }
 

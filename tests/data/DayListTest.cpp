@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cmath>
+
 namespace kelvrum {
 namespace {
 
@@ -52,6 +55,31 @@ Floats firstValues(const DayRows& rows) {
 }
 
 DateTime at(int day, int minute) { return dateSerial(2020, 6, day) + minute / 1440.0; }
+
+/// A range may come from other arithmetic than a record's time, one bit or some seconds off.
+TEST(DayList, RecordsAreComparedByTheMinute) {
+    const TempFolder folder;
+    folder.write("20200617.KMH", record(17, 1439, 1));
+    folder.write("20200618.KMH",
+                 record(18, 0, 2) + record(18, 600, 3) + record(18, 601, 4) + record(18, 1439, 5));
+    folder.write("20200619.KMH", record(19, 0, 6) + record(19, 1, 7));
+    const auto around = [](DateTime t) {
+        constexpr double SECONDS = 20.0 / 86400;
+        return std::array{t, std::nextafter(t, 0), std::nextafter(t, 1e9), t - SECONDS, t + SECONDS};
+    };
+    for (const DateTime from : around(at(18, 0))) {
+        for (const DateTime to : around(at(18, 600))) {
+            EXPECT_EQ(firstValues(rowsOf(testStation(folder), from, to)), (Floats{2, 3}))
+                << from << " " << to;
+        }
+    }
+    for (const DateTime from : around(at(18, 601))) {
+        for (const DateTime to : around(at(19, 0))) {
+            EXPECT_EQ(firstValues(rowsOf(testStation(folder), from, to)), (Floats{4, 5, 6}))
+                << from << " " << to;
+        }
+    }
+}
 
 TEST(FilesOfDay, ByDateAndEnding) {
     const TempFolder folder;

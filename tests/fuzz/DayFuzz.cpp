@@ -35,8 +35,10 @@ const std::string& folderOfNames() {
     return base;
 }
 
+std::int64_t minuteOf(DateTime t) { return std::llround(t * MINUTES_PER_DAY); }
+
 struct Record {
-    DateTime time = 0;
+    std::int64_t minute = 0;
     std::span<const std::byte> fields;
 };
 
@@ -51,7 +53,7 @@ std::vector<Record> recordsOf(std::string_view file, std::size_t size) {
         const int day = std::to_integer<int>(record[3]);
         const int minute = loadLittle<std::int16_t>(record, 4);
         if (isDate(year, month, day) && minute >= 0 && minute < MINUTES_PER_DAY) {
-            records.push_back({dateSerial(year, month, day) + minute / 1440.0, record.subspan(6)});
+            records.push_back({minuteOf(dateSerial(year, month, day)) + minute, record.subspan(6)});
         }
     }
     return records;
@@ -68,11 +70,11 @@ struct Extremes {
 class Plain {
   public:
     void add(const Record& record, const ReadRequest& request, std::size_t field, bool wide) {
-        if (record.time < request.range.from || record.time >= request.range.to) {
+        const std::int64_t from = minuteOf(request.range.from);
+        if (record.minute < from || record.minute >= minuteOf(request.range.to)) {
             return;
         }
-        const auto minutes = std::llround((record.time - request.range.from) * MINUTES_PER_DAY);
-        Extremes& interval = all[minutes / request.interval];
+        Extremes& interval = all[(record.minute - from) / request.interval];
         const auto value = [&](std::size_t at) {
             return double{loadLittle<float>(record.fields, field + at)};
         };
@@ -168,7 +170,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         made[station.BaseFolder + NAMES.at(i)].bytes = files.at(i);
         const bool named = i == 0 || range.to >= day + 1 - 1e-9;
         for (const Record& record : recordsOf(files.at(i), recordSize)) {
-            const bool inRange = record.time >= range.from && record.time <= range.to;
+            const bool inRange = record.minute >= minuteOf(range.from) && record.minute <= minuteOf(range.to);
             const bool read = (i != 1 || named) && length >= -from;
             listed += inRange && read ? 1 : 0;
             if (i != 2 && read) {

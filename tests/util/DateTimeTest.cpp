@@ -7,6 +7,7 @@
 #include <array>
 #include <climits>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <limits>
 #include <string>
@@ -146,6 +147,47 @@ TEST(DateTime, HalfMillisecondsGoToTheEvenNeighbour) {
     // Steps keep the grid of milliseconds, and so round the same.
     EXPECT_EQ(text(calendarTime(addMinutes(44000 + 3.0 / 2048, 1))), "2020-06-18 00:03:06.562 day 170");
     EXPECT_EQ(text(calendarTime(addMonths(44000 + 3.0 / 2048, 1))), "2020-07-18 00:02:06.562 day 200");
+}
+
+TEST(DateTime, MinuteNumber) {
+    const double bit = std::nextafter(44000, ENDLESS) - 44000;
+    const struct {
+        DateTime t;
+        std::int64_t minute;
+    } cases[] = {
+        {0, 0},
+        {1, 1440},
+        {-1, -1440},
+        {-0.5, -720},
+        {44000, 63360000},
+        {44000 + bit, 63360000},
+        {44000 - bit, 63360000},
+        {44000 + 601 / 1440.0, 63360601},
+        {44000 + 601 / 1440.0 + bit, 63360601},
+        {44000 + 601 / 1440.0 - bit, 63360601},
+        {44000 + 29 * SECOND, 63360000},
+        {44000 + 30 * SECOND, 63360000}, // halves to the even minute
+        {44000 + 31 * SECOND, 63360001},
+        {44000 + 90 * SECOND, 63360002},
+        {NOT_A_NUMBER, 0},
+        {FIRST_DATE, static_cast<std::int64_t>(FIRST_DATE) * 1440},
+        {-ENDLESS, static_cast<std::int64_t>(FIRST_DATE) * 1440},
+        {LAST_DATE, static_cast<std::int64_t>(LAST_DATE) * 1440},
+        {ENDLESS, static_cast<std::int64_t>(LAST_DATE + 1) * 1440},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(minuteNumber(c.t), c.minute) << c.t;
+    }
+}
+
+TEST(DateTime, EarlierByTheMinute) {
+    const DateTime t = 44000 + 601 / 1440.0;
+    for (const DateTime same : {t, std::nextafter(t, 0), std::nextafter(t, ENDLESS), t + 20 * SECOND}) {
+        EXPECT_FALSE(isEarlier(t, same));
+        EXPECT_FALSE(isEarlier(same, t));
+    }
+    EXPECT_TRUE(isEarlier(t, t + 1 / 1440.0));
+    EXPECT_FALSE(isEarlier(t + 1 / 1440.0, t));
 }
 
 TEST(DateTime, WhatLiesOutsideMovesToTheCalendarsEnds) {

@@ -3,7 +3,6 @@
 
 #include "util/DateTime.h"
 
-#include <cmath>
 #include <cstdint>
 
 namespace kelvrum::sample {
@@ -14,7 +13,7 @@ using Minute = std::int64_t;
 inline constexpr Minute DAY = MINUTES_PER_DAY;
 inline constexpr Minute HOUR = 60;
 
-inline Minute minuteOf(DateTime t) { return static_cast<Minute>(std::llround(t * MINUTES_PER_DAY)); }
+inline Minute minuteOf(DateTime t) { return minuteNumber(t); }
 
 inline DateTime timeOf(Minute minute) { return static_cast<double>(minute) / MINUTES_PER_DAY; }
 
