@@ -11,6 +11,8 @@ TEST_PACKAGES="clang libclang-rt-dev clang-format clang-tidy shellcheck libgtest
     imagemagick cups cups-client cups-filters poppler-utils locales tzdata"
 # To make the package for installation, to check it and to install it into a fresh root.
 PACKAGING_PACKAGES="dpkg-dev file lintian desktop-file-utils appstream man-db mmdebstrap xvfb xdotool x11-utils"
+# To renew the table of letters in capitals and small (tools/casefolding.sh).
+TABLE_PACKAGES="unicode-data"
 # Qt's own texts in German. The program does without where the distribution has no such package.
 GOOD_PACKAGES="qt6-translations-l10n"
 

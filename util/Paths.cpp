@@ -1,5 +1,6 @@
 #include "util/Paths.h"
 
+#include "util/CaseFolding.h"
 #include "util/Text.h"
 
 #include <algorithm>
@@ -39,12 +40,12 @@ bool existsAsWritten(const fs::path& path) {
 /// The entry of a folder whose name equals `name` but for the case of letters; the first in byte order.
 std::optional<std::string> matchNoCase(const fs::path& folder, std::string_view name) {
     std::optional<std::string> best;
-    const std::string wanted = lowerCase(name);
+    const std::string wanted = foldCase(name);
     std::error_code error;
     fs::directory_iterator entry(folder.empty() ? fs::path(".") : folder, error);
     for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
         std::string found = toUtf8(entry->path().filename());
-        if (lowerCase(found) == wanted && (!best || found < *best)) {
+        if (foldCase(found) == wanted && (!best || found < *best)) {
             best = std::move(found);
         }
     }
@@ -73,10 +74,10 @@ std::vector<std::string> namesIn(std::string_view folder, Accept accept) {
 } // namespace
 
 bool fileExists(std::string_view path) {
-    std::string lower = lowerCase(path);
-    if (lower.size() == 1 && isLetter(lower[0])) {
+    std::string lower = foldCase(path);
+    if (path.size() == 1 && isLetter(path[0])) {
         lower += ":\\";
-    } else if (lower.size() == 2 && hasDrive(lower)) {
+    } else if (path.size() == 2 && hasDrive(path)) {
         lower += '\\';
     }
     const auto exists = [](std::string_view text) {

@@ -16,7 +16,8 @@ namespace kelvrum {
 bool fileExists(std::string_view path);
 
 /// The machine's path of a station path: both separators are understood, and each component that does not
-/// exist as written is matched without regard to case (the first in byte order when several match).
+/// exist as written is matched without regard to the case of letters, in any script (the first in byte order
+/// when several match).
 /// Components that do not exist at all stay as written. Nothing for an empty path, for one with a NUL in it
 /// and, on a system without drives, for a path with a drive letter.
 std::optional<std::filesystem::path> nativePath(std::string_view path);

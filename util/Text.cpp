@@ -9,21 +9,8 @@ namespace {
 
 char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
-void appendUtf8(std::string& out, unsigned code) {
-    if (code < 0x80) {
-        out += static_cast<char>(code);
-    } else if (code < 0x800) {
-        out += static_cast<char>(0xC0U | (code >> 6U));
-        out += static_cast<char>(0x80U | (code & 0x3FU));
-    } else {
-        out += static_cast<char>(0xE0U | (code >> 12U));
-        out += static_cast<char>(0x80U | ((code >> 6U) & 0x3FU));
-        out += static_cast<char>(0x80U | (code & 0x3FU));
-    }
-}
-
 /// Windows-1252, codes 0x80 to 0x9F; the rest equals Latin-1.
-constexpr std::array<unsigned, 32> WINDOWS_1252 = {
+constexpr std::array<char32_t, 32> WINDOWS_1252 = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
@@ -80,22 +67,44 @@ std::string replaceAllNoCase(std::string_view text, std::string_view part, std::
     return result.append(text.substr(start));
 }
 
-std::string lowerCase(std::string_view text) {
-    std::string result(text);
-    for (std::size_t i = 0; i < result.size(); ++i) {
-        const auto c = static_cast<unsigned char>(result[i]);
-        if (c >= 'A' && c <= 'Z') {
-            result[i] = static_cast<char>(c - 'A' + 'a');
-        } else if (c == 0xC3 && i + 1 < result.size()) {
-            // U+00C0 to U+00DE are C3 80 to C3 9E; U+00D7 (C3 97) is the multiplication sign.
-            const auto next = static_cast<unsigned char>(result[i + 1]);
-            if (next >= 0x80 && next <= 0x9E && next != 0x97) {
-                result[i + 1] = static_cast<char>(next + 0x20);
-            }
-            ++i;
-        }
+void appendUtf8(std::string& text, char32_t code) {
+    const auto tail = [&text](char32_t bits) { text += static_cast<char>(0x80U | (bits & 0x3FU)); };
+    if (code < 0x80) {
+        text += static_cast<char>(code);
+    } else if (code < 0x800) {
+        text += static_cast<char>(0xC0U | (code >> 6U));
+        tail(code);
+    } else if (code < 0x10000) {
+        text += static_cast<char>(0xE0U | (code >> 12U));
+        tail(code >> 6U);
+        tail(code);
+    } else {
+        text += static_cast<char>(0xF0U | (code >> 18U));
+        tail(code >> 12U);
+        tail(code >> 6U);
+        tail(code);
     }
-    return result;
+}
+
+Utf8Character firstCharacter(std::string_view text) {
+    const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    if (text.empty()) {
+        return {};
+    }
+    if (byte(0) < 0x80) {
+        return {byte(0), 1};
+    }
+    const std::size_t length = byte(0) >= 0xF0 ? 4 : byte(0) >= 0xE0 ? 3 : 2;
+    Utf8Check check;
+    check.feed(text.substr(0, length));
+    if (!check.valid()) {
+        return {};
+    }
+    char32_t code = byte(0) & (0xFFU >> (length + 1));
+    for (std::size_t i = 1; i < length; ++i) {
+        code = (code << 6U) | (byte(i) & 0x3FU);
+    }
+    return {code, length};
 }
 
 std::string fromWindows1252(std::string_view bytes) {

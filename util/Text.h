@@ -22,8 +22,17 @@ std::size_t findNoCase(std::string_view text, std::string_view part, std::size_t
 /// Every occurrence of `part`, in any case of letters, replaced.
 std::string replaceAllNoCase(std::string_view text, std::string_view part, std::string_view by);
 
-/// Small letters for A to Z and for the capitals of Latin-1 (Ä, Ö, Ü ...); all else stays.
-std::string lowerCase(std::string_view text);
+/// Appends a character of Unicode as UTF-8.
+void appendUtf8(std::string& text, char32_t code);
+
+/// A character of a UTF-8 text.
+struct Utf8Character {
+    char32_t code = 0;
+    std::size_t length = 0; // bytes; 0 where the text is no valid UTF-8
+};
+
+/// The character at the front of a text.
+Utf8Character firstCharacter(std::string_view text);
 
 /// Windows-1252 bytes as UTF-8. The five codes without a character become the control of the same number.
 std::string fromWindows1252(std::string_view bytes);

@@ -1,4 +1,5 @@
 // Links and pictures of the documents.
+#include "util/CaseFolding.h"
 #include "util/Text.h"
 
 #include <gtest/gtest.h>
@@ -47,7 +48,7 @@ std::vector<std::string> targetsIn(const std::string& text) {
 /// The anchor that a heading gets: small letters, no punctuation, "-" for blanks.
 std::string anchorOf(std::string_view heading) {
     std::string anchor;
-    for (const char c : lowerCase(heading)) {
+    for (const char c : foldCase(heading)) {
         if (c == ' ') {
             anchor += '-';
         } else if (std::string_view("`.,:;()!?\"*/").find(c) == std::string_view::npos) {

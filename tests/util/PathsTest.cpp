@@ -58,6 +58,38 @@ TEST(Paths, ExistenceWithoutRegardToCaseAndSeparator) {
     EXPECT_FALSE(fileExists("\xFF\xFE\xC3"));
 }
 
+TEST(Paths, LettersOfEveryScriptMatch) {
+    const TempFolder folder;
+    for (const char* name : {"šumava/Žďár.chn", "Œuvre", "ÿ", "Σταθμός/ΔΕΔΟΜΕΝΑ", "Станция/данные", "Ґанок",
+                             "Straße", "Ünye", "ａｂｃ"}) {
+        folder.write(name, "x");
+    }
+    const struct {
+        const char* path;
+        bool exists;
+    } cases[] = {
+        {"ŠUMAVA\\ŽĎÁR.CHN", true},
+        {"Šumava/žďár.chn", true},
+        {"SUMAVA/Zdar.chn", false},
+        {"œUVRE", true},
+        {"Ÿ", true},
+        {"ΣΤΑΘΜΌΣ/δεδομενα", true}, // both small forms of Σ
+        {"σταθμόσ\\Δεδομενα", true},
+        {"СТАНЦИЯ\\ДАННЫЕ", true},
+        {"ґАНОК", true},
+        {"Ганок", false},
+        {"STRAẞE", true},
+        {"STRASSE", false},
+        {"üNYE", true},
+        {"ＡＢＣ", true},
+        {"ABC", false},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(fileExists(folder.at(c.path)), c.exists) << c.path;
+    }
+    EXPECT_EQ(nativePath(folder.at("ŠUMAVA\\neu.chn")), folder.path() / "šumava/neu.chn");
+}
+
 TEST(Paths, ABareLetterIsADrive) {
     if (HAS_DRIVES) {
         GTEST_SKIP() << "which drives exist depends on the machine";
@@ -74,6 +106,8 @@ TEST(Paths, ABareLetterIsADrive) {
     for (const char* path : {"./a", ".\\A", "1", "ab", "AB"}) {
         EXPECT_TRUE(fileExists(path)) << path;
     }
+    folder.write("\u212A", "x"); // the sign of the unit kelvin, a capital of k, but no letter of a drive
+    EXPECT_TRUE(fileExists("\u212A"));
 }
 
 TEST(Paths, NativePathMatchesEachComponent) {

@@ -41,19 +41,44 @@ TEST(Text, UpperAscii) {
     EXPECT_EQ(upperAscii("\xC3\xA4\xE4"), "\xC3\xA4\xE4");
 }
 
-TEST(Text, LowerCase) {
+TEST(Text, CharactersOfUtf8) {
     const struct {
         const char* text;
-        const char* lower;
+        char32_t code;
+        std::size_t length;
     } cases[] = {
-        {"", ""},         {"Kanal04_2020.CHN", "kanal04_2020.chn"},
-        {"@[`{", "@[`{"}, {"ÄÖÜäöüß", "äöüäöüß"},
-        {"ÀÉÞØ", "àéþø"}, {"×÷", "×÷"},         // no letters, though they stand among them
-        {"€Ÿ", "€Ÿ"},     {"ÄA\xC4", "äa\xC4"}, // a stray byte stays
-        {"\xC3", "\xC3"},
+        {"", 0, 0},
+        {"A", 0x41, 1},
+        {"\x7F", 0x7F, 1},
+        {"\xC2\x80", 0x80, 2},
+        {"\xDF\xBF", 0x7FF, 2},
+        {"\xE0\xA0\x80", 0x800, 3},
+        {"\xEF\xBF\xBF", 0xFFFF, 3},
+        {"\xF0\x90\x80\x80", 0x10000, 4},
+        {"\xF4\x8F\xBF\xBF", 0x10FFFF, 4},
+        {"ŠA", 0x160, 2},
+        {"\x80", 0, 0},     // a tail without its lead
+        {"\xC0\x80", 0, 0}, // longer than it needs to be
+        {"\xC1\x81", 0, 0},
+        {"\xE0\x9F\xBF", 0, 0},
+        {"\xED\xA0\x80", 0, 0},     // half of a pair
+        {"\xF4\x90\x80\x80", 0, 0}, // above the last character
+        {"\xFF", 0, 0},
+        {"\xC3", 0, 0}, // cut
+        {"\xE2\x82", 0, 0},
+        {"\xC3"
+         "A",
+         0, 0},
     };
     for (const auto& c : cases) {
-        EXPECT_EQ(lowerCase(c.text), c.lower);
+        const Utf8Character front = firstCharacter(c.text);
+        EXPECT_EQ(front.code, c.code) << c.text;
+        EXPECT_EQ(front.length, c.length) << c.text;
+        if (c.length > 0) {
+            std::string written;
+            appendUtf8(written, c.code);
+            EXPECT_EQ(written, std::string_view(c.text).substr(0, c.length));
+        }
     }
 }
 
