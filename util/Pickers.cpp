@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QTimeZone>
 #include <algorithm>
 
 namespace kelvrum {
@@ -22,7 +23,11 @@ TypedPicker<Edit>::TypedPicker(const QString& format, QWidget* parent)
     : Edit(parent)
     , typing_(format.toStdString()) {
     Edit::setDisplayFormat(format);
-    Edit::setTimeSpec(Qt::UTC); // stations know no summer time
+#if QT_VERSION >= QT_VERSION_CHECK(6, 7, 0) // stations know no summer time
+    Edit::setTimeZone(QTimeZone::utc());
+#else
+    Edit::setTimeSpec(Qt::UTC);
+#endif
     Edit::setKeyboardTracking(false);
     Edit::lineEdit()->installEventFilter(this);
 }
