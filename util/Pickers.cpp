@@ -272,8 +272,9 @@ void DatePicker::mousePressEvent(QMouseEvent* event) {
     finish();
     TypedPicker<QDateEdit>::mousePressEvent(event);
     if (auto* calendar = findChild<QCalendarWidget*>()) { // made when it is first folded out
-        // The toolkit would take every day that is walked over; the chosen one is reported by another signal.
-        disconnect(calendar->parentWidget(), SIGNAL(newDateSelected(QDate)), this, nullptr);
+        // The popup around the calendar would take every day that is walked over. The chosen one reaches it as
+        // `activated` or `clicked`.
+        disconnect(calendar, &QCalendarWidget::selectionChanged, calendar->parentWidget(), nullptr);
         calendar->setDateEditEnabled(false); // digits would count from today
     }
 }
