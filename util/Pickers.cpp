@@ -257,23 +257,30 @@ void DatePicker::take(const SectionTyping& typed) {
     const int year = typed.number(Unit::year).value_or(before.year());
     const int month = typed.number(Unit::month).value_or(before.month());
     const int day = typed.number(Unit::day).value_or(before.day());
-    constexpr int LONGEST_MONTH = 31;
-    const QDate first(year, month, 1);
-    if (!first.isValid() || day < 1 || day > LONGEST_MONTH) {
-        return;
-    }
-    const QDate wanted(year, month, std::min(day, first.daysInMonth()));
-    if (wanted >= minimumDate() && wanted <= maximumDate()) {
+    const QDate wanted(year, month, day);
+    if (wanted.isValid() && wanted >= minimumDate() && wanted <= maximumDate()) {
         setDate(wanted);
     }
+}
+
+/// The toolkit would make 28.02.2026 of a 31.02.2026 that the line's own menu pastes.
+QValidator::State DatePicker::validate(QString& text, int& position) const {
+    const auto dayIn = [this](const QString& date) {
+        SectionTyping sections(displayFormat().toStdString());
+        sections.begin(date.toStdString(), 0);
+        return sections.number(SectionTyping::Unit::day);
+    };
+    const auto day = dayIn(text);
+    const QValidator::State state = TypedPicker<QDateEdit>::validate(text, position);
+    return dayIn(text) == day ? state : QValidator::Invalid;
 }
 
 void DatePicker::mousePressEvent(QMouseEvent* event) {
     finish();
     TypedPicker<QDateEdit>::mousePressEvent(event);
     if (auto* calendar = findChild<QCalendarWidget*>()) { // made when it is first folded out
-        // The popup around the calendar would take every day that is walked over. The chosen one reaches it as
-        // `activated` or `clicked`.
+        // The popup around the calendar would take every day that is walked over. The chosen one reaches it
+        // as `activated` or `clicked`.
         disconnect(calendar, &QCalendarWidget::selectionChanged, calendar->parentWidget(), nullptr);
         calendar->setDateEditEnabled(false); // digits would count from today
     }

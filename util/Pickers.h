@@ -53,7 +53,7 @@ extern template class TypedPicker<QDateEdit>;
 extern template class TypedPicker<QTimeEdit>;
 
 /// A date with a calendar to fold out, which may be walked through with keys: what is chosen there is one
-/// change. A day that the month typed with it lacks becomes the month's last one.
+/// change. A typed date that does not exist (31.02.2026) is discarded, the old one stays.
 class DatePicker : public TypedPicker<QDateEdit> {
     Q_OBJECT
 
@@ -62,6 +62,7 @@ class DatePicker : public TypedPicker<QDateEdit> {
 
   protected:
     void take(const SectionTyping& typed) override;
+    [[nodiscard]] QValidator::State validate(QString& text, int& position) const override;
     void mousePressEvent(QMouseEvent* event) override;
 };
 

@@ -83,8 +83,13 @@ class PickersTest : public QObject {
         add("18.06.2020", "1.7.2020", "01.07.2020");
         add("18.06.2020", "2/12/2020", "02.12.2020");
         add("18.06.2020", "16.05.19", "16.05.2019");
-        add("18.06.2020", "31.06.2021", "30.06.2021"); // the month's last
-        add("18.06.2020", "29.2.2021", "28.02.2021");
+        add("18.06.2020", "31.02.2026", "18.06.2020"); // a date that does not exist
+        add("18.06.2020", "31.06.2021", "18.06.2020");
+        add("18.06.2020", "29.2.2021", "18.06.2020");
+        add("18.06.2020", "29.02.1900", "18.06.2020");
+        add("18.06.2020", "31", "18.06.2020");
+        add("31.01.2020", "28.2", "28.02.2020");
+        add("29.02.2020", "28.02.2026", "28.02.2026");
         add("18.06.2020", "7", "07.06.2020"); // the other sections stay
         add("18.06.2020", "7.9", "07.09.2020");
         add("18.06.2020", "32.01.2020", "18.06.2020"); // no date
@@ -264,6 +269,17 @@ class PickersTest : public QObject {
         line->paste();
         QTest::keyClick(&desk.time, Qt::Key_Return);
         QCOMPARE(desk.time.time(), QTime(11, 45));
+
+        for (const auto& [pasted, result] :
+             {std::pair("31.12.2019", QDate(2019, 12, 31)), std::pair("31.02.2026", QDate(2020, 6, 18))}) {
+            desk.show(QDate(2020, 6, 18));
+            line = desk.date.findChild<QLineEdit*>();
+            QGuiApplication::clipboard()->setText(QString::fromUtf8(pasted));
+            line->selectAll();
+            line->paste();
+            QTest::keyClick(&desk.date, Qt::Key_Return);
+            QCOMPARE(desk.date.date(), result);
+        }
     }
 
     void movesAndErases_data() {
@@ -277,6 +293,8 @@ class PickersTest : public QObject {
         QTest::newRow("the digit before") << QStringLiteral("31B0") << QStringLiteral("30.06.2020");
         QTest::newRow("to the right") << QStringLiteral("R7") << QStringLiteral("18.07.2020");
         QTest::newRow("and back") << QStringLiteral("RRL9") << QStringLiteral("18.09.2020");
+        QTest::newRow("a day beyond the month") << QStringLiteral("31") << QStringLiteral("18.06.2020");
+        QTest::newRow("a month without the day") << QStringLiteral("3002") << QStringLiteral("18.06.2020");
         QTest::newRow("moves alone") << QStringLiteral("RLRH") << QStringLiteral("18.06.2020");
     }
     void movesAndErases() {
