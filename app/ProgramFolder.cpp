@@ -1,5 +1,6 @@
 #include "app/ProgramFolder.h"
 
+#include "config/ConfigForms.h"
 #include "util/Paths.h"
 
 #include <QDir>
@@ -8,8 +9,7 @@
 namespace kelvrum {
 
 QString programFolder(const QString& executableFolder, const QString& userDataFolder) {
-    const QString startUpProject = executableFolder + QStringLiteral("/QEL.ini");
-    if (fileExists(startUpProject.toStdString()) || QFileInfo(executableFolder).isWritable()) {
+    if (fileExists(projectFile(executableFolder.toStdString())) || QFileInfo(executableFolder).isWritable()) {
         return executableFolder;
     }
     QDir().mkpath(userDataFolder);

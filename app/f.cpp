@@ -8,6 +8,7 @@
 #include "app/ViewArea.h"
 #include "app/ViewSwitch.h"
 #include "app/ZoomFrame.h"
+#include "config/ConfigForms.h"
 #include "diagram/PolarSys.h"
 
 #include <QCoreApplication>
@@ -84,7 +85,7 @@ void f::Form_Load() {
         environment_.dialogs->message(this, noProgramFolder(environment_.programFolder),
                                       QStringLiteral("Kelvrum"));
     }
-    readConf(environment_.programFolder.toStdString() + "\\QEL.ini");
+    readConf(projectFile(environment_.programFolder.toStdString()));
     LoadData();
 
     KS.setHilfslinie2(0);

@@ -8,6 +8,7 @@
 #include "app/ViewArea.h"
 #include "app/ViewSwitch.h"
 #include "app/f.h"
+#include "config/ConfigForms.h"
 #include "diagram/DiagramSummary.h"
 #include "diagram/PolarSys.h"
 #include "diagram/ReadoutOverlay.h"
@@ -82,7 +83,7 @@ bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
     PolarSys& KS = view_->diagram();
     DataListModel& rows = view_->rows();
     rows.clear();
-    if (station_.Kind == ConfigKind::binary) {
+    if (formOf(station_).dataFiles == DataFiles::byDay) {
         return reader_.readSeries(station_, request, diagramSettings(), KS, step) == Reading::complete &&
                FillListVarn(request.range, step);
     }

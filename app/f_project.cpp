@@ -5,6 +5,7 @@
 #include "app/ViewArea.h"
 #include "app/f.h"
 #include "config/ChannelList.h"
+#include "config/ConfigForms.h"
 #include "config/DataFolder.h"
 #include "config/Form1.h"
 #include "config/ReadConf.h"
@@ -19,8 +20,8 @@ namespace {
 
 /// Whether the station was read from a file: a start without one leaves an empty station behind.
 bool isOpen(const StationConfig& station) {
-    const char* file = station.Kind == ConfigKind::binary ? "VARNIX.CFG" : "QEL.ini";
-    return station.Kind != ConfigKind::none && fileExists(station.BaseFolder + file);
+    return station.Kind != ConfigKind::none &&
+           fileExists(station.BaseFolder + std::string(formOf(station).fileName));
 }
 
 } // namespace
@@ -28,7 +29,7 @@ bool isOpen(const StationConfig& station) {
 void f::readConf(std::string_view ConfFile) {
     if (auto station = kelvrum::readConf(ConfFile, environment_.open)) {
         adoptStation(std::move(*station));
-        batchFolder_ = station_.Kind == ConfigKind::ini ? batchFolder(ConfFile) : std::string();
+        batchFolder_ = formOf(station_).hasBatchFolder ? batchFolder(ConfFile) : std::string();
     }
 }
 
@@ -52,10 +53,13 @@ void f::OpenFile() {
 }
 
 void f::chooseConfFile() {
-    const std::vector<FileFilter> filters = {
-        {QStringLiteral("QEL-Datenbank"), QStringLiteral("QEL.ini")},
-        {QStringLiteral("Varnix Konfigurationsdateien"), QStringLiteral("VARNIX.CFG")},
+    const auto text = [](std::string_view view) {
+        return QString::fromUtf8(view.data(), static_cast<qsizetype>(view.size()));
     };
+    std::vector<FileFilter> filters;
+    for (const ConfigForm& form : configForms()) {
+        filters.push_back({text(form.description), text(form.fileName)});
+    }
     const QString start = QString::fromStdString(nativeText(withSeparator(projectFolder())));
     const QString file =
         environment_.dialogs->chooseFile(this, QStringLiteral("Datei öffnen ..."), start, filters);

@@ -11,6 +11,7 @@
 #include "app/ViewArea.h"
 #include "app/ViewSwitch.h"
 #include "app/f.h"
+#include "config/ConfigForms.h"
 #include "diagram/PolarSys.h"
 #include "util/Validity.h"
 
@@ -105,7 +106,7 @@ void f::setAutomaticRange() {
 
 /// The polar diagram is offered for wind directions only.
 void f::showKindMenu(const QPoint& place) {
-    const bool wind = station_.Kind == ConfigKind::ini &&
+    const bool wind = formOf(station_).offersPolar &&
                       station_.ChannelTable.at(selChan->channel()).Mode == MODE_WIND_DIRECTION;
     menKS->showKinds(view_->diagram().DiagTyp(), wind);
     menKS->popup(view_->diagram().mapToGlobal(place));

@@ -1,10 +1,16 @@
 #include "config/ChannelList.h"
 
+#include "config/ConfigForms.h"
+
 namespace kelvrum {
+
+namespace {
+bool hasDayFiles(const StationConfig& station) { return formOf(station).dataFiles == DataFiles::byDay; }
+} // namespace
 
 std::vector<ListedChannel> listedChannels(const StationConfig& station) {
     std::vector<ListedChannel> rows;
-    if (station.Kind == ConfigKind::binary) {
+    if (hasDayFiles(station)) {
         for (const std::int32_t channel : station.ActiveChannels) {
             rows.push_back({station.ChannelTable.at(channel).Name, channel});
         }
@@ -19,7 +25,7 @@ std::vector<ListedChannel> listedChannels(const StationConfig& station) {
 }
 
 std::vector<ListColumn> listColumns(const StationConfig& station) {
-    if (station.Kind != ConfigKind::binary) {
+    if (!hasDayFiles(station)) {
         return {{"Zeit", "st"}, {"Wert", "s0"}};
     }
     std::vector<ListColumn> columns = {{"Uhrzeit", "st"}};
@@ -36,11 +42,14 @@ std::string tableHeader(const StationConfig& station, std::int32_t selected) {
         const ChannelInfo& info = station.ChannelTable.at(channel);
         header.append("|").append(info.Name).append(" [").append(info.Unit).append("]");
     };
-    if (station.Kind == ConfigKind::binary) {
+    if (station.Kind == ConfigKind::none) {
+        return header;
+    }
+    if (hasDayFiles(station)) {
         for (const ListedChannel& listed : listedChannels(station)) {
             add(listed.channel);
         }
-    } else if (station.Kind == ConfigKind::ini) {
+    } else {
         add(selected);
     }
     return header;

@@ -18,8 +18,8 @@ struct ListedChannel {
     bool operator==(const ListedChannel&) const = default;
 };
 
-/// Ini form: the channels with a Tag and a Name, by ascending number. Binary form: the active slots in their
-/// order, nameless ones too.
+/// The channels with a Tag and a Name, by ascending number; with day files the active slots in their order,
+/// nameless ones too.
 std::vector<ListedChannel> listedChannels(const StationConfig& station);
 
 /// One column of the data list.
@@ -30,12 +30,12 @@ struct ListColumn {
     bool operator==(const ListColumn&) const = default;
 };
 
-/// Binary form: "Uhrzeit" (key "st") and a column for each active slot (key "s" and the slot number). All
-/// else: "Zeit" and "Wert".
+/// "Zeit" and "Wert"; with day files "Uhrzeit" (key "st") and a column for each active slot (key "s" and the
+/// slot number).
 std::vector<ListColumn> listColumns(const StationConfig& station);
 
-/// The header line of the printed list, cells separated by "|": "Uhrzeit", then in the binary form each
-/// listed channel, in the ini form the selected one, as "Name [Unit]". Without a project "Uhrzeit" alone.
+/// The header line of the printed list, cells separated by "|": "Uhrzeit", then the selected channel, with
+/// day files each listed one, as "Name [Unit]". Without a project "Uhrzeit" alone.
 std::string tableHeader(const StationConfig& station, std::int32_t selected);
 
 } // namespace kelvrum

@@ -1,5 +1,6 @@
 #include "config/DataFolder.h"
 
+#include "config/ConfigForms.h"
 #include "util/Paths.h"
 #include "util/Text.h"
 
@@ -10,7 +11,7 @@ constexpr std::size_t SHORTEST_BATCH_FOLDER = 6;
 } // namespace
 
 std::string dataFolder(const StationConfig& station) {
-    if (station.Kind == ConfigKind::binary) {
+    if (formOf(station).dataPlace == DataPlace::baseFolder) {
         return station.BaseFolder;
     }
     return isAbsoluteFolder(station.DataFolder) ? station.DataFolder
@@ -18,7 +19,7 @@ std::string dataFolder(const StationConfig& station) {
 }
 
 std::string batchFolder(std::string_view iniPath) {
-    const std::string folder = replaceAllNoCase(iniPath, "QEL.ini", "Data\\");
+    const std::string folder = replaceAllNoCase(iniPath, projectForm().fileName, "Data\\");
     return folder.size() < SHORTEST_BATCH_FOLDER ? std::string() : folder;
 }
 

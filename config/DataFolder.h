@@ -8,12 +8,12 @@
 
 namespace kelvrum {
 
-/// The folder of the data files, as it is put in front of a file name. Ini form: DataFolder when it is
-/// absolute, else BaseFolder + DataFolder. Binary form: BaseFolder.
+/// The folder of the data files, as it is put in front of a file name, by the DataPlace of the station's
+/// form: DataFolder when it is absolute, else BaseFolder + DataFolder; or BaseFolder.
 std::string dataFolder(const StationConfig& station);
 
-/// The project folder handed to the batch print dialog: the path of an ini file with every "QEL.ini" (any
-/// case) replaced by "Data\"; empty when that has fewer than 6 characters.
+/// The project folder for the batch print dialog: the path of an ini configuration with every name of such a
+/// file (in any case of letters) replaced by "Data\"; empty when that has fewer than 6 characters.
 std::string batchFolder(std::string_view iniPath);
 
 } // namespace kelvrum

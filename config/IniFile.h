@@ -1,4 +1,4 @@
-// The ini form of the station configuration, "QEL.ini".
+// The ini form of the station configuration, a text file.
 #pragma once
 
 #include "config/StationConfig.h"

@@ -1,5 +1,6 @@
 #include "config/ProjectSearch.h"
 
+#include "config/ConfigForms.h"
 #include "config/IniFile.h"
 #include "util/Paths.h"
 
@@ -12,7 +13,7 @@ std::vector<FoundProject> findProjects(std::string_view folder, const FileOpener
     for (const std::string& name : foldersIn(folder)) {
         StationConfig station;
         station.ProjectName = NO_PROJECT;
-        ReadIni(base + name + "\\QEL.ini", station, open);
+        ReadIni(projectFile(base + name), station, open);
         if (station.ProjectName != NO_PROJECT) {
             projects.push_back({station.ProjectName, base + name});
         }

@@ -17,8 +17,8 @@ struct FoundProject {
     bool operator==(const FoundProject&) const = default;
 };
 
-/// The subfolders of a folder whose QEL.ini has a "PROJEKTNAME" line, in byte order of their names. Looks
-/// only; no open project is touched.
+/// The subfolders of a folder whose ini configuration has a "PROJEKTNAME" line, in byte order of their names.
+/// Looks only; no open project is touched.
 std::vector<FoundProject> findProjects(std::string_view folder, const FileOpener& open = openFile);
 
 } // namespace kelvrum

@@ -1,7 +1,7 @@
 #include "config/ReadConf.h"
 
+#include "config/ConfigForms.h"
 #include "config/IniFile.h"
-#include "config/VarnixFile.h"
 #include "util/Paths.h"
 #include "util/Text.h"
 
@@ -13,34 +13,27 @@ std::string stationSubtitle(const StationConfig& station) {
 
 StationConfig readProjectFolder(std::string_view folder, const FileOpener& open) {
     StationConfig station;
-    station.Kind = ConfigKind::ini;
+    station.Kind = projectForm().kind;
     station.BaseFolder = withSeparator(folder);
-    ReadIni(station.BaseFolder + "QEL.ini", station, open);
+    ReadIni(projectFile(folder), station, open);
     station.Title = station.ProjectName;
     station.Subtitle = stationSubtitle(station);
     return station;
 }
 
 std::optional<StationConfig> readConf(std::string_view ConfFile, const FileOpener& open) {
-    StationConfig station;
-    std::size_t name = findNoCase(ConfFile, "VARNIX.CFG");
-    if (name != std::string_view::npos) {
-        station.Kind = ConfigKind::binary;
-        station.BaseFolder = ConfFile.substr(0, name);
-        ReadVarnix(ConfFile, station, open);
-        return station;
+    const auto forms = configForms();
+    for (auto form = forms.rbegin(); form != forms.rend(); ++form) { // of two names the later form counts
+        const std::size_t name = findNoCase(ConfFile, form->fileName);
+        if (name != std::string_view::npos) {
+            StationConfig station;
+            station.Kind = form->kind;
+            station.BaseFolder = ConfFile.substr(0, name);
+            form->read(ConfFile, station, open);
+            return station;
+        }
     }
-    name = findNoCase(ConfFile, "QEL.ini");
-    if (name == std::string_view::npos) {
-        return std::nullopt;
-    }
-    station.Kind = ConfigKind::ini;
-    station.BaseFolder = ConfFile.substr(0, name);
-    if (ReadIni(ConfFile, station, open) == INI_READ) {
-        station.Title = station.ProjectName;
-        station.Subtitle = stationSubtitle(station);
-    }
-    return station;
+    return std::nullopt;
 }
 
 } // namespace kelvrum

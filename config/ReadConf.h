@@ -10,11 +10,11 @@
 namespace kelvrum {
 
 /// Reads the station of a configuration file. The form follows from the name in the path, in any case of
-/// letters: "VARNIX.CFG" before "QEL.ini". Nothing when the path holds neither: the open project stays then.
-/// A file that cannot be read gives an empty station with its Kind and BaseFolder.
+/// letters; with two names in it, the binary form's counts. Nothing when the path holds none: the open
+/// project stays then. A file that cannot be read gives an empty station with its Kind and BaseFolder.
 std::optional<StationConfig> readConf(std::string_view ConfFile, const FileOpener& open = openFile);
 
-/// Opens the ini project in a folder: its QEL.ini, whether it can be read or not. `folder` is not empty; it
+/// Opens the ini project in a folder, whether its configuration can be read or not. `folder` is not empty; it
 /// may lack the separator at its end.
 StationConfig readProjectFolder(std::string_view folder, const FileOpener& open = openFile);
 

@@ -10,11 +10,11 @@
 
 namespace kelvrum {
 
-/// Which of the two configuration forms a project has.
+/// Which form of configuration a project has (config/ConfigForms.h).
 enum class ConfigKind : std::int32_t {
     none = 0,   // nothing opened yet
-    ini = 1,    // text file "QEL.ini"
-    binary = 2, // record file "VARNIX.CFG"
+    ini = 1,    // text file
+    binary = 2, // record file
 };
 
 struct StationConfig {

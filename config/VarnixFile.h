@@ -1,4 +1,4 @@
-// The binary form of the station configuration, "VARNIX.CFG".
+// The binary form of the station configuration, a record file.
 #pragma once
 
 #include "config/StationConfig.h"

@@ -1,4 +1,4 @@
-// Layout of the binary station configuration "VARNIX.CFG": one packed record, numbers little-endian,
+// Layout of the binary station configuration: one packed record, numbers little-endian,
 // texts Windows-1252 padded with NUL or blanks.
 #pragma once
 

@@ -1,5 +1,6 @@
 #include "data/DataReader.h"
 
+#include "config/ConfigForms.h"
 #include "data/Averaging.h"
 #include "data/DayFiles.h"
 #include "data/SeriesFill.h"
@@ -131,8 +132,9 @@ Reading DataReader::readList(const StationConfig& station, const ReadRequest& re
 Reading DataReader::readSeries(const StationConfig& station, const ReadRequest& request,
                                const DiagramSettings& settings, DiagramState& diagram,
                                const ReadingStep& step) {
-    return station.Kind == ConfigKind::binary ? readDayDiagram(station, request, settings, diagram, step)
-                                              : readDiagram(station, request, settings, diagram, step);
+    return formOf(station).dataFiles == DataFiles::byDay
+               ? readDayDiagram(station, request, settings, diagram, step)
+               : readDiagram(station, request, settings, diagram, step);
 }
 
 Reading DataReader::readDiagram(const StationConfig& station, const ReadRequest& request,
