@@ -1,7 +1,7 @@
 // What the main window takes from the world around it. Tests hand in their own.
 #pragma once
 
-#include "config/Dialogs.h"
+#include "util/Dialogs.h"
 #include "util/FileSource.h"
 #include "util/Format.h"
 

@@ -1,10 +1,10 @@
 // The batch print dialog.
 #pragma once
 
-#include "config/Dialogs.h"
 #include "config/StationConfig.h"
 #include "data/DataReader.h"
 #include "util/DateTime.h"
+#include "util/Dialogs.h"
 #include "util/Format.h"
 
 #include <QDialog>

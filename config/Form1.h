@@ -1,8 +1,8 @@
 // The project selection window.
 #pragma once
 
-#include "config/Dialogs.h"
 #include "config/ProjectSearch.h"
+#include "util/Dialogs.h"
 #include "util/FileSource.h"
 
 #include <QDialog>

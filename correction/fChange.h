@@ -1,10 +1,10 @@
 // The correction dialog.
 #pragma once
 
-#include "config/Dialogs.h"
 #include "config/StationConfig.h"
 #include "correction/Recalculation.h"
 #include "util/DateTime.h"
+#include "util/Dialogs.h"
 
 #include <QDialog>
 #include <functional>

@@ -1,7 +1,7 @@
 // Dialogs that the test answers, and what they were asked.
 #pragma once
 
-#include "config/Dialogs.h"
+#include "util/Dialogs.h"
 
 #include <QString>
 #include <QStringList>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "app/f.h"
-#include "config/Dialogs.h"
 #include "tests/testing/WindowDriver.h"
+#include "util/Dialogs.h"
 
 #include <QString>
 #include <QTemporaryDir>

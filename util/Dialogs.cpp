@@ -1,4 +1,4 @@
-#include "config/Dialogs.h"
+#include "util/Dialogs.h"
 
 #include <QFileDialog>
 #include <QMessageBox>
