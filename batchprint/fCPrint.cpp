@@ -26,7 +26,7 @@ fCPrint::fCPrint(Owner owner, QWidget* parent)
     enableOk();
 }
 
-fCPrint::~fCPrint() { resetPointer(); }
+fCPrint::~fCPrint() = default;
 
 void fCPrint::loadSettings() {
     const LoadedSettings loaded = kelvrum::loadSettings();

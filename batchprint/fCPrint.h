@@ -3,6 +3,7 @@
 
 #include "config/StationConfig.h"
 #include "data/DataReader.h"
+#include "util/BusyPointer.h"
 #include "util/DateTime.h"
 #include "util/Dialogs.h"
 #include "util/Format.h"
@@ -10,6 +11,7 @@
 #include <QDialog>
 #include <exception>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -86,13 +88,11 @@ class fCPrint : public QDialog {
     void printPages(const TimeRange& range);
     void readRow(const BatchRow& row, const TimeRange& range);
     void setPrinting(bool printing);
-    void showHourglass();
-    void resetPointer();
 
     Owner owner_;
     bool printing_ = false;
     bool reloading_ = false; // the owner shows its view again after a run
-    bool hourglass_ = false;
+    std::optional<BusyPointer> busy_;
 
     QWidget* entries_ = nullptr; // all controls but the foot
     PeriodWidget* period_ = nullptr;

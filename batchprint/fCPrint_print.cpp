@@ -5,7 +5,6 @@
 #include "diagram/PrintJob.h"
 
 #include <QCoreApplication>
-#include <QGuiApplication>
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
@@ -104,7 +103,9 @@ void fCPrint::printRows() {
     if (printing_ || reloading_) {
         return;
     }
-    showHourglass();
+    if (!busy_) { // set once, however often a period was wrong
+        busy_.emplace();
+    }
     const TimeRange range = period();
     if (!isEarlier(range.from, range.to)) {
         owner_.dialogs.message(this, QStringLiteral("Bitte überprüfen Sie die Angabe des Zeitraums!"),
@@ -126,7 +127,7 @@ void fCPrint::printRows() {
     reloading_ = true; // the button is enabled already
     owner_.loadData();
     reloading_ = false;
-    resetPointer();
+    busy_.reset();
     if (failure) {
         report(failure);
     }
@@ -190,21 +191,6 @@ void fCPrint::setPrinting(bool printing) {
     SaveButton->setEnabled(!printing);
     CancelButton->setEnabled(!printing);
     enableOk();
-}
-
-/// At most one hourglass, however often a period was wrong.
-void fCPrint::showHourglass() {
-    if (!hourglass_) {
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-        hourglass_ = true;
-    }
-}
-
-void fCPrint::resetPointer() {
-    if (hourglass_) {
-        QGuiApplication::restoreOverrideCursor();
-        hourglass_ = false;
-    }
 }
 
 } // namespace kelvrum

@@ -1,6 +1,7 @@
 // The hourglass.
 #pragma once
 
+#include <QCursor>
 #include <QGuiApplication>
 
 namespace kelvrum {
