@@ -20,8 +20,8 @@ constexpr double BEHIND_HEADER = 5;
 constexpr std::string_view TIME_SAMPLE = "31.12.2005  17:17";
 constexpr std::string_view VALUE_SAMPLE = "12345678901234 [ert]";
 
-const DiagramFont TITLE_FONT{"Arial", 12, true, false};
-const DiagramFont TEXT_FONT{"Arial", 10, false, false};
+const Font TITLE_FONT{"Arial", 12, true, false};
+const Font TEXT_FONT{"Arial", 10, false, false};
 
 /// True within a UTF-8 character, behind its first byte.
 bool isContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }

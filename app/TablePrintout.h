@@ -1,7 +1,7 @@
 // The data list as a printed table: row printer and cell fitter, on any surface.
 #pragma once
 
-#include "diagram/Surface.h"
+#include "drawing/Surface.h"
 
 #include <cstddef>
 #include <functional>

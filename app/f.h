@@ -7,8 +7,8 @@
 #include "config/StationConfig.h"
 #include "correction/Recalculation.h"
 #include "data/DataReader.h"
-#include "diagram/Colour.h"
-#include "diagram/PrintJob.h"
+#include "drawing/Colour.h"
+#include "drawing/PrintJob.h"
 #include "util/DateTime.h"
 #include "util/PeriodWidget.h"
 

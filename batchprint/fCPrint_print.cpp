@@ -2,7 +2,7 @@
 #include "batchprint/BatchRow.h"
 #include "batchprint/fCPrint.h"
 #include "diagram/PolarSys.h"
-#include "diagram/PrintJob.h"
+#include "drawing/PrintJob.h"
 
 #include <QCoreApplication>
 #include <QPointer>

@@ -3,7 +3,7 @@
 
 #include "diagram/DiagramState.h"
 #include "diagram/PlotArea.h"
-#include "diagram/Surface.h"
+#include "drawing/Surface.h"
 
 #include <algorithm>
 #include <array>

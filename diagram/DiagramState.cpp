@@ -151,7 +151,7 @@ void DiagramState::setBgCol(Colour colour) {
     backgroundChanged();
 }
 
-void DiagramState::setSkalaFont(const DiagramFont& font) {
+void DiagramState::setSkalaFont(const Font& font) {
     mFont_ = font;
     markChanged("SkalaFont");
 }

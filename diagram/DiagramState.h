@@ -2,8 +2,9 @@
 // It knows no window; PolarSys adds one.
 #pragma once
 
-#include "diagram/Colour.h"
 #include "diagram/SeriesTable.h"
+#include "drawing/Colour.h"
+#include "drawing/Font.h"
 #include "util/DateTime.h"
 
 #include <cstdint>
@@ -46,16 +47,6 @@ class InvalidPropertyValue : public std::runtime_error {
     InvalidPropertyValue()
         : std::runtime_error("Ungültiger Eigenschaftswert") {}
     [[nodiscard]] std::int32_t number() const { return NUMBER; }
-};
-
-/// A font of the diagram: family, size in points, bold, italic.
-struct DiagramFont {
-    std::string Name = "Arial";
-    double Size = 8;
-    bool Bold = false;
-    bool Italic = false;
-
-    bool operator==(const DiagramFont&) const = default;
 };
 
 /// Getters bear the properties' names, setters "set" and the name (setEnabledState for Enabled). Angles cross
@@ -148,8 +139,8 @@ class DiagramState {
     void setRichtungRein(std::string_view text) { richtungRein_ = text; }
     [[nodiscard]] const std::string& RichtungRaus() const { return richtungRaus_; }
     void setRichtungRaus(std::string_view text) { richtungRaus_ = text; }
-    [[nodiscard]] const DiagramFont& SkalaFont() const { return mFont_; }
-    void setSkalaFont(const DiagramFont& font);
+    [[nodiscard]] const Font& SkalaFont() const { return mFont_; }
+    void setSkalaFont(const Font& font);
 
     [[nodiscard]] bool Enabled() const { return enabledState(); }
     void setEnabledState(bool enabled);
@@ -240,7 +231,7 @@ class DiagramState {
     std::string fussnote_;
     std::string richtungRein_;
     std::string richtungRaus_;
-    DiagramFont mFont_;
+    Font mFont_;
     bool enabled_ = true;
 
     std::vector<double> speedList_ = {0};

@@ -86,8 +86,8 @@ class Drawing {
     [[nodiscard]] int dots(double length) const { return nearestDot(length * scale_); }
 
     /// SkalaFont, in the layout's size when it has one.
-    [[nodiscard]] DiagramFont fontOf(const std::optional<double>& points) const {
-        DiagramFont font = state_.SkalaFont();
+    [[nodiscard]] Font fontOf(const std::optional<double>& points) const {
+        Font font = state_.SkalaFont();
         font.Size = points.value_or(font.Size);
         return font;
     }
@@ -212,7 +212,7 @@ class Drawing {
     }
 
     void drawTexts() {
-        DiagramFont bold = fontOf(layout_.titlePoints);
+        Font bold = fontOf(layout_.titlePoints);
         bold.Bold = true;
         surface_.setFont(bold);
         const Extent title = surface_.textExtent(state_.HeadLine());

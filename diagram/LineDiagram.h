@@ -4,7 +4,7 @@
 #include "diagram/DiagramLayout.h"
 #include "diagram/DiagramState.h"
 #include "diagram/PlotArea.h"
-#include "diagram/Surface.h"
+#include "drawing/Surface.h"
 #include "util/Format.h"
 
 namespace kelvrum {

@@ -3,7 +3,7 @@
 
 #include "diagram/DiagramLayout.h"
 #include "diagram/LineScale.h"
-#include "diagram/Surface.h"
+#include "drawing/Surface.h"
 #include "util/DateTime.h"
 
 namespace kelvrum {

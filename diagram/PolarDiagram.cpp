@@ -1,6 +1,6 @@
 #include "diagram/PolarDiagram.h"
 
-#include "diagram/PlacedSurface.h"
+#include "drawing/PlacedSurface.h"
 #include "util/Numbers.h"
 
 #include <algorithm>
@@ -72,8 +72,8 @@ class Drawing {
     }
 
   private:
-    [[nodiscard]] DiagramFont bold() const {
-        DiagramFont font = state_.SkalaFont();
+    [[nodiscard]] Font bold() const {
+        Font font = state_.SkalaFont();
         font.Bold = true;
         return font;
     }
@@ -183,7 +183,7 @@ class Drawing {
     void drawCompass() {
         constexpr int BOLD_FROM = 12; // points
         const int points = rounded(size_.height / surface_.scale()) / 40;
-        DiagramFont font = state_.SkalaFont();
+        Font font = state_.SkalaFont();
         font.Size = points;
         font.Bold = font.Bold || points >= BOLD_FROM;
         surface_.setFont(font);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "diagram/DiagramState.h"
-#include "diagram/Surface.h"
+#include "drawing/Surface.h"
 #include "util/Format.h"
 
 #include <cstdint>

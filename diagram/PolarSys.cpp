@@ -2,10 +2,10 @@
 
 #include "diagram/AccessibleDiagram.h"
 #include "diagram/LineDiagram.h"
-#include "diagram/PainterSurface.h"
 #include "diagram/PictureExport.h"
 #include "diagram/PolarDiagram.h"
-#include "diagram/PrintJob.h"
+#include "drawing/PainterSurface.h"
+#include "drawing/PrintJob.h"
 
 #include <QFocusEvent>
 #include <QMouseEvent>

@@ -3,7 +3,7 @@
 
 #include "diagram/PolarDiagram.h"
 #include "diagram/Readout.h"
-#include "diagram/Surface.h"
+#include "drawing/Surface.h"
 #include "util/Format.h"
 
 #include <cstdint>

@@ -4,7 +4,7 @@
 
 #include "diagram/Curve.h"
 #include "diagram/PlotArea.h"
-#include "diagram/Surface.h"
+#include "drawing/Surface.h"
 #include "util/DateTime.h"
 
 #include <cstddef>

@@ -1,7 +1,7 @@
 // Where on a sheet a page is.
 #pragma once
 
-#include "diagram/Surface.h"
+#include "drawing/Surface.h"
 
 #include <QMarginsF>
 #include <QPageLayout>

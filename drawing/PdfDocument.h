@@ -1,8 +1,8 @@
 // A PDF document that is made page by page on a device of ours.
 #pragma once
 
-#include "diagram/PainterSurface.h"
 #include "drawing/PageArea.h"
+#include "drawing/PainterSurface.h"
 
 #include <QPdfWriter>
 #include <QString>

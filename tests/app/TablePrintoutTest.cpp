@@ -1,5 +1,5 @@
 #include "app/TablePrintout.h"
-#include "tests/diagram/RecordingSurface.h"
+#include "tests/drawing/RecordingSurface.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -122,9 +122,9 @@ TEST(TablePrintout, TitleHeaderAndRowsHaveTheirFontsAndPlaces) {
     printTable(tableOf(1), [&]() -> Surface& { return pages.next(); });
     const auto& texts = pages.pages[0]->texts;
     ASSERT_EQ(texts.size(), 5U);
-    EXPECT_EQ(texts[0].font, (DiagramFont{"Arial", 12, true, false}));
+    EXPECT_EQ(texts[0].font, (Font{"Arial", 12, true, false}));
     EXPECT_EQ(texts[0].at, (Dot{200, 100}));
-    EXPECT_EQ(texts[1].font, (DiagramFont{"Arial", 10, false, false}));
+    EXPECT_EQ(texts[1].font, (Font{"Arial", 10, false, false}));
     // The title and an empty line of 12 mm each.
     EXPECT_EQ(texts[1].at, (Dot{200, 340}));
     // 17 characters are 102 mm: the value column stands at 20 + 102 + 1.

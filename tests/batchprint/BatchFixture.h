@@ -3,7 +3,7 @@
 
 #include "batchprint/fCPrint.h"
 #include "diagram/PolarSys.h"
-#include "diagram/PrintJob.h"
+#include "drawing/PrintJob.h"
 #include "tests/testing/TempFolder.h"
 #include "tests/testing/WindowDriver.h"
 

@@ -2,9 +2,9 @@
 #include "diagram/LineDiagram.h"
 #include "diagram/LineScale.h"
 
-#include "tests/diagram/RecordingSurface.h"
-#include "tests/diagram/ShowDots.h"
 #include "tests/diagram/TestDiagram.h"
+#include "tests/drawing/RecordingSurface.h"
+#include "tests/drawing/ShowDots.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 // How the columns of a series are joined: gaps, lone points, passes, directions, bars.
 #include "diagram/Curve.h"
 
-#include "tests/diagram/RecordingSurface.h"
-#include "tests/diagram/ShowDots.h"
 #include "tests/diagram/TestDiagram.h"
+#include "tests/drawing/RecordingSurface.h"
+#include "tests/drawing/ShowDots.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // Limit lines and the mean line.
 #include "diagram/LineDiagram.h"
 
-#include "tests/diagram/RecordingSurface.h"
 #include "tests/diagram/TestDiagram.h"
+#include "tests/drawing/RecordingSurface.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include "diagram/PolarDiagram.h"
-#include "tests/diagram/RecordingSurface.h"
+#include "tests/drawing/RecordingSurface.h"
 
 #include <algorithm>
 #include <cmath>
@@ -116,7 +116,7 @@ TEST(PolarDiagram, LettersFootnoteAndHeadLineHaveTheirPlaces) {
     EXPECT_EQ(surface.only("S")->at, (Dot{197, 480 - fs - 10}));
     EXPECT_EQ(surface.only("W")->at, (Dot{9, middle}));
     EXPECT_EQ(surface.only("E")->at, (Dot{382, middle}));
-    EXPECT_EQ(surface.only("N")->font, (DiagramFont{"Arial", 12, true, false}));
+    EXPECT_EQ(surface.only("N")->font, (Font{"Arial", 12, true, false}));
     EXPECT_EQ(surface.only("Fuß")->at, (Dot{400 - 18 - 8, 464}));
     EXPECT_EQ(surface.only("Wind")->at.y, 3);
     EXPECT_EQ(surface.only("Wind")->at.x, (400 - 4 * RecordingSurface::BOLD_CHARACTER) / 2);

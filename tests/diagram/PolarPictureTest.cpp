@@ -1,7 +1,7 @@
 // The polar diagram as a picture: each sector covers its own class and no other.
-#include "diagram/PainterSurface.h"
 #include "diagram/PolarDiagram.h"
 #include "diagram/PolarSys.h"
+#include "drawing/PainterSurface.h"
 
 #include <QImage>
 #include <QTest>

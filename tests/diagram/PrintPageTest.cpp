@@ -1,6 +1,6 @@
 // The line diagram on paper: what stands where on a page. All lengths are millimetres from its upper left
 // corner.
-#include "diagram/PainterSurface.h"
+#include "drawing/PainterSurface.h"
 #include "tests/diagram/PrintedDiagram.h"
 
 #include <QFileInfo>

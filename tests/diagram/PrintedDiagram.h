@@ -2,7 +2,7 @@
 #pragma once
 
 #include "diagram/PolarSys.h"
-#include "diagram/PrintJob.h"
+#include "drawing/PrintJob.h"
 
 #include "tests/diagram/TestDiagram.h"
 #include "tests/testing/PrintedDocument.h"

@@ -119,7 +119,7 @@ TEST(Properties, InitialiseBringsBackEveryDefault) {
     EXPECT_EQ(diagram.HeadLine() + diagram.HeadLine2() + diagram.Einheit() + diagram.AchseText() +
                   diagram.Fussnote() + diagram.RichtungRein() + diagram.RichtungRaus(),
               "");
-    EXPECT_EQ(diagram.SkalaFont(), DiagramFont());
+    EXPECT_EQ(diagram.SkalaFont(), Font());
     EXPECT_EQ(diagram.ListCount(), 0);
     EXPECT_EQ(diagram.DataCount(), 0);
     EXPECT_EQ(diagram.DataIndex(), -1);
@@ -158,11 +158,11 @@ TEST(Properties, TextsAreEmptyAtFirstAndAreOnlyStored) {
 
 TEST(Properties, SkalaFontCopiesTheFourAttributes) {
     TestDiagram diagram;
-    EXPECT_EQ(diagram.SkalaFont(), (DiagramFont{"Arial", 8, false, false}));
-    DiagramFont font{"Courier", 12.5, true, true};
+    EXPECT_EQ(diagram.SkalaFont(), (Font{"Arial", 8, false, false}));
+    Font font{"Courier", 12.5, true, true};
     diagram.setSkalaFont(font);
     font.Name = "changed later";
-    EXPECT_EQ(diagram.SkalaFont(), (DiagramFont{"Courier", 12.5, true, true}));
+    EXPECT_EQ(diagram.SkalaFont(), (Font{"Courier", 12.5, true, true}));
     EXPECT_THAT(diagram.events, ElementsAre("changed SkalaFont"));
 }
 

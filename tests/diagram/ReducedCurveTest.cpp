@@ -1,8 +1,8 @@
 // What is left of a long series on a surface.
 #include "diagram/ReducedCurve.h"
 
-#include "tests/diagram/RecordingSurface.h"
-#include "tests/diagram/ShowDots.h"
+#include "tests/drawing/RecordingSurface.h"
+#include "tests/drawing/ShowDots.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

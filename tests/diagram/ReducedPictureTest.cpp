@@ -1,8 +1,8 @@
 // A reduced series paints the very same picture as its segments and bars one by one, whatever the series.
 #include "diagram/Curve.h"
-#include "diagram/PainterSurface.h"
 #include "diagram/PlotArea.h"
 #include "diagram/ReducedCurve.h"
+#include "drawing/PainterSurface.h"
 #include "tests/testing/Property.h"
 
 #include <QImage>

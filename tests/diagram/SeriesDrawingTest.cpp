@@ -1,9 +1,9 @@
 // The series of a line diagram as they arrive on the surface: colours, passes, clip, number of primitives.
 #include "diagram/LineDiagram.h"
 
-#include "tests/diagram/RecordingSurface.h"
-#include "tests/diagram/ShowDots.h"
 #include "tests/diagram/TestDiagram.h"
+#include "tests/drawing/RecordingSurface.h"
+#include "tests/drawing/ShowDots.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

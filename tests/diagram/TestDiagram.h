@@ -14,7 +14,7 @@
 namespace kelvrum {
 
 // How a failed test shows them.
-inline std::ostream& operator<<(std::ostream& out, const DiagramFont& font) {
+inline std::ostream& operator<<(std::ostream& out, const Font& font) {
     return out << font.Name << ' ' << font.Size << (font.Bold ? " bold" : "")
                << (font.Italic ? " italic" : "");
 }

@@ -1,9 +1,9 @@
 // The texts of a line diagram: title band, titles, unit, captions, footnote, precipitation total.
 #include "diagram/LineDiagram.h"
 
-#include "tests/diagram/RecordingSurface.h"
-#include "tests/diagram/ShowDots.h"
 #include "tests/diagram/TestDiagram.h"
+#include "tests/drawing/RecordingSurface.h"
+#include "tests/drawing/ShowDots.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -75,9 +75,9 @@ TEST(Titles, AllTextsAreInSkalaFont) {
     RecordingSurface surface;
     draw(surface, diagram);
     for (const RecordedText& one : surface.texts) {
-        EXPECT_EQ(one.font, (DiagramFont{"Courier", 11, one.text == "Titel", true})) << one.text;
+        EXPECT_EQ(one.font, (Font{"Courier", 11, one.text == "Titel", true})) << one.text;
     }
-    EXPECT_EQ(diagram.SkalaFont(), (DiagramFont{"Courier", 11, false, true})) << "the font itself stays";
+    EXPECT_EQ(diagram.SkalaFont(), (Font{"Courier", 11, false, true})) << "the font itself stays";
 }
 
 TEST(Unit, EndsAtTheLeftMargin) {

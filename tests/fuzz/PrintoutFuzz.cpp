@@ -1,7 +1,7 @@
 // Any rows and columns of the printed table, on paper of any size. The input: sizes, then the line of the
 // columns, the header, and rows.
 #include "app/TablePrintout.h"
-#include "tests/diagram/RecordingSurface.h"
+#include "tests/drawing/RecordingSurface.h"
 #include "tests/fuzz/Fuzzing.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
 // A year of columns on a picture of 900 x 600, beside every segment drawn as a line of its own.
 #include "diagram/Curve.h"
 #include "diagram/LineDiagram.h"
-#include "diagram/PainterSurface.h"
+#include "drawing/PainterSurface.h"
 #include "tools/bench/Ratios.h"
 #include "tools/bench/Registers.h"
 #include "tools/bench/Year.h"
@@ -58,7 +58,7 @@ class CountedSurface final : public Surface {
     }
     void ellipse(const Box& box, std::optional<Colour> fill) override { surface_.ellipse(box, fill); }
     void pie(const Box& box, Dot from, Dot to, Colour fill) override { surface_.pie(box, from, to, fill); }
-    void setFont(const DiagramFont& font) override { surface_.setFont(font); }
+    void setFont(const Font& font) override { surface_.setFont(font); }
     void text(Dot at, std::string_view text) override { surface_.text(at, text); }
     Extent textExtent(std::string_view text) override { return surface_.textExtent(text); }
 

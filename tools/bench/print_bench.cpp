@@ -1,8 +1,8 @@
 // A batch of ten year pages: from the channel files to a finished document.
 #include "data/DataReader.h"
 #include "diagram/LineDiagram.h"
-#include "diagram/PagePicture.h"
-#include "diagram/PainterSurface.h"
+#include "drawing/PagePicture.h"
+#include "drawing/PainterSurface.h"
 #include "tools/bench/BenchStation.h"
 #include "tools/bench/Registers.h"
 

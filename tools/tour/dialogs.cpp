@@ -2,7 +2,7 @@
 #include "app/SystemLocale.h"
 #include "batchprint/fCPrint.h"
 #include "diagram/PolarSys.h"
-#include "diagram/PrintJob.h"
+#include "drawing/PrintJob.h"
 #include "tools/tour/Chapters.h"
 #include "tools/tour/Picture.h"
 

@@ -1,8 +1,8 @@
 // A printed page, drawn by the road of the print job into a picture instead of to a printer.
 #include "app/SystemLocale.h"
 #include "diagram/LineDiagram.h"
-#include "diagram/PagePicture.h"
 #include "diagram/PolarSys.h"
+#include "drawing/PagePicture.h"
 #include "tools/tour/Chapters.h"
 #include "tools/tour/Picture.h"
 

@@ -1,4 +1,4 @@
-#include "diagram/PagePicture.h"
+#include "drawing/PagePicture.h"
 
 #include <QFontMetrics>
 #include <QString>
@@ -17,7 +17,7 @@ void PagePicture::restart() {
     useFont({});
 }
 
-void PagePicture::useFont(const DiagramFont& font) {
+void PagePicture::useFont(const Font& font) {
     font_ = surfaceFont(font, resolution_.dotsPerPoint);
     auto& known = shaped_[font_.toString()];
     if (!known) {
@@ -70,7 +70,7 @@ void PagePicture::pie(const Box& box, Dot from, Dot to, Colour fill) {
     steps_.emplace_back([box, from, to, fill](Surface& s) { s.pie(box, from, to, fill); });
 }
 
-void PagePicture::setFont(const DiagramFont& font) {
+void PagePicture::setFont(const Font& font) {
     useFont(font);
     steps_.emplace_back([font](Surface& s) { s.setFont(font); });
 }

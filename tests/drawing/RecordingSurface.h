@@ -1,7 +1,7 @@
 // A surface that keeps every primitive instead of drawing it.
 #pragma once
 
-#include "diagram/Surface.h"
+#include "drawing/Surface.h"
 
 #include <cstddef>
 #include <optional>
@@ -29,7 +29,7 @@ struct RecordedText {
     Extent extent;
     std::string text;
     Colour pen = BLACK;
-    DiagramFont font;
+    Font font;
     std::optional<Box> clip;
 };
 
@@ -76,7 +76,7 @@ class RecordingSurface final : public Surface {
         pies.push_back({box, from, to, pen_, fill});
         order.emplace_back("pie");
     }
-    void setFont(const DiagramFont& font) override { font_ = font; }
+    void setFont(const Font& font) override { font_ = font; }
     void text(Dot at, std::string_view text) override;
     Extent textExtent(std::string_view text) override;
 
@@ -109,7 +109,7 @@ class RecordingSurface final : public Surface {
     double scale_;
     Colour pen_ = BLACK;
     std::optional<Box> clip_;
-    DiagramFont font_;
+    Font font_;
     Dot current_;
 };
 

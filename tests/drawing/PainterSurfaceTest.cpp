@@ -1,5 +1,5 @@
 // The surface on a painter: what its primitives paint.
-#include "diagram/PainterSurface.h"
+#include "drawing/PainterSurface.h"
 
 #include <QImage>
 #include <QTest>

@@ -1,7 +1,7 @@
 // How a failed test shows dots, lines and boxes.
 #pragma once
 
-#include "diagram/Surface.h"
+#include "drawing/Surface.h"
 
 #include <ostream>
 

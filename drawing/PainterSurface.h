@@ -1,8 +1,8 @@
 // A surface on any QPainter device.
 #pragma once
 
-#include "diagram/Surface.h"
 #include "drawing/ShapedText.h"
+#include "drawing/Surface.h"
 
 #include <QColor>
 #include <QFont>
@@ -28,7 +28,7 @@ struct Resolution {
 };
 
 /// The font of a surface, its size in dots.
-QFont surfaceFont(const DiagramFont& font, double dotsPerPoint);
+QFont surfaceFont(const Font& font, double dotsPerPoint);
 
 /// Draws on a device whose pixels are the dots. Lines are not smoothed.
 class PainterSurface final : public Surface {
@@ -60,7 +60,7 @@ class PainterSurface final : public Surface {
     void fill(std::span<const Box> boxes, Colour colour) override;
     void ellipse(const Box& box, std::optional<Colour> fill) override;
     void pie(const Box& box, Dot from, Dot to, Colour fill) override;
-    void setFont(const DiagramFont& font) override;
+    void setFont(const Font& font) override;
     void text(Dot at, std::string_view text) override;
     Extent textExtent(std::string_view text) override;
 

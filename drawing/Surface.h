@@ -1,8 +1,8 @@
-// What a diagram is drawn on: the picture of the control, a printed page, a recording in a test.
+// What is drawn on: a picture on the screen, a printed page, a recording.
 #pragma once
 
-#include "diagram/Colour.h"
-#include "diagram/DiagramState.h"
+#include "drawing/Colour.h"
+#include "drawing/Font.h"
 
 #include <optional>
 #include <span>
@@ -78,7 +78,7 @@ class Surface {
     /// from the radial through `from` to the one through `to`; the whole ellipse when both are the same.
     virtual void pie(const Box& box, Dot from, Dot to, Colour fill) = 0;
 
-    virtual void setFont(const DiagramFont& font) = 0;
+    virtual void setFont(const Font& font) = 0;
     /// Draws UTF-8 text in the pen's colour with its upper left corner at a dot.
     virtual void text(Dot at, std::string_view text) = 0;
     /// Size of a text in the current font; an empty text has the height of a line.

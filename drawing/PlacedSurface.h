@@ -1,9 +1,7 @@
 // A part of another surface that is drawn on like a surface of its own.
 #pragma once
 
-#include "diagram/Surface.h"
-
-#include <vector>
+#include "drawing/Surface.h"
 
 namespace kelvrum {
 
@@ -28,31 +26,13 @@ class PlacedSurface final : public Surface {
     }
     void moveTo(Dot to) override { surface_.moveTo(moved(to)); }
     void lineTo(Dot to) override { surface_.lineTo(moved(to)); }
-    void lines(std::span<const Segment> segments) override {
-        std::vector<Segment> there;
-        there.reserve(segments.size());
-        for (const Segment& segment : segments) {
-            there.push_back({moved(segment.from), moved(segment.to)});
-        }
-        surface_.lines(there);
-    }
-    void fill(std::span<const Box> boxes, Colour colour) override {
-        std::vector<Box> there;
-        there.reserve(boxes.size());
-        for (const Box& box : boxes) {
-            there.push_back(moved(box));
-        }
-        surface_.fill(there, colour);
-    }
+    void lines(std::span<const Segment> segments) override;
+    void fill(std::span<const Box> boxes, Colour colour) override;
     void ellipse(const Box& box, std::optional<Colour> fill) override { surface_.ellipse(moved(box), fill); }
     void pie(const Box& box, Dot from, Dot to, Colour fill) override {
         surface_.pie(moved(box), moved(from), moved(to), fill);
     }
-    void setFont(const DiagramFont& font) override {
-        DiagramFont there = font;
-        there.Size *= fontFactor_;
-        surface_.setFont(there);
-    }
+    void setFont(const Font& font) override;
     void text(Dot at, std::string_view text) override { surface_.text(moved(at), text); }
     Extent textExtent(std::string_view text) override { return surface_.textExtent(text); }
 

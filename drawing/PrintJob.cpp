@@ -1,8 +1,8 @@
-#include "diagram/PrintJob.h"
+#include "drawing/PrintJob.h"
 
-#include "diagram/PagePicture.h"
-#include "diagram/PainterSurface.h"
 #include "drawing/DocumentFile.h"
+#include "drawing/PagePicture.h"
+#include "drawing/PainterSurface.h"
 #include "drawing/PdfDocument.h"
 #include "drawing/PrintQueue.h"
 #include "drawing/QueueOptions.h"

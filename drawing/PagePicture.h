@@ -1,9 +1,9 @@
 // A page that is kept as what was drawn on it, until it is printed or dropped.
 #pragma once
 
-#include "diagram/PainterSurface.h"
-#include "diagram/Surface.h"
+#include "drawing/PainterSurface.h"
 #include "drawing/ShapedText.h"
+#include "drawing/Surface.h"
 
 #include <QFont>
 #include <functional>
@@ -34,7 +34,7 @@ class PagePicture final : public Surface {
     void fill(std::span<const Box> boxes, Colour colour) override;
     void ellipse(const Box& box, std::optional<Colour> fill) override;
     void pie(const Box& box, Dot from, Dot to, Colour fill) override;
-    void setFont(const DiagramFont& font) override;
+    void setFont(const Font& font) override;
     void text(Dot at, std::string_view text) override;
     Extent textExtent(std::string_view text) override;
 
@@ -44,7 +44,7 @@ class PagePicture final : public Surface {
     QFont font_;
     std::map<QString, std::unique_ptr<ShapedText>> shaped_; // by font
     ShapedText* shapedNow_ = nullptr;                       // of the current font
-    void useFont(const DiagramFont& font);
+    void useFont(const Font& font);
     std::vector<std::function<void(Surface&)>> steps_;
 };
 

@@ -1,4 +1,4 @@
-#include "tests/diagram/RecordingSurface.h"
+#include "tests/drawing/RecordingSurface.h"
 
 #include <algorithm>
 

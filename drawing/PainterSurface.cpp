@@ -1,4 +1,4 @@
-#include "diagram/PainterSurface.h"
+#include "drawing/PainterSurface.h"
 
 #include <QFontMetrics>
 #include <QLine>
@@ -50,7 +50,7 @@ Resolution Resolution::page(double dotsPerInch) {
             std::max(1, static_cast<int>(std::lround(PAGE_PEN * scale)))};
 }
 
-QFont surfaceFont(const DiagramFont& font, double dotsPerPoint) {
+QFont surfaceFont(const Font& font, double dotsPerPoint) {
     QFont face(toQString(font.Name));
     face.setStyleHint(QFont::SansSerif);
     face.setPixelSize(std::max(1, static_cast<int>(std::lround(font.Size * dotsPerPoint))));
@@ -147,7 +147,7 @@ void PainterSurface::pie(const Box& box, Dot from, Dot to, Colour fill) {
     painter_.setRenderHint(QPainter::Antialiasing, false);
 }
 
-void PainterSurface::setFont(const DiagramFont& font) {
+void PainterSurface::setFont(const Font& font) {
     painter_.setFont(surfaceFont(font, resolution_.dotsPerPoint));
     shapedNow_ = nullptr;
 }

@@ -1,8 +1,8 @@
 // One print job: its pages are collected, made into a document and sent to the printer as a whole.
 #pragma once
 
-#include "diagram/Surface.h"
 #include "drawing/PageArea.h"
+#include "drawing/Surface.h"
 
 #include <QPageLayout>
 #include <QString>
