@@ -87,6 +87,7 @@ void f::chooseProject() {
         lastDustFactor_ = 0;
     };
     Form1 window(search, owner, environment_.open, *environment_.dialogs, this);
+    window.readDirs();
     window.exec();
 }
 

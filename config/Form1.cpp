@@ -64,8 +64,6 @@ Form1::Form1(std::string folder, Owner owner, FileOpener open, Dialogs& dialogs,
     layout->setSpacing(MARGIN);
     layout->addWidget(area);
     layout->addWidget(Command2);
-
-    readDirs();
 }
 
 bool Form1::readDirs() {

@@ -28,11 +28,11 @@ class Form1 : public QDialog {
         std::function<void()> forgetFactors; // sets the last wind and dust correction factors to 0
     };
 
-    /// Searches `folder` at once, as readDirs does. The dialogs must outlive the window.
+    /// A window for the projects in `folder`; readDirs finds them. The dialogs must outlive the window.
     Form1(std::string folder, Owner owner, FileOpener open, Dialogs& dialogs, QWidget* parent = nullptr);
 
-    /// Fills the lists and the buttons and forgets the correction factors; true when at least one project was
-    /// found.
+    /// Lets pending events run, searches the folder, fills the lists and the buttons and forgets the
+    /// correction factors; true when at least one project was found.
     bool readDirs();
 
     /// Opens the project in a folder and closes the window. False, and nothing done, for an empty text.

@@ -74,6 +74,7 @@ void WindowDriver::inWindowOf(const std::function<void()>& open, const std::func
         QWidget* modal = QApplication::activeModalWidget();
         if (modal != nullptr && modal->isVisible()) {
             timer.stop();
+            (void)QTest::qWaitForWindowActive(modal); // the keyboard comes to it a little later
             act(*modal);
             modal->close();
         }

@@ -1,0 +1,150 @@
+// The project selection window by itself, on folders laid for it.
+#include "config/Form1.h"
+#include "tests/testing/TempFolder.h"
+#include "tests/testing/WindowDriver.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <memory>
+
+namespace kelvrum {
+
+using namespace kelvrum::testing;
+
+namespace {
+
+/// Chooses the folder that the test has set; an empty text is the user's "cancel".
+class ChosenFolder : public Dialogs {
+  public:
+    QString chooseFolder(QWidget* /*parent*/, const QString& title, const QString& start) override {
+        asked << title + QStringLiteral(" | ") + start;
+        return folder;
+    }
+
+    QString folder;
+    QStringList asked; // "title | folder"
+};
+
+/// The window on a folder, and what it tells its owner.
+struct Fixture {
+    explicit Fixture(const TempFolder& searched) {
+        Form1::Owner owner;
+        owner.openProject = [this](const std::string& folder) { opened.push_back(folder); };
+        owner.forgetFactors = [this] { ++forgotten; };
+        window = std::make_unique<Form1>(searched.path().string(), owner, openFile, dialogs);
+        driver().show();
+    }
+
+    [[nodiscard]] WindowDriver driver() const { return WindowDriver(*window); }
+    /// The captions of the project buttons in their order.
+    [[nodiscard]] QStringList captions() const {
+        QStringList texts;
+        while (const auto* button =
+                   window->findChild<QPushButton*>(QStringLiteral("Button(%1)").arg(texts.size()))) {
+            texts << button->text();
+        }
+        return texts;
+    }
+
+    ChosenFolder dialogs;
+    std::vector<std::string> opened;
+    int forgotten = 0;
+    std::unique_ptr<Form1> window;
+};
+
+void layProject(const TempFolder& folder, const std::string& name, const std::string& projectName) {
+    folder.write(name + "/QEL.ini", "PROJEKTNAME=" + projectName + "\n");
+}
+
+} // namespace
+
+class form1_test : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    /// The window lists nothing before it is told to search.
+    void searchesWhenTold() {
+        const TempFolder folder;
+        layProject(folder, "A", "Erstes");
+        Fixture fixture(folder);
+        QCOMPARE(fixture.captions(), QStringList());
+        QCOMPARE(fixture.forgotten, 0);
+        QVERIFY(fixture.window->readDirs());
+        QCOMPARE(fixture.captions(), QStringList{QStringLiteral("Erstes")});
+        QCOMPARE(fixture.forgotten, 1);
+    }
+
+    void oneButtonForEachProject() {
+        const TempFolder folder;
+        layProject(folder, "B", "Zweites & Drittes");
+        layProject(folder, "A", "Erstes");
+        folder.write("C/QEL.ini", "STANDORT=ohne Namen\n");
+        folder.write("D/anderes.ini", "PROJEKTNAME=anderes\n");
+        Fixture fixture(folder);
+        QVERIFY(fixture.window->readDirs());
+        QCOMPARE(fixture.captions(),
+                 QStringList({QStringLiteral("Erstes"), QStringLiteral("Zweites && Drittes")}));
+        QVERIFY(!fixture.driver().the<QLabel>("Label1").isVisible());
+
+        fixture.driver().click(QStringLiteral("Button(1)"));
+        QCOMPARE(fixture.opened.size(), std::size_t(1));
+        QCOMPARE(QString::fromStdString(fixture.opened[0]).right(1), QStringLiteral("B"));
+        QVERIFY(!fixture.window->isVisible());
+    }
+
+    /// Searching again replaces the buttons.
+    void searchesAnew() {
+        const TempFolder folder;
+        layProject(folder, "A", "Erstes");
+        Fixture fixture(folder);
+        QVERIFY(fixture.window->readDirs());
+        std::filesystem::remove_all(folder.path() / "A");
+        layProject(folder, "E", "Neues");
+        QVERIFY(fixture.window->readDirs());
+        QCOMPARE(fixture.captions(), QStringList{QStringLiteral("Neues")});
+        QCOMPARE(fixture.forgotten, 2);
+    }
+
+    void noProjects() {
+        const TempFolder folder;
+        Fixture fixture(folder);
+        QVERIFY(!fixture.window->readDirs());
+        const auto& label = fixture.driver().the<QLabel>("Label1");
+        QVERIFY(label.isVisible());
+        QCOMPARE(label.text(), QStringLiteral("Es wurden keine QEL-Projekte gefunden."));
+        QVERIFY(fixture.driver().the<QPushButton>("Command2").isEnabled());
+        QCOMPARE(fixture.forgotten, 1);
+    }
+
+    void searchByHand() {
+        const TempFolder folder;
+        Fixture fixture(folder);
+        fixture.window->readDirs();
+        fixture.driver().click(QStringLiteral("Command2")); // cancelled
+        QVERIFY(fixture.opened.empty());
+        QVERIFY(fixture.window->isVisible());
+        QCOMPARE(fixture.dialogs.asked, QStringList{QStringLiteral("Projektordner auswählen ... | ") +
+                                                    QString::fromStdString(folder.path().string())});
+
+        fixture.dialogs.folder = QStringLiteral("/irgendwo/Projekt");
+        fixture.driver().click(QStringLiteral("Command2"));
+        QCOMPARE(fixture.opened, std::vector<std::string>{"/irgendwo/Projekt"});
+        QVERIFY(!fixture.window->isVisible());
+    }
+
+    void noFolderOpensNothing() {
+        const TempFolder folder;
+        Fixture fixture(folder);
+        QVERIFY(!fixture.window->OpenF(""));
+        QVERIFY(fixture.opened.empty());
+        QVERIFY(fixture.window->isVisible());
+        QVERIFY(fixture.window->OpenF("/anderswo"));
+        QCOMPARE(fixture.opened, std::vector<std::string>{"/anderswo"});
+    }
+};
+
+} // namespace kelvrum
+
+QTEST_MAIN(kelvrum::form1_test)
+#include "Form1Test.moc"
