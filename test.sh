@@ -39,9 +39,9 @@ step format tools/checks/format.sh
 step shell tools/checks/shell.sh
 step plain plain
 step clang build clang
-step tidy tools/checks/tidy.sh
 step fuzz tools/checks/fuzz.sh
 step "build (debug)" build debug
+step tidy tools/checks/tidy.sh
 step "build (asan)" build asan
 step package tools/checks/package.sh
 run_tests debug C UTC

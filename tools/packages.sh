@@ -1,5 +1,5 @@
 # shellcheck shell=sh disable=SC2034,SC2086 # the lists are used elsewhere, and become several words
-# Sourced by run.sh and test.sh: what they need from the system, and how it gets there.
+# Sourced by run.sh, check.sh and test.sh: what they need from the system, and how it gets there.
 
 # To build and to start the viewer.
 BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev libcups2-dev fonts-liberation"

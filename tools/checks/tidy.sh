@@ -1,8 +1,10 @@
 #!/bin/sh
-# The linter over all sources but the tests, by the commands of build/clang (to be built before: windows need their
-# generated headers). A source that passed is looked at again when it, a header or the rules have changed.
-# shellcheck disable=SC2086 # lists of folders become several words
-# shellcheck disable=SC2016 # check_one is a program of its own
+# The linter over the sources, by the commands of build/debug (to be built before: windows need their generated
+# headers), but without precompiled headers: each file includes what it needs. A source that passed is looked at again
+# when it, a header or the rules have changed.
+#     tools/checks/tidy.sh              all sources
+#     tools/checks/tidy.sh --changed    those that are not as on the branch main, or as committed on main itself
+# shellcheck disable=SC2016,SC2086 # check_one is a program of its own, lists of folders become several words
 set -eu
 cd -P "$(dirname "$0")/../.."
 . tools/checks/folders.sh
@@ -10,11 +12,38 @@ cd -P "$(dirname "$0")/../.."
 linter=$(command -v clang-tidy-14 || command -v clang-tidy)
 stamps=build/tidy
 mkdir -p "$stamps"
+sed -E 's/ -Winvalid-pch//; s/( -Xclang)? -include(-pch)?( -Xclang)? [^ ]*cmake_pch\.hxx[^ "]*//g' \
+    build/debug/compile_commands.json >"$stamps/compile_commands.json"
+
+# Of our own folders, as a path from here.
+known_sources() {
+    sed -n "s|^ *\"file\": \"$PWD/\(.*\.cpp\)\".*|\1|p" "$stamps/compile_commands.json" |
+        grep -E "^($(echo $SOURCE_FOLDERS tests | tr ' ' '|'))/" | LC_ALL=C sort -u
+}
+
+# A header is looked at with the source of its name, or with one that includes it.
+changed_sources() {
+    base=$(git merge-base HEAD origin/main 2>/dev/null || git merge-base HEAD main 2>/dev/null || echo HEAD)
+    {
+        git diff --name-only --diff-filter=d "$base" -- '*.cpp' '*.h'
+        git ls-files --others --exclude-standard -- '*.cpp' '*.h'
+    } | while read -r file; do
+        case $file in
+        *.cpp) echo "$file" ;;
+        *) if [ -f "${file%.h}.cpp" ]; then
+            echo "${file%.h}.cpp"
+        else
+            grep -rlF "#include \"$file\"" --include='*.cpp' $SOURCE_FOLDERS tests | LC_ALL=C sort | head -n 1
+        fi ;;
+        esac
+    done | LC_ALL=C sort -u >"$stamps/changed"
+    known_sources | LC_ALL=C comm -12 - "$stamps/changed"
+}
 
 common=$({
     "$linter" --version
-    cat .clang-tidy CMakePresets.json cmake/*
-    find $SOURCE_FOLDERS -name '*.h' | LC_ALL=C sort | xargs cat
+    cat .clang-tidy tests/.clang-tidy CMakePresets.json cmake/*
+    find $SOURCE_FOLDERS tests -name '*.h' | LC_ALL=C sort | xargs cat
 } | cksum)
 
 # check_one LINTER STAMPS COMMON FILE, run as a program of its own for each file. The findings of a file stay together.
@@ -24,12 +53,14 @@ check_one='
     if [ -f "$stamp.passed" ] && [ "$(cat "$stamp.passed")" = "$key" ]; then
         exit 0
     fi
-    if "$1" -p build/clang --quiet "$4" >"$stamp.findings" 2>"$stamp.messages"; then
+    if "$1" -p "$2" --quiet "$4" >"$stamp.findings" 2>"$stamp.messages"; then
         echo "$key" >"$stamp.passed"
     else
         cat "$stamp.findings" "$stamp.messages"
         exit 1
     fi
 '
-find $SOURCE_FOLDERS -type f -name '*.cpp' -print0 |
-    xargs -0 -n 1 -P "$(getconf _NPROCESSORS_ONLN)" sh -c "$check_one" check_one "$linter" "$stamps" "$common"
+case ${1:-} in
+--changed) changed_sources ;;
+*) known_sources ;;
+esac | xargs -r -n 1 -P "$(getconf _NPROCESSORS_ONLN)" sh -c "$check_one" check_one "$linter" "$stamps" "$common"
