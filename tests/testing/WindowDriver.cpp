@@ -7,6 +7,7 @@
 #include <QDateTimeEdit>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 
@@ -71,11 +72,17 @@ void WindowDriver::inWindowOf(const std::function<void()>& open, const std::func
     constexpr int LOOK_AGAIN = 10; // milliseconds
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-        QWidget* modal = QApplication::activeModalWidget();
-        if (modal != nullptr && modal->isVisible()) {
-            timer.stop();
-            (void)QTest::qWaitForWindowActive(modal); // the keyboard comes to it a little later
+        const QPointer<QWidget> modal = QApplication::activeModalWidget();
+        if (modal == nullptr || !modal->isVisible()) {
+            return;
+        }
+        timer.stop();
+        modal->activateWindow(); // an older request of the window below may come in between
+        (void)QTest::qWaitFor([&modal] { return modal == nullptr || modal->isActiveWindow(); });
+        if (modal != nullptr) {
             act(*modal);
+        }
+        if (modal != nullptr) {
             modal->close();
         }
     });
