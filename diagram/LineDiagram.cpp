@@ -92,19 +92,14 @@ class Drawing {
         return font;
     }
 
-    void line(Dot from, Dot to) {
-        surface_.moveTo(from);
-        surface_.lineTo(to);
-    }
-
     void drawTimeAxis() {
         const int base = nearestDot(plot_.bottom);
         surface_.setPen(state_.Xaxe());
-        line({nearestDot(plot_.left), base}, {nearestDot(plot_.right), base});
+        surface_.line({nearestDot(plot_.left), base}, {nearestDot(plot_.right), base});
         const TimeAxis axis{range_, plot_.width() / scale_, layout_.minLabelGap, layout_.minTickGap};
         for (const TimeTick& tick : timeTicks(axis, texts_)) {
             const int x = plot_.x(tick.time);
-            line({x, base}, {x, base + dots(tick.labelled ? layout_.longTick : layout_.shortTick)});
+            surface_.line({x, base}, {x, base + dots(tick.labelled ? layout_.longTick : layout_.shortTick)});
             if (tick.labelled) {
                 const int y = base + dots(layout_.longTick);
                 centredText(x, y, tick.upper);
@@ -118,12 +113,12 @@ class Drawing {
         const int x = nearestDot(at);
         const ValueScale scale = plot_.scaleOf(range);
         surface_.setPen(colour);
-        line({x, nearestDot(plot_.top)}, {x, nearestDot(plot_.bottom)});
+        surface_.line({x, nearestDot(plot_.top)}, {x, nearestDot(plot_.bottom)});
         const double length = plot_.height() / scale_;
         for (const ValueTick& tick : valueTicks(range, length, layout_.minDivision, texts_)) {
             const int y = scale.y(tick.value);
             const int tickEnd = x + side * dots(layout_.longTick);
-            line({x, y}, {tickEnd, y});
+            surface_.line({x, y}, {tickEnd, y});
             const Extent extent = surface_.textExtent(tick.label);
             const int labelX =
                 side < 0 ? tickEnd - dots(layout_.textGap) - extent.width
@@ -169,7 +164,7 @@ class Drawing {
         const auto level = [this](double value, Colour colour) {
             const int y = plot_.scaleOf(left_).y(value);
             surface_.setPen(colour);
-            line({nearestDot(plot_.left), y}, {nearestDot(plot_.right), y});
+            surface_.line({nearestDot(plot_.left), y}, {nearestDot(plot_.right), y});
         };
         const auto limit = [&](double value, Colour colour) {
             if (value != 0 && left_.low <= value && value <= left_.high) {

@@ -94,11 +94,6 @@ class Drawing {
     /// The screen angle of direction 0, in radians.
     [[nodiscard]] double startAngle() const { return state_.angelOffsetRadians(); }
 
-    void line(Dot from, Dot to) {
-        surface_.moveTo(from);
-        surface_.lineTo(to);
-    }
-
     /// Rings, spokes, and the white disc that covers the spokes inside of the first ring.
     void drawGrid() {
         const int xc = geometry_.xCentre;
@@ -110,7 +105,8 @@ class Drawing {
         }
         double a = startAngle();
         for (std::int32_t k = 0; k < state_.RadRaster(); ++k) {
-            line({xc, yc}, {xc + rounded(outerX() * std::cos(a)), yc + rounded(outerY() * std::sin(a))});
+            surface_.line({xc, yc},
+                          {xc + rounded(outerX() * std::cos(a)), yc + rounded(outerY() * std::sin(a))});
             a += sector();
         }
         surface_.ellipse({rounded(xc - geometry_.stepX), rounded(yc - geometry_.stepY),
@@ -144,7 +140,7 @@ class Drawing {
                                 : Box{rounded(xc - rx), rounded(yc - ry), rounded(xc + rx), rounded(yc + ry)};
             surface_.pie(box, second, first, SECTOR_FILL);
             if (tooSmall && first != Dot{xc, yc}) {
-                line({xc, yc}, first); // its outline alone
+                surface_.line({xc, yc}, first); // its outline alone
             }
         }
     }
@@ -206,13 +202,13 @@ class Drawing {
     void drawFrame() {
         const int right = size_.width - 1;
         const int bottom = size_.height - 1;
-        line({0, 0}, {0, bottom});
-        line({0, bottom}, {right, bottom});
-        line({right, 0}, {right, bottom});
-        line({0, 0}, {right, 0}); // the box around the head band
-        line({right, 0}, {right, geometry_.top});
-        line({right, geometry_.top}, {0, geometry_.top});
-        line({0, geometry_.top}, {0, 0});
+        surface_.line({0, 0}, {0, bottom});
+        surface_.line({0, bottom}, {right, bottom});
+        surface_.line({right, 0}, {right, bottom});
+        surface_.line({0, 0}, {right, 0}); // the box around the head band
+        surface_.line({right, 0}, {right, geometry_.top});
+        surface_.line({right, geometry_.top}, {0, geometry_.top});
+        surface_.line({0, geometry_.top}, {0, 0});
     }
 
     void drawHeadLine() {

@@ -1,13 +1,11 @@
 #include "drawing/PainterSurface.h"
 
 #include <QFontMetrics>
-#include <QLine>
 #include <QRectF>
 #include <QString>
 #include <QtMath>
 #include <algorithm>
 #include <cmath>
-#include <type_traits>
 
 namespace kelvrum {
 
@@ -27,10 +25,6 @@ QRectF outlineOf(const Box& box) {
     constexpr double HALF_DOT = 0.5;
     return {box.left + HALF_DOT, box.top + HALF_DOT, box.right - box.left - 1.0, box.bottom - box.top - 1.0};
 }
-
-// A batch of segments is handed to the painter as it stands.
-static_assert(sizeof(Segment) == sizeof(QLine) && std::is_trivially_copyable_v<Segment> &&
-              std::is_standard_layout_v<QLine>);
 
 } // namespace
 
@@ -99,13 +93,15 @@ void PainterSurface::setClip(std::optional<Box> box) {
     }
 }
 
-void PainterSurface::lineTo(Dot to) {
-    painter_.drawLine(current_.x, current_.y, to.x, to.y);
-    current_ = to;
-}
+void PainterSurface::line(Dot from, Dot to) { painter_.drawLine(from.x, from.y, to.x, to.y); }
 
 void PainterSurface::lines(std::span<const Segment> segments) {
-    painter_.drawLines(reinterpret_cast<const QLine*>(segments.data()), static_cast<int>(segments.size()));
+    batch_.clear();
+    batch_.reserve(segments.size());
+    for (const auto& [from, to] : segments) {
+        batch_.emplace_back(from.x, from.y, to.x, to.y);
+    }
+    painter_.drawLines(batch_.data(), static_cast<int>(batch_.size()));
 }
 
 void PainterSurface::fill(std::span<const Box> boxes, Colour colour) {

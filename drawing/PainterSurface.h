@@ -6,10 +6,12 @@
 
 #include <QColor>
 #include <QFont>
+#include <QLine>
 #include <QPainter>
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace kelvrum {
 
@@ -54,8 +56,7 @@ class PainterSurface final : public Surface {
     void clear(Colour background) override;
     void setPen(Colour colour) override;
     void setClip(std::optional<Box> box) override;
-    void moveTo(Dot to) override { current_ = to; }
-    void lineTo(Dot to) override;
+    void line(Dot from, Dot to) override;
     void lines(std::span<const Segment> segments) override;
     void fill(std::span<const Box> boxes, Colour colour) override;
     void ellipse(const Box& box, std::optional<Colour> fill) override;
@@ -71,7 +72,7 @@ class PainterSurface final : public Surface {
     QPainter painter_;
     Extent size_;
     Resolution resolution_;
-    Dot current_;
+    std::vector<QLine> batch_; // kept for its memory
     bool grey_ = false;
     bool quickTexts_ = false;
     std::map<QString, std::unique_ptr<ShapedText>> shaped_; // by font

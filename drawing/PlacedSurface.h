@@ -24,8 +24,7 @@ class PlacedSurface final : public Surface {
     void setClip(std::optional<Box> box) override {
         surface_.setClip(box ? std::optional(moved(*box)) : std::nullopt);
     }
-    void moveTo(Dot to) override { surface_.moveTo(moved(to)); }
-    void lineTo(Dot to) override { surface_.lineTo(moved(to)); }
+    void line(Dot from, Dot to) override { surface_.line(moved(from), moved(to)); }
     void lines(std::span<const Segment> segments) override;
     void fill(std::span<const Box> boxes, Colour colour) override;
     void ellipse(const Box& box, std::optional<Colour> fill) override { surface_.ellipse(moved(box), fill); }

@@ -1,7 +1,7 @@
 #include "drawing/PrintJob.h"
 
 #include "drawing/DocumentFile.h"
-#include "drawing/PagePicture.h"
+#include "drawing/PageRecording.h"
 #include "drawing/PainterSurface.h"
 #include "drawing/PdfDocument.h"
 #include "drawing/PrintQueue.h"
@@ -180,28 +180,32 @@ void PrintJob::open() {
     }
 }
 
+std::unique_ptr<RecordingSurface> PrintJob::recording(Extent size) {
+    return pageRecording(size, Resolution::page(printer().resolution()));
+}
+
 Surface& PrintJob::newPage(QPageLayout::Orientation orientation) {
     open();
     const PageArea area = areaOf(orientation);
-    const auto picture = std::make_shared<PagePicture>(area.size, Resolution::page(printer().resolution()));
-    sheets_.push_back({area, 1, [picture](std::size_t, Surface& surface) { picture->play(surface); }});
-    return *picture;
+    const std::shared_ptr<RecordingSurface> page = recording(area.size);
+    sheets_.push_back({area, 1, [page](std::size_t, Surface& surface) { page->drawing().play(surface); }});
+    return *page;
 }
 
 void PrintJob::addPages(std::size_t count, QPageLayout::Orientation orientation, DrawPage draw) {
     open();
     const PageArea area = areaOf(orientation);
     // Texts are measured as on any other page, which the document's own surface would not do.
-    const auto picture = std::make_shared<PagePicture>(area.size, Resolution::page(printer().resolution()));
-    sheets_.push_back({area, count, [picture, draw = std::move(draw)](std::size_t page, Surface& surface) {
-                           picture->restart();
-                           draw(page, *picture);
-                           picture->play(surface);
+    const std::shared_ptr<RecordingSurface> page = recording(area.size);
+    sheets_.push_back({area, count, [page, draw = std::move(draw)](std::size_t number, Surface& surface) {
+                           page->restart();
+                           draw(number, *page);
+                           page->drawing().play(surface);
                        }});
 }
 
 std::unique_ptr<Surface> PrintJob::trialPage(QPageLayout::Orientation orientation) {
-    return std::make_unique<PagePicture>(areaOf(orientation).size, Resolution::page(printer().resolution()));
+    return recording(areaOf(orientation).size);
 }
 
 void PrintJob::step(const PrintProgress& progress) const {

@@ -18,6 +18,7 @@ class QPrinter;
 namespace kelvrum {
 
 class DocumentFile;
+class RecordingSurface;
 
 /// Printing failed; what() is a German sentence for the user.
 class PrintError : public std::runtime_error {
@@ -124,6 +125,7 @@ class PrintJob {
     [[nodiscard]] bool toFile();
     [[nodiscard]] PageArea areaOf(QPageLayout::Orientation orientation);
     void open();
+    [[nodiscard]] std::unique_ptr<RecordingSurface> recording(Extent size);
     void step(const PrintProgress& progress) const;
     void make(const std::vector<Sheets>& sheets, DocumentFile& document);
     void send(const DocumentFile& document, QPageLayout::Orientation orientation, std::size_t pages);

@@ -63,10 +63,8 @@ class Surface {
     virtual void setPen(Colour colour) = 0;
     /// Limits drawing to a box, or lifts the limit.
     virtual void setClip(std::optional<Box> box) = 0;
-    /// Sets the current point without drawing.
-    virtual void moveTo(Dot to) = 0;
-    /// Draws a line from the current point, both ends included, and makes its end the current point.
-    virtual void lineTo(Dot to) = 0;
+    /// Draws a line, both ends included.
+    virtual void line(Dot from, Dot to) = 0;
     /// Draws separate lines; one of no length draws its dot.
     virtual void lines(std::span<const Segment> segments) = 0;
     /// Fills boxes with a colour, without outline.

@@ -1,5 +1,5 @@
 #include "app/TablePrintout.h"
-#include "tests/drawing/RecordingSurface.h"
+#include "tests/drawing/TestSurface.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@ namespace kelvrum {
 namespace {
 
 using ::testing::ElementsAre;
-using testing::RecordingSurface;
+using testing::TestSurface;
 
 /// Every byte but the second of a two-byte character is 2 mm wide.
 double twoMillimetres(std::string_view text) {
@@ -92,17 +92,17 @@ TEST(RowPrinter, PlacesCellsAtTheirEntries) {
 class Pages {
   public:
     Surface& next() {
-        pages.push_back(std::make_unique<RecordingSurface>(Extent{2970, 2100}, 10));
+        pages.push_back(std::make_unique<TestSurface>(Extent{2970, 2100}, 10));
         return *pages.back();
     }
     [[nodiscard]] std::vector<std::string> textsOf(std::size_t page) const {
         std::vector<std::string> texts;
-        for (const auto& text : pages[page]->texts) {
+        for (const auto& text : pages[page]->texts()) {
             texts.push_back(text.text.substr(std::min(text.text.find_first_not_of(' '), text.text.size())));
         }
         return texts;
     }
-    std::vector<std::unique_ptr<RecordingSurface>> pages;
+    std::vector<std::unique_ptr<TestSurface>> pages;
 };
 
 Table tableOf(std::size_t rows) {
@@ -120,7 +120,7 @@ TEST(TablePrintout, AnEmptyListHasTitleAndHeaderOnly) {
 TEST(TablePrintout, TitleHeaderAndRowsHaveTheirFontsAndPlaces) {
     Pages pages;
     printTable(tableOf(1), [&]() -> Surface& { return pages.next(); });
-    const auto& texts = pages.pages[0]->texts;
+    const auto& texts = pages.pages[0]->texts();
     ASSERT_EQ(texts.size(), 5U);
     EXPECT_EQ(texts[0].font, (Font{"Arial", 12, true, false}));
     EXPECT_EQ(texts[0].at, (Dot{200, 100}));
@@ -150,7 +150,7 @@ TEST(TablePrintout, EveryRowIsPrintedOnceAndEachPageRepeatsTheHeader) {
             ASSERT_EQ(texts[at], "t" + std::to_string(next));
             ASSERT_EQ(texts[at + 1], "v" + std::to_string(next));
         }
-        for (const auto& text : pages.pages[page]->texts) {
+        for (const auto& text : pages.pages[page]->texts()) {
             EXPECT_LE(text.at.y + text.extent.height, 2000) << "the lower margin is 10 mm";
         }
     }
@@ -168,8 +168,8 @@ TEST(TablePrintout, ManyColumnsRunBeyondThePaperAndAreNotWrapped) {
     printTable(table, [&]() -> Surface& { return pages.next(); });
     EXPECT_EQ(pages.pages.size(), 1U);
     EXPECT_EQ(pages.textsOf(0)[35], "K33");
-    EXPECT_GT(pages.pages[0]->texts[35].at.x, 2970);
-    EXPECT_EQ(pages.pages[0]->texts[35].at.y, pages.pages[0]->texts[1].at.y);
+    EXPECT_GT(pages.pages[0]->texts()[35].at.x, 2970);
+    EXPECT_EQ(pages.pages[0]->texts()[35].at.y, pages.pages[0]->texts()[1].at.y);
 }
 
 } // namespace

@@ -3,8 +3,8 @@
 #include "diagram/LineScale.h"
 
 #include "tests/diagram/TestDiagram.h"
-#include "tests/drawing/RecordingSurface.h"
 #include "tests/drawing/ShowDots.h"
+#include "tests/drawing/TestSurface.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,8 +18,8 @@ namespace {
 using kelvrum::testing::DAY;
 using kelvrum::testing::fillSeries;
 using kelvrum::testing::RecordedText;
-using kelvrum::testing::RecordingSurface;
 using kelvrum::testing::TestDiagram;
+using kelvrum::testing::TestSurface;
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -44,17 +44,17 @@ class ColouredDiagram : public TestDiagram {
     }
 };
 
-void draw(RecordingSurface& surface, DiagramState& diagram, const LocaleTexts& texts = {}) {
+void draw(TestSurface& surface, DiagramState& diagram, const LocaleTexts& texts = {}) {
     drawLineDiagram(surface, diagram, DiagramLayout(), texts);
 }
 
 TEST(Axes, APageHasItsPaper) {
     ColouredDiagram diagram;
     diagram.setBgCol(0xABCDEF);
-    RecordingSurface surface({2970, 2100}, 10);
+    TestSurface surface({2970, 2100}, 10);
     const LocaleTexts texts;
     drawLineDiagram(surface, diagram, DiagramLayout::page(), texts);
-    EXPECT_THAT(surface.backgrounds, IsEmpty());
+    EXPECT_THAT(surface.backgrounds(), IsEmpty());
 }
 
 TEST(Axes, StandAtTheMarginsInTheirColours) {
@@ -62,9 +62,9 @@ TEST(Axes, StandAtTheMarginsInTheirColours) {
         ColouredDiagram diagram;
         diagram.setDiagTyp(kind);
         diagram.setBgCol(0xABCDEF);
-        RecordingSurface surface;
+        TestSurface surface;
         draw(surface, diagram);
-        EXPECT_THAT(surface.backgrounds, ElementsAre(0xABCDEF));
+        EXPECT_THAT(surface.backgrounds(), ElementsAre(0xABCDEF));
         EXPECT_THAT(surface.linesOf(TIME_AXIS), Contains(Segment{{40, 560}, {970, 560}}));
         EXPECT_THAT(surface.linesOf(LEFT_AXIS), Contains(Segment{{40, 50}, {40, 560}}));
         EXPECT_THAT(surface.linesOf(RIGHT_AXIS), Contains(Segment{{970, 50}, {970, 560}}));
@@ -76,7 +76,7 @@ TEST(Axes, StandAtTheMarginsInTheirColours) {
 
 TEST(Axes, ValueLabelsStandOutsideAtTheirTicks) {
     ColouredDiagram diagram; // 0 to 100 on 510 pixels: 25 divisions of 5
-    RecordingSurface surface;
+    TestSurface surface;
     draw(surface, diagram);
     std::vector<std::string> expected;
     for (int v = 0; v <= 100; v += 5) {
@@ -84,7 +84,7 @@ TEST(Axes, ValueLabelsStandOutsideAtTheirTicks) {
     }
     EXPECT_EQ(surface.wordsOf(RIGHT_AXIS), expected);
     std::size_t seen = 0;
-    for (const RecordedText& one : surface.texts) {
+    for (const RecordedText& one : surface.texts()) {
         if ((one.pen != LEFT_AXIS && one.pen != RIGHT_AXIS) || one.text == " ") {
             continue;
         }
@@ -107,12 +107,12 @@ TEST(Axes, NoValueLabelIsCutAtTheRightEdge) {
     ColouredDiagram diagram;
     diagram.setY1Low(0);
     diagram.setY1High(10);
-    RecordingSurface surface({1000, 1000});
+    TestSurface surface({1000, 1000});
     draw(surface, diagram);
     const auto widest = surface.only("100,0");
     ASSERT_TRUE(widest.has_value());
     EXPECT_EQ(widest->at.x + widest->extent.width, 1000);
-    for (const RecordedText& text : surface.texts) {
+    for (const RecordedText& text : surface.texts()) {
         EXPECT_LE(text.at.x + text.extent.width, 1000) << text.text;
     }
 }
@@ -122,10 +122,10 @@ TEST(Axes, NoValueLabelLosesItsFirstDigits) {
     ColouredDiagram diagram;
     diagram.setY1Low(-101357);
     diagram.setY1High(-101356);
-    RecordingSurface surface;
+    TestSurface surface;
     draw(surface, diagram);
     ASSERT_FALSE(surface.wordsOf(LEFT_AXIS).empty());
-    for (const RecordedText& text : surface.texts) {
+    for (const RecordedText& text : surface.texts()) {
         EXPECT_GE(text.at.x, 0) << text.text;
     }
 }
@@ -133,12 +133,12 @@ TEST(Axes, NoValueLabelLosesItsFirstDigits) {
 TEST(Axes, TimeLabelsAreCentredBelowTheirTicks) {
     ColouredDiagram diagram;
     diagram.setXHigh(DAY + 3);
-    RecordingSurface surface;
+    TestSurface surface;
     draw(surface, diagram);
     EXPECT_THAT(surface.wordsOf(TIME_AXIS),
                 ElementsAre("00:00", "01.01.24", "12:00", "01.01.24", "00:00", "02.01.24", "12:00",
                             "02.01.24", "00:00", "03.01.24", "12:00", "03.01.24", "00:00", "04.01.24"));
-    for (const RecordedText& one : surface.texts) {
+    for (const RecordedText& one : surface.texts()) {
         if (one.pen == TIME_AXIS) {
             EXPECT_EQ((one.at.x + one.extent.width / 2 - 40) % 155, 0) << one.text;
             EXPECT_GT(one.at.y, 560);
@@ -154,7 +154,7 @@ TEST(Axes, LongSpansShowMonthsAlone) {
     ColouredDiagram diagram;
     diagram.setXLow(43831); // 1 January 2020
     diagram.setXHigh(43831 + 400);
-    RecordingSurface surface;
+    TestSurface surface;
     draw(surface, diagram);
     EXPECT_THAT(surface.wordsOf(TIME_AXIS),
                 ElementsAre("1.2020", "2.2020", "3.2020", "4.2020", "6.2020", "7.2020", "8.2020", "10.2020",
@@ -167,7 +167,7 @@ TEST(Axes, SeparatorsAreTheLocales) {
     LocaleTexts texts;
     texts.decimalSeparator = "'";
     texts.dateSeparator = "-";
-    RecordingSurface surface;
+    TestSurface surface;
     draw(surface, diagram, texts);
     EXPECT_THAT(surface.wordsOf(LEFT_AXIS), Contains("0'05"));
     EXPECT_THAT(surface.wordsOf(TIME_AXIS), Contains("01-01-24"));
@@ -178,7 +178,7 @@ TEST(Axes, TheRightRangeIsWrittenBackWhenAutomatic) {
     diagram.setY2Low(-1);
     diagram.setY2High(-1);
     fillSeries(diagram, {{DAY, 1, 10}, {DAY + 0.5, 1, 20}});
-    RecordingSurface surface;
+    TestSurface surface;
     draw(surface, diagram);
     EXPECT_DOUBLE_EQ(diagram.Y2Low(), 9.5);
     EXPECT_DOUBLE_EQ(diagram.Y2High(), 20.5);
@@ -193,7 +193,7 @@ TEST(Axes, TheMarkerOfTheSecondSeriesCountsInItsRange) {
     diagram.setY2Low(-1);
     diagram.setY2High(-1);
     fillSeries(diagram, {{DAY, 1, -1}, {DAY + 0.5, 1}});
-    RecordingSurface surface;
+    TestSurface surface;
     draw(surface, diagram);
     EXPECT_DOUBLE_EQ(diagram.Y2Low(), -50001);
     EXPECT_DOUBLE_EQ(diagram.Y2High(), 1049999);
@@ -204,7 +204,7 @@ TEST(Axes, TheLeftRangeIsNotWrittenBack) {
     diagram.setY1Low(AUTOMATIC_RANGE);
     diagram.setY1High(AUTOMATIC_RANGE);
     fillSeries(diagram, {{DAY, 10}, {DAY + 0.5, 20}});
-    RecordingSurface surface;
+    TestSurface surface;
     draw(surface, diagram);
     EXPECT_EQ(diagram.Y1Low(), AUTOMATIC_RANGE);
     EXPECT_EQ(diagram.Y1High(), AUTOMATIC_RANGE);
@@ -221,7 +221,7 @@ TEST(Axes, WithoutAPositiveSpanThereIsNoCurveAndNoTimeLabel) {
             diagram.setXHigh(end);
             diagram.setHeadLine("Titel");
             fillSeries(diagram, {{DAY, 10, 20}, {DAY + 0.5, 20, 30}});
-            RecordingSurface surface;
+            TestSurface surface;
             draw(surface, diagram);
             EXPECT_THAT(surface.linesOf(TIME_AXIS), ElementsAre(Segment{{40, 560}, {970, 560}}));
             EXPECT_THAT(surface.linesOf(LEFT_AXIS), Contains(Segment{{40, 50}, {40, 560}}));
@@ -242,26 +242,26 @@ TEST(Axes, ScaleDoublesAllLengths) {
     diagram.setAchseText("links;rechts");
     diagram.setHilfslinie1(50);
     diagram.setDiagTyp(2);
-    RecordingSurface single({1000, 600}, 1);
-    RecordingSurface twice({2000, 1200}, 2);
+    TestSurface single({1000, 600}, 1);
+    TestSurface twice({2000, 1200}, 2);
     draw(single, diagram);
     draw(twice, diagram);
     const auto near = [](Dot one, Dot two) {
         EXPECT_NEAR(2 * one.x, two.x, 1);
         EXPECT_NEAR(2 * one.y, two.y, 1);
     };
-    ASSERT_EQ(single.drawn.size(), twice.drawn.size());
-    for (std::size_t i = 0; i < single.drawn.size(); ++i) {
-        near(single.drawn[i].at.from, twice.drawn[i].at.from);
-        near(single.drawn[i].at.to, twice.drawn[i].at.to);
+    ASSERT_EQ(single.drawnLines().size(), twice.drawnLines().size());
+    for (std::size_t i = 0; i < single.drawnLines().size(); ++i) {
+        near(single.drawnLines()[i].at.from, twice.drawnLines()[i].at.from);
+        near(single.drawnLines()[i].at.to, twice.drawnLines()[i].at.to);
     }
-    ASSERT_EQ(single.texts.size(), twice.texts.size());
-    for (std::size_t i = 0; i < single.texts.size(); ++i) {
-        EXPECT_EQ(single.texts[i].text, twice.texts[i].text);
-        near(single.texts[i].at, twice.texts[i].at);
+    ASSERT_EQ(single.texts().size(), twice.texts().size());
+    for (std::size_t i = 0; i < single.texts().size(); ++i) {
+        EXPECT_EQ(single.texts()[i].text, twice.texts()[i].text);
+        near(single.texts()[i].at, twice.texts()[i].at);
     }
-    ASSERT_EQ(single.boxes.size(), twice.boxes.size());
-    EXPECT_EQ(twice.boxes[0].at, (Box{0, 0, 2000, 62}));
+    ASSERT_EQ(single.boxes().size(), twice.boxes().size());
+    EXPECT_EQ(twice.boxes()[0].at, (Box{0, 0, 2000, 62}));
 }
 
 TEST(Axes, EverySizeAndRangeIsDrawnWithoutHarm) {
@@ -285,10 +285,10 @@ TEST(Axes, EverySizeAndRangeIsDrawnWithoutHarm) {
                 diagram.setShowMittel(true);
                 diagram.setHilfslinie1(5);
                 fillSeries(diagram, {{DAY, 10, 20}, {DAY + 0.5, 999998, -999998}, {DAY + 1, -1e5, 3}});
-                RecordingSurface surface(size);
+                TestSurface surface(size);
                 draw(surface, diagram);
                 EXPECT_LE(surface.primitives(), 20U + 4U * static_cast<unsigned>(size.width + size.height));
-                for (const auto& line : surface.drawn) {
+                for (const auto& line : surface.drawnLines()) {
                     for (const int coordinate :
                          {line.at.from.x, line.at.from.y, line.at.to.x, line.at.to.y}) {
                         EXPECT_LE(std::abs(coordinate), 33000);

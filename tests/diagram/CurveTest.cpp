@@ -2,8 +2,8 @@
 #include "diagram/Curve.h"
 
 #include "tests/diagram/TestDiagram.h"
-#include "tests/drawing/RecordingSurface.h"
 #include "tests/drawing/ShowDots.h"
+#include "tests/drawing/TestSurface.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ namespace kelvrum {
 namespace {
 
 using kelvrum::testing::Column;
-using kelvrum::testing::RecordingSurface;
+using kelvrum::testing::TestSurface;
 using ::testing::ElementsAre;
 
 constexpr double HOUR = 1.0 / 24;

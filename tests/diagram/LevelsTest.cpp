@@ -2,7 +2,7 @@
 #include "diagram/LineDiagram.h"
 
 #include "tests/diagram/TestDiagram.h"
-#include "tests/drawing/RecordingSurface.h"
+#include "tests/drawing/TestSurface.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,8 +13,8 @@ namespace {
 using kelvrum::testing::Column;
 using kelvrum::testing::DAY;
 using kelvrum::testing::fillSeries;
-using kelvrum::testing::RecordingSurface;
 using kelvrum::testing::TestDiagram;
+using kelvrum::testing::TestSurface;
 
 /// The y of all lines over the whole plot, of a diagram from low to high; a plot of 100 dots ends at 150.
 std::vector<int> levelsOf(TestDiagram& diagram, double low, double high) {
@@ -22,7 +22,7 @@ std::vector<int> levelsOf(TestDiagram& diagram, double low, double high) {
     diagram.setXHigh(DAY + 1);
     diagram.setY1Low(low);
     diagram.setY1High(high);
-    RecordingSurface surface({310, 190});
+    TestSurface surface({310, 190});
     drawLineDiagram(surface, diagram, DiagramLayout(), {});
     return surface.levels();
 }
@@ -108,7 +108,7 @@ TEST(Levels, ThereAreNoneWithoutATimeSpan) {
     diagram.setHilfslinie1(50);
     diagram.setShowMittel(true);
     fillSeries(diagram, {{DAY, 10}});
-    RecordingSurface surface({310, 190});
+    TestSurface surface({310, 190});
     drawLineDiagram(surface, diagram, DiagramLayout(), {});
     EXPECT_TRUE(surface.levels().empty());
 }

@@ -1,5 +1,5 @@
 #include "diagram/PolarDiagram.h"
-#include "tests/drawing/RecordingSurface.h"
+#include "tests/drawing/TestSurface.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,9 +13,9 @@ namespace kelvrum {
 namespace {
 
 using ::testing::ElementsAre;
-using testing::RecordingSurface;
+using testing::TestSurface;
 
-constexpr int HEAD_TEXT = RecordingSurface::LINE_HEIGHT; // the head band is 7 higher
+constexpr int HEAD_TEXT = TestSurface::LINE_HEIGHT; // the head band is 7 higher
 constexpr int TOP = HEAD_TEXT + 7;
 
 class Rose : public DiagramState {
@@ -77,30 +77,30 @@ TEST(DirectionClasses, LeaveCalmsOut) {
 TEST(PolarDiagram, WithoutSamplesDrawsTheGridAndNoSector) {
     Rose rose;
     rose.setFussnote("Fuß");
-    RecordingSurface surface({400, 400});
+    TestSurface surface({400, 400});
     drawPolarDiagram(surface, rose, {});
     // Four rings, then the white centre disc.
-    ASSERT_EQ(surface.ellipses.size(), 5U);
-    EXPECT_FALSE(surface.ellipses[0].fill.has_value());
-    EXPECT_EQ(surface.ellipses[4].fill, WHITE);
-    EXPECT_TRUE(surface.pies.empty());
+    ASSERT_EQ(surface.ellipses().size(), 5U);
+    EXPECT_FALSE(surface.ellipses()[0].fill.has_value());
+    EXPECT_EQ(surface.ellipses()[4].fill, WHITE);
+    EXPECT_TRUE(surface.pies().empty());
     EXPECT_THAT(surface.wordsOf(BLACK), ElementsAre("N", "S", "W", "E", "Fuß", "Wind"));
     const int radii[] = {35, 70, 106, 141};
     for (std::size_t i = 0; i < 4; ++i) {
-        EXPECT_EQ(surface.ellipses[i].at,
+        EXPECT_EQ(surface.ellipses()[i].at,
                   (Box{200 - radii[i], 209 - radii[i], 200 + radii[i], 209 + radii[i]}));
     }
-    EXPECT_EQ(surface.ellipses[4].at, (Box{165, 174, 235, 244}));
+    EXPECT_EQ(surface.ellipses()[4].at, (Box{165, 174, 235, 244}));
     // Eight spokes, from direction 0 upward on, clockwise; then frame and head band.
     const Dot spokes[] = {{200, 68},  {300, 109}, {341, 209}, {300, 309},
                           {200, 350}, {100, 309}, {59, 209},  {100, 109}};
-    ASSERT_EQ(surface.drawn.size(), 15U);
+    ASSERT_EQ(surface.drawnLines().size(), 15U);
     for (std::size_t k = 0; k < 8; ++k) {
-        EXPECT_EQ(surface.drawn[k].at, (Segment{{200, 209}, spokes[k]})) << k;
+        EXPECT_EQ(surface.drawnLines()[k].at, (Segment{{200, 209}, spokes[k]})) << k;
     }
     const Segment frame[] = {{{0, 0}, {0, 399}}, {{0, 399}, {399, 399}}, {{399, 0}, {399, 399}}};
     for (std::size_t k = 0; k < 3; ++k) {
-        EXPECT_EQ(surface.drawn[8 + k].at, frame[k]) << k;
+        EXPECT_EQ(surface.drawnLines()[8 + k].at, frame[k]) << k;
     }
     EXPECT_EQ(rose.Ycenter(), TOP + (400 - TOP) / 2);
 }
@@ -108,7 +108,7 @@ TEST(PolarDiagram, WithoutSamplesDrawsTheGridAndNoSector) {
 TEST(PolarDiagram, LettersFootnoteAndHeadLineHaveTheirPlaces) {
     Rose rose;
     rose.setFussnote("Fuß");
-    RecordingSurface surface({400, 480});
+    TestSurface surface({400, 480});
     drawPolarDiagram(surface, rose, {});
     const int fs = 12; // 480 \ 40: bold from here on
     const int middle = TOP + (480 - TOP) / 2 - fs / 2;
@@ -119,13 +119,13 @@ TEST(PolarDiagram, LettersFootnoteAndHeadLineHaveTheirPlaces) {
     EXPECT_EQ(surface.only("N")->font, (Font{"Arial", 12, true, false}));
     EXPECT_EQ(surface.only("Fuß")->at, (Dot{400 - 18 - 8, 464}));
     EXPECT_EQ(surface.only("Wind")->at.y, 3);
-    EXPECT_EQ(surface.only("Wind")->at.x, (400 - 4 * RecordingSurface::BOLD_CHARACTER) / 2);
+    EXPECT_EQ(surface.only("Wind")->at.x, (400 - 4 * TestSurface::BOLD_CHARACTER) / 2);
     EXPECT_TRUE(surface.only("Wind")->font.Bold);
 
-    RecordingSurface lower({400, 479});
+    TestSurface lower({400, 479});
     drawPolarDiagram(lower, rose, {});
     EXPECT_FALSE(lower.only("N")->font.Bold);
-    RecordingSurface flat({400, 39});
+    TestSurface flat({400, 39});
     drawPolarDiagram(flat, rose, {});
     EXPECT_EQ(flat.only("N")->font.Size, 0);
 }
@@ -133,20 +133,20 @@ TEST(PolarDiagram, LettersFootnoteAndHeadLineHaveTheirPlaces) {
 TEST(PolarDiagram, AZeroSizedControlHasOnlyTextsAndFrame) {
     Rose rose;
     rose.add(3, 2, 90);
-    RecordingSurface surface({0, 0});
+    TestSurface surface({0, 0});
     drawPolarDiagram(surface, rose, {});
-    EXPECT_TRUE(surface.backgrounds.empty());
-    EXPECT_TRUE(surface.ellipses.empty());
-    EXPECT_TRUE(surface.pies.empty());
-    EXPECT_EQ(surface.drawn.size(), 7U);
+    EXPECT_TRUE(surface.backgrounds().empty());
+    EXPECT_TRUE(surface.ellipses().empty());
+    EXPECT_TRUE(surface.pies().empty());
+    EXPECT_EQ(surface.drawnLines().size(), 7U);
 }
 
 TEST(PolarDiagram, OnlyCalmsHaveNoSectorsAndLabelsOfZero) {
     Rose rose;
     rose.add(5, 0.1, 90);
-    RecordingSurface surface({400, 400});
+    TestSurface surface({400, 400});
     drawPolarDiagram(surface, rose, {});
-    EXPECT_TRUE(surface.pies.empty());
+    EXPECT_TRUE(surface.pies().empty());
     const auto words = surface.wordsOf(BLACK);
     EXPECT_EQ(std::count(words.begin(), words.end(), "0,0"), 4);
 }
@@ -157,66 +157,68 @@ TEST(PolarDiagram, TheFullestClassesReachTheOutermostRing) {
     rose.add(4, 2, 180);
     rose.add(1, 2, 90);
     rose.add(1, 0.1, 90);
-    RecordingSurface surface({400, 400});
+    TestSurface surface({400, 400});
     drawPolarDiagram(surface, rose, {});
     const PolarGeometry g({400, 400}, HEAD_TEXT, 4, 1);
-    ASSERT_EQ(surface.pies.size(), 8U);
+    ASSERT_EQ(surface.pies().size(), 8U);
     for (const std::size_t full : {0U, 4U}) {
-        EXPECT_EQ(surface.pies[full].at,
+        EXPECT_EQ(surface.pies()[full].at,
                   (Box{g.xCentre - g.dx(4), g.yCentre - g.dy(4), g.xCentre + g.dx(4), g.yCentre + g.dy(4)}));
     }
-    EXPECT_EQ(surface.pies[0].pen, RED);
-    EXPECT_EQ(surface.pies[0].fill, Colour{0xFFFF});
-    EXPECT_EQ(surface.pies[0].from, (Dot{254, 79}));
-    EXPECT_EQ(surface.pies[0].to, (Dot{146, 79}));
+    EXPECT_EQ(surface.pies()[0].pen, RED);
+    EXPECT_EQ(surface.pies()[0].fill, Colour{0xFFFF});
+    EXPECT_EQ(surface.pies()[0].from, (Dot{254, 79}));
+    EXPECT_EQ(surface.pies()[0].to, (Dot{146, 79}));
     // Direction 0 points up: its sector begins right of it and ends left of it.
-    EXPECT_GT(surface.pies[0].from.x, g.xCentre);
-    EXPECT_LT(surface.pies[0].to.x, g.xCentre);
-    EXPECT_LT(surface.pies[0].from.y, g.yCentre);
+    EXPECT_GT(surface.pies()[0].from.x, g.xCentre);
+    EXPECT_LT(surface.pies()[0].to.x, g.xCentre);
+    EXPECT_LT(surface.pies()[0].from.y, g.yCentre);
     // A quarter turn points right.
-    EXPECT_GT(surface.pies[2].from.x, g.xCentre);
-    EXPECT_EQ(surface.pies[2].at.right - g.xCentre, static_cast<int>(std::nearbyint(g.dx(4) / 4.0)));
+    EXPECT_GT(surface.pies()[2].from.x, g.xCentre);
+    EXPECT_EQ(surface.pies()[2].at.right - g.xCentre, static_cast<int>(std::nearbyint(g.dx(4) / 4.0)));
     // An empty class has a box of no size.
-    EXPECT_EQ(surface.pies[1].at, (Box{g.xCentre, g.yCentre, g.xCentre, g.yCentre}));
+    EXPECT_EQ(surface.pies()[1].at, (Box{g.xCentre, g.yCentre, g.xCentre, g.yCentre}));
     // 4 of 10 samples at the outermost of 4 rings.
     for (const char* label : {"10,0", "20,0", "30,0", "40,0"}) {
         EXPECT_TRUE(surface.only(label).has_value()) << label;
     }
-    EXPECT_EQ(surface.only("40,0")->at, (Dot{200 - 12, g.yCentre - g.dy(4) - RecordingSurface::LINE_HEIGHT}));
+    EXPECT_EQ(surface.only("40,0")->at, (Dot{200 - 12, g.yCentre - g.dy(4) - TestSurface::LINE_HEIGHT}));
 }
 
 TEST(PolarDiagram, ASectorTooSmallForTwoEndsIsNoWholeCircle) {
     Rose rose(36);
     rose.add(100, 3, 0);
     rose.add(1, 3, 90);
-    RecordingSurface surface({400, 400});
+    TestSurface surface({400, 400});
     drawPolarDiagram(surface, rose, {});
-    const auto& small = surface.pies[9];
+    const auto small = surface.pies()[9];
     EXPECT_EQ(small.from, small.to);
     EXPECT_EQ(small.at.left, small.at.right);
 }
 
 TEST(PolarDiagram, IsCentredOnThePageInTheProportionsOfThePicture) {
     Rose rose;
-    RecordingSurface page({2970, 2100}, 10); // A4 landscape, 10 dots for a millimetre
+    TestSurface page({2970, 2100}, 10); // A4 landscape, 10 dots for a millimetre
     printPolarDiagram(page, {600, 400}, rose, {});
     // 20 mm of margin leave 2570 x 1700 dots: 4.25 dots for a pixel.
-    const auto frame = [&](std::size_t back) { return page.drawn[page.drawn.size() - back].at; };
+    const auto frame = [&](std::size_t back) {
+        return page.drawnLines()[page.drawnLines().size() - back].at;
+    };
     EXPECT_EQ(frame(7), (Segment{{210, 200}, {210, 1899}}));
     EXPECT_EQ(frame(6), (Segment{{210, 1899}, {2759, 1899}}));
     EXPECT_EQ(page.only("Wind")->at.y, 200 + 13); // 3 pixels
     // 10 points on the screen, in the page's points.
     EXPECT_NEAR(page.only("N")->font.Size, 10 * (4.25 * 96 / 72) / (10 * 25.4 / 72), 1e-9);
-    EXPECT_TRUE(page.backgrounds.empty());
+    EXPECT_TRUE(page.backgrounds().empty());
 }
 
 TEST(PolarDiagram, AMillionSamplesDrawAndTooManyOverflow) {
     Rose rose;
     rose.add(1'000'000, 3, 45);
-    RecordingSurface surface({900, 600});
+    TestSurface surface({900, 600});
     drawPolarDiagram(surface, rose, {});
-    EXPECT_EQ(surface.pies.size(), 8U);
-    RecordingSurface huge({9000, 6000});
+    EXPECT_EQ(surface.pies().size(), 8U);
+    TestSurface huge({9000, 6000});
     EXPECT_THROW(drawPolarDiagram(huge, rose, {}), std::overflow_error);
 }
 
@@ -228,7 +230,7 @@ TEST(PolarDiagram, NoSpokeRunsThroughALabel) {
     rose.setBgCol(0xABCDEF);
     rose.add(10, 3, 90);
     rose.add(5, 3, 0); // half way up
-    RecordingSurface surface({400, 400});
+    TestSurface surface({400, 400});
     drawPolarDiagram(surface, rose, {});
     const std::vector<Box> behind = surface.boxesOf(0xABCDEF);
     ASSERT_EQ(behind.size(), 2U); // of the outer two rings
@@ -236,7 +238,7 @@ TEST(PolarDiagram, NoSpokeRunsThroughALabel) {
     ASSERT_TRUE(label);
     EXPECT_EQ(behind.back(), (Box{199, label->at.y, 202, label->at.y + label->extent.height}));
 
-    RecordingSurface page({2970, 2100}, 10);
+    TestSurface page({2970, 2100}, 10);
     printPolarDiagram(page, {400, 400}, rose, {});
     EXPECT_GE(page.boxesOf(WHITE).size(), 2U) << "the paper";
     EXPECT_TRUE(page.boxesOf(0xABCDEF).empty());
@@ -245,7 +247,7 @@ TEST(PolarDiagram, NoSpokeRunsThroughALabel) {
 TEST(PolarDiagram, AnAngleThatIsNoneEndsTheDrawing) {
     Rose rose;
     rose.setAngelOffset(std::numeric_limits<double>::infinity());
-    RecordingSurface surface({400, 400});
+    TestSurface surface({400, 400});
     EXPECT_THROW(drawPolarDiagram(surface, rose, {}), std::overflow_error);
 }
 
@@ -254,12 +256,12 @@ TEST(PolarDiagram, ASectorThinnerThanADotIsALine) {
     rose.setRadRaster(360);
     rose.add(50, 3, 0);
     rose.add(10, 3, 90);
-    RecordingSurface surface({500, 500});
+    TestSurface surface({500, 500});
     drawPolarDiagram(surface, rose, {});
-    ASSERT_EQ(surface.pies.size(), 360U);
+    ASSERT_EQ(surface.pies().size(), 360U);
     const std::vector<Segment> outlines = surface.linesOf(RED);
     ASSERT_EQ(outlines.size(), 1U);
-    const PolarGeometry g({500, 500}, RecordingSurface::LINE_HEIGHT, rose.LongRaster(), 1);
+    const PolarGeometry g({500, 500}, TestSurface::LINE_HEIGHT, rose.LongRaster(), 1);
     EXPECT_EQ(outlines[0].from, (Dot{g.xCentre, g.yCentre}));
     EXPECT_NEAR(outlines[0].to.x, g.xCentre + g.dx(g.rings) / 5.0, 1);
     EXPECT_EQ(outlines[0].to.y, g.yCentre);

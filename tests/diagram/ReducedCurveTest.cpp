@@ -1,8 +1,8 @@
 // What is left of a long series on a surface.
 #include "diagram/ReducedCurve.h"
 
-#include "tests/drawing/RecordingSurface.h"
 #include "tests/drawing/ShowDots.h"
+#include "tests/drawing/TestSurface.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,14 +14,14 @@
 namespace kelvrum {
 namespace {
 
-using kelvrum::testing::RecordingSurface;
+using kelvrum::testing::TestSurface;
 using ::testing::ElementsAre;
 
 /// A day over 240 dots, so that an hour has 10, and a height of 100 dots that ends at y = 150.
 PlotArea dayPlot() { return {DiagramLayout(), {310, 190}, 1, {0, 1}}; }
 
 TEST(ReducedCurve, HandsOverNoMoreThanTheDotsCanShow) {
-    RecordingSurface surface({310, 190});
+    TestSurface surface({310, 190});
     const std::vector<Colour> colours = {GREEN, BLUE, RED};
     std::vector<double> times;
     std::vector<double> values;
@@ -32,15 +32,15 @@ TEST(ReducedCurve, HandsOverNoMoreThanTheDotsCanShow) {
     const PlotArea plot = dayPlot();
     EXPECT_EQ(
         drawCurve(surface, {times, values, plot, plot.scaleOf({0, 100}), ascend(times)}, false, colours), 1);
-    EXPECT_GT(surface.drawn.size(), 240U);
-    EXPECT_LE(surface.drawn.size(), 4U * 310U);
-    for (const auto& line : surface.drawn) {
+    EXPECT_GT(surface.drawnLines().size(), 240U);
+    EXPECT_LE(surface.drawnLines().size(), 4U * 310U);
+    for (const auto& line : surface.drawnLines()) {
         EXPECT_EQ(line.pen, GREEN);
     }
 }
 
 TEST(ReducedBars, ThoseThatBeginOnOneDotKeepTheirOwnEnds) {
-    RecordingSurface surface({310, 190});
+    TestSurface surface({310, 190});
     const std::vector<Colour> colours = {GREEN, BLUE, RED};
     const std::vector<double> times = {0, 0.0019}; // both on the dot of the left axis
     const std::vector<double> values = {50, 80};
@@ -55,7 +55,7 @@ TEST(ReducedBars, ThoseThatBeginOnOneDotKeepTheirOwnEnds) {
 /// Each second value is missing: a square for each of the others, those of a column as one box where they
 /// touch.
 TEST(ReducedCurve, LoneValuesOfAColumnShareTheirBoxes) {
-    RecordingSurface surface({310, 190});
+    TestSurface surface({310, 190});
     const std::vector<Colour> colours = {GREEN, BLUE, RED};
     std::vector<double> times;
     std::vector<double> values;
@@ -65,7 +65,7 @@ TEST(ReducedCurve, LoneValuesOfAColumnShareTheirBoxes) {
     }
     const PlotArea plot = dayPlot();
     drawCurve(surface, {times, values, plot, plot.scaleOf({0, 100}), true, true, 3}, false, colours);
-    EXPECT_TRUE(surface.drawn.empty());
+    EXPECT_TRUE(surface.drawnLines().empty());
     EXPECT_EQ(surface.boxesOf(GREEN).size(), 241U);
 }
 
@@ -83,7 +83,7 @@ TEST(Ascend, HoldsForEqualTimesAndNotForNoTime) {
 }
 
 TEST(ReducedCurve, EachPassHasItsPen) {
-    RecordingSurface surface({310, 190});
+    TestSurface surface({310, 190});
     const std::vector<Colour> colours = {GREEN, BLUE, RED};
     ReducedCurve curve(surface, colours, dayPlot().clip(), 3);
     const Dot sloped[] = {{50, 100}, {60, 90}};

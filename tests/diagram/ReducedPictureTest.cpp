@@ -38,9 +38,8 @@ class OneByOne {
         if (dots.size() == 1) {
             bar(loneBox(dots[0], loneDot_));
         }
-        surface_.moveTo(dots[0]);
-        for (const Dot& dot : dots.subspan(1)) {
-            surface_.lineTo(dot);
+        for (std::size_t i = 1; i < dots.size(); ++i) {
+            surface_.line(dots[i - 1], dots[i]);
         }
     }
     void bar(const Box& box) { surface_.fill({&box, 1}, colour_); }

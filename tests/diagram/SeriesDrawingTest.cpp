@@ -2,8 +2,8 @@
 #include "diagram/LineDiagram.h"
 
 #include "tests/diagram/TestDiagram.h"
-#include "tests/drawing/RecordingSurface.h"
 #include "tests/drawing/ShowDots.h"
+#include "tests/drawing/TestSurface.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -16,8 +16,8 @@ namespace {
 using kelvrum::testing::Column;
 using kelvrum::testing::DAY;
 using kelvrum::testing::fillSeries;
-using kelvrum::testing::RecordingSurface;
 using kelvrum::testing::TestDiagram;
+using kelvrum::testing::TestSurface;
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -42,7 +42,7 @@ class DayDiagram : public TestDiagram {
     }
 };
 
-LineDrawing draw(RecordingSurface& surface, DiagramState& diagram) {
+LineDrawing draw(TestSurface& surface, DiagramState& diagram) {
     return drawLineDiagram(surface, diagram, DiagramLayout(), {});
 }
 
@@ -62,7 +62,7 @@ TEST(SeriesDrawing, BothSeriesOnTheirScales) {
         DayDiagram diagram(kind);
         diagram.setY2High(200);
         fillSeries(diagram, {{DAY, 10, 20}, {DAY + 0.25, 30, 60}, {DAY + 0.5, 50}});
-        RecordingSurface surface({310, 190});
+        TestSurface surface({310, 190});
         EXPECT_EQ(draw(surface, diagram).passes, 1);
         EXPECT_THAT(surface.linesOf(FIRST), Contains(Segment{{40, 140}, {100, 120}}));
         EXPECT_THAT(surface.linesOf(FIRST), Contains(Segment{{100, 120}, {160, 100}}));
@@ -75,18 +75,18 @@ TEST(SeriesDrawing, OnlyTheColumnsInUse) {
     DayDiagram diagram;
     fillSeries(diagram, {{DAY, 10}, {DAY + 0.25, 999999}, {DAY + 0.5, 50}});
     diagram.SetArray(2);
-    RecordingSurface surface({310, 190});
+    TestSurface surface({310, 190});
     draw(surface, diagram);
     EXPECT_THAT(surface.boxesOf(FIRST), ElementsAre(Box{39, 139, 42, 142}));
     for (const std::int32_t count : {0, -1, -2147483647}) {
         diagram.SetArray(count);
-        RecordingSurface empty({310, 190});
+        TestSurface empty({310, 190});
         draw(empty, diagram);
         EXPECT_THAT(empty.linesOf(FIRST), IsEmpty()) << count;
         EXPECT_THAT(empty.boxesOf(FIRST), IsEmpty()) << count;
     }
     diagram.SetArray(2147483647);
-    RecordingSurface all({310, 190});
+    TestSurface all({310, 190});
     draw(all, diagram);
     EXPECT_THAT(all.boxesOf(FIRST), ElementsAre(Box{39, 139, 42, 142}, Box{159, 99, 162, 102}))
         << "no further than the table";
@@ -97,7 +97,7 @@ TEST(SeriesDrawing, ThreePassesHaveThreeColoursAndAFourthIsNotDrawn) {
         SCOPED_TRACE(passes);
         DayDiagram diagram;
         fillSeries(diagram, hourlyPasses(passes));
-        RecordingSurface surface({310, 190});
+        TestSurface surface({310, 190});
         EXPECT_EQ(draw(surface, diagram).passes, std::min(passes, 3));
         const Colour colours[] = {FIRST, BLUE, RED};
         for (int pass = 0; pass < 3; ++pass) {
@@ -121,7 +121,7 @@ TEST(SeriesDrawing, ThreePassesHaveThreeColoursAndAFourthIsNotDrawn) {
 TEST(SeriesDrawing, PrecipitationIsBoxesOnTheBaseLine) {
     DayDiagram diagram(2);
     fillSeries(diagram, {{DAY, 10}, {DAY + 1.0 / 24, 0}, {DAY + 2.0 / 24, 999999}, {DAY + 3.0 / 24, 30}});
-    RecordingSurface surface({310, 190});
+    TestSurface surface({310, 190});
     draw(surface, diagram);
     EXPECT_THAT(surface.boxesOf(FIRST), ElementsAre(Box{40, 140, 50, 150}, Box{70, 120, 80, 150}));
     EXPECT_THAT(surface.linesOf(FIRST), IsEmpty());
@@ -135,7 +135,7 @@ TEST(SeriesDrawing, ASingleBarIsAsWideAsItsIntervalWhereThatIsKnown) {
     diagram.setXLow(DAY);
     diagram.setXHigh(DAY + 1);
     const auto right = [&diagram] {
-        RecordingSurface surface({1000, 600});
+        TestSurface surface({1000, 600});
         drawLineDiagram(surface, diagram, DiagramLayout(), LocaleTexts());
         const auto bars = surface.boxesOf(diagram.D1());
         return bars.empty() ? 0 : bars[0].right;
@@ -169,7 +169,7 @@ TEST(SeriesDrawing, AValueWithoutNeighboursIsASquareThatCanBeSeen) {
             SCOPED_TRACE(::testing::Message() << row.what << ", kind " << kind);
             DayDiagram diagram(kind);
             fillSeries(diagram, {{DAY + 0.2, NoValue}, {DAY + 0.5, 50, 50}, {DAY + 0.8, NoValue}});
-            RecordingSurface surface(row.size, row.scale);
+            TestSurface surface(row.size, row.scale);
             drawLineDiagram(surface, diagram, row.layout, {});
             EXPECT_THAT(surface.linesOf(FIRST), IsEmpty());
             for (const Colour series : {FIRST, SECOND}) {
@@ -204,7 +204,7 @@ TEST(SeriesDrawing, ALineFromFarOutsideKeepsItsSlope) {
                                  {DAY - 1.9, NoValue},
                                  {DAY + from * MINUTE, value(from)},
                                  {DAY + to * MINUTE, value(to)}});
-            RecordingSurface surface({310, 190});
+            TestSurface surface({310, 190});
             draw(surface, diagram);
             const auto lines = surface.linesOf(FIRST);
             ASSERT_THAT(lines, SizeIs(1));
@@ -224,7 +224,7 @@ TEST(SeriesDrawing, DirectionsTakeTheShortWay) {
     DayDiagram diagram(3);
     diagram.setY1High(600);
     fillSeries(diagram, {{DAY, 348}, {DAY + 0.25, 12}});
-    RecordingSurface surface({310, 190});
+    TestSurface surface({310, 190});
     draw(surface, diagram);
     EXPECT_THAT(surface.linesOf(FIRST), Contains(Segment{{40, 92}, {100, 88}}));
 }
@@ -236,11 +236,11 @@ TEST(SeriesDrawing, IsClippedToThePlot) {
         diagram.setShowMittel(true);
         diagram.setHeadLine("Titel");
         fillSeries(diagram, {{DAY - 1, 10, 90}, {DAY + 0.5, 500000, -500000}, {DAY + 3, -400, 20}});
-        RecordingSurface surface({310, 190});
+        TestSurface surface({310, 190});
         draw(surface, diagram);
         const Box plot{40, 50, 281, 151};
         std::size_t clipped = 0;
-        for (const auto& line : surface.drawn) {
+        for (const auto& line : surface.drawnLines()) {
             if (line.clip) {
                 EXPECT_EQ(*line.clip, plot);
                 ++clipped;
@@ -249,10 +249,10 @@ TEST(SeriesDrawing, IsClippedToThePlot) {
             }
         }
         EXPECT_GT(clipped, 0U);
-        for (const auto& box : surface.boxes) {
+        for (const auto& box : surface.boxes()) {
             EXPECT_EQ(box.clip.has_value(), box.colour == FIRST || box.colour == SECOND);
         }
-        for (const auto& text : surface.texts) {
+        for (const auto& text : surface.texts()) {
             EXPECT_EQ(text.clip, std::nullopt) << text.text;
         }
     }
@@ -270,7 +270,7 @@ TEST(SeriesDrawing, AMillionColumnsGiveFewPrimitives) {
     for (const std::int32_t kind : {0, 2, 3, 4}) {
         DayDiagram diagram(kind);
         fillSeries(diagram, columns);
-        RecordingSurface surface;
+        TestSurface surface;
         draw(surface, diagram);
         // Two series, each with a span and a connector for a column of dots, and the frame around.
         EXPECT_LE(surface.primitives(), 4U * 1000U + 300U) << kind;

@@ -2,8 +2,8 @@
 #include "diagram/LineDiagram.h"
 
 #include "tests/diagram/TestDiagram.h"
-#include "tests/drawing/RecordingSurface.h"
 #include "tests/drawing/ShowDots.h"
+#include "tests/drawing/TestSurface.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,14 +15,14 @@ using kelvrum::testing::Column;
 using kelvrum::testing::DAY;
 using kelvrum::testing::fillSeries;
 using kelvrum::testing::RecordedText;
-using kelvrum::testing::RecordingSurface;
 using kelvrum::testing::TestDiagram;
+using kelvrum::testing::TestSurface;
 using ::testing::ElementsAre;
 
 constexpr Colour LEFT_AXIS = 0x020202;
 constexpr Colour RIGHT_AXIS = 0x030303;
 
-void draw(RecordingSurface& surface, DiagramState& diagram, const LocaleTexts& texts = {}) {
+void draw(TestSurface& surface, DiagramState& diagram, const LocaleTexts& texts = {}) {
     drawLineDiagram(surface, diagram, DiagramLayout(), texts);
 }
 
@@ -40,11 +40,11 @@ TEST(Titles, StandCentredOnTheirBand) {
     DayDiagram diagram;
     diagram.setHeadLine("Station Süd");              // 11 bold characters
     diagram.setHeadLine2("Windrichtung 01.01.2024"); // 23 plain ones
-    RecordingSurface surface;
+    TestSurface surface;
     draw(surface, diagram);
-    ASSERT_FALSE(surface.boxes.empty());
-    EXPECT_EQ(surface.boxes[0].at, (Box{0, 0, 1000, 12 + 19}));
-    EXPECT_EQ(surface.boxes[0].clip, std::nullopt);
+    ASSERT_FALSE(surface.boxes().empty());
+    EXPECT_EQ(surface.boxes()[0].at, (Box{0, 0, 1000, 12 + 19}));
+    EXPECT_EQ(surface.boxes()[0].clip, std::nullopt);
     const auto first = surface.only("Station Süd");
     ASSERT_TRUE(first);
     EXPECT_EQ(first->at, (Dot{(1000 - 77) / 2, 3}));
@@ -57,10 +57,10 @@ TEST(Titles, StandCentredOnTheirBand) {
 
 TEST(Titles, TheBandIsThereWithoutATitle) {
     DayDiagram diagram;
-    RecordingSurface surface;
+    TestSurface surface;
     draw(surface, diagram);
-    ASSERT_EQ(surface.boxes.size(), 1U);
-    EXPECT_EQ(surface.boxes[0].at, (Box{0, 0, 1000, 31}));
+    ASSERT_EQ(surface.boxes().size(), 1U);
+    EXPECT_EQ(surface.boxes()[0].at, (Box{0, 0, 1000, 31}));
 }
 
 TEST(Titles, AllTextsAreInSkalaFont) {
@@ -72,9 +72,9 @@ TEST(Titles, AllTextsAreInSkalaFont) {
     diagram.setEinheit("mm");
     diagram.setAchseText("links;rechts");
     diagram.setDiagTyp(2);
-    RecordingSurface surface;
+    TestSurface surface;
     draw(surface, diagram);
-    for (const RecordedText& one : surface.texts) {
+    for (const RecordedText& one : surface.texts()) {
         EXPECT_EQ(one.font, (Font{"Courier", 11, one.text == "Titel", true})) << one.text;
     }
     EXPECT_EQ(diagram.SkalaFont(), (Font{"Courier", 11, false, true})) << "the font itself stays";
@@ -90,7 +90,7 @@ TEST(Unit, EndsAtTheLeftMargin) {
     for (const auto& [unit, text, x] : rows) {
         DayDiagram diagram;
         diagram.setEinheit(unit);
-        RecordingSurface surface;
+        TestSurface surface;
         draw(surface, diagram);
         const auto found = surface.only(text);
         ASSERT_TRUE(found) << unit;
@@ -117,7 +117,7 @@ TEST(Captions, StandAtTheirAxes) {
         SCOPED_TRACE(row.text);
         DayDiagram diagram;
         diagram.setAchseText(row.text);
-        RecordingSurface surface;
+        TestSurface surface;
         draw(surface, diagram);
         const auto captions = [&](Colour pen) {
             std::vector<std::string> found;
@@ -136,13 +136,13 @@ TEST(Captions, StandAtTheirAxes) {
 TEST(Footnote, StandsBelowThePlot) {
     DayDiagram diagram;
     diagram.setFussnote("Werte ungeprüft");
-    RecordingSurface surface;
+    TestSurface surface;
     draw(surface, diagram);
     const auto note = surface.only("Werte ungeprüft");
     ASSERT_TRUE(note);
     EXPECT_GE(note->at.y, 560);
     EXPECT_LE(note->at.y + note->extent.height, 600);
-    for (const RecordedText& one : surface.texts) {
+    for (const RecordedText& one : surface.texts()) {
         const bool apart = one.at.y + one.extent.height <= note->at.y ||
                            one.at.x >= note->at.x + note->extent.width ||
                            one.at.x + one.extent.width <= note->at.x;
@@ -176,7 +176,7 @@ TEST(Total, IsWrittenInTheBottomMarginOfPrecipitationOnly) {
             }
             fillSeries(diagram, columns);
             diagram.SetArray(static_cast<std::int32_t>(columns.size()));
-            RecordingSurface surface;
+            TestSurface surface;
             draw(surface, diagram);
             const auto total = surface.only(c.text);
             EXPECT_EQ(total.has_value(), kind == 2);
@@ -184,7 +184,7 @@ TEST(Total, IsWrittenInTheBottomMarginOfPrecipitationOnly) {
                 EXPECT_GT(total->at.y, 560);
                 EXPECT_LE(total->at.y + total->extent.height, 600);
                 EXPECT_EQ(total->at.x + total->extent.width, 1000) << "ends at the right edge";
-                for (const RecordedText& one : surface.texts) {
+                for (const RecordedText& one : surface.texts()) {
                     const bool apart = one.at.y + rowPitch <= total->at.y ||
                                        one.at.x + one.extent.width <= total->at.x ||
                                        one.at.y >= total->at.y + 12;
@@ -205,11 +205,11 @@ TEST(Total, LeavesEveryTickLabelItsDate) {
             diagram.setXHigh(DAY + span);
             diagram.setEinheit("mm");
             fillSeries(diagram, {{DAY, 1.5}});
-            RecordingSurface surface({width, 600});
+            TestSurface surface({width, 600});
             draw(surface, diagram);
             std::vector<int> times;
             std::vector<int> dates;
-            for (const RecordedText& one : surface.texts) {
+            for (const RecordedText& one : surface.texts()) {
                 if (isTime(one.text)) {
                     times.push_back(one.at.x + one.extent.width / 2);
                 } else if (isDate(one.text)) {
@@ -229,11 +229,11 @@ TEST(Total, BearsTheUnitAndStandsOnItsGround) {
     diagram.setEinheit("mm");
     diagram.setBgCol(PAPER);
     fillSeries(diagram, {{DAY, 1.5}});
-    RecordingSurface surface;
+    TestSurface surface;
     draw(surface, diagram);
     const auto total = surface.only("Niederschlagssumme = 1,5 mm");
     ASSERT_TRUE(total);
-    EXPECT_EQ(surface.texts.back().text, total->text) << "above the dates";
+    EXPECT_EQ(surface.texts().back().text, total->text) << "above the dates";
     EXPECT_THAT(surface.boxesOf(PAPER),
                 ElementsAre(Box{1000 - 27 * 6 - 3, total->at.y, 1000, total->at.y + 12}));
 }
@@ -244,14 +244,14 @@ TEST(Total, HasARowOfItsOwnOnPaper) {
     diagram.setEinheit("mm");
     diagram.setFussnote("Werte ungeprüft");
     fillSeries(diagram, {{DAY, 1.5}});
-    RecordingSurface page({2970, 2100}, 10);
+    TestSurface page({2970, 2100}, 10);
     drawLineDiagram(page, diagram, DiagramLayout::page(), {});
     const auto total = page.only("Niederschlagssumme = 1,5 mm");
     ASSERT_TRUE(total);
     EXPECT_EQ(total->at.x + total->extent.width, 2840) << "ends at the right axis";
     EXPECT_TRUE(page.boxesOf(diagram.BgCol()).empty()) << "there is no ground on paper";
     constexpr int ROW = 35;
-    for (const RecordedText& one : page.texts) {
+    for (const RecordedText& one : page.texts()) {
         const bool apart = one.at.y + ROW <= total->at.y || one.at.y >= total->at.y + ROW ||
                            one.at.x + one.extent.width <= total->at.x;
         EXPECT_TRUE(one.text.empty() || one.text == total->text || apart) << "covers " << one.text;
@@ -264,7 +264,7 @@ TEST(Total, HasTheLocalesSeparator) {
     fillSeries(diagram, {{DAY, 1.5}});
     LocaleTexts texts;
     texts.decimalSeparator = ".";
-    RecordingSurface surface;
+    TestSurface surface;
     draw(surface, diagram, texts);
     EXPECT_TRUE(surface.only("Niederschlagssumme = 1.5"));
 }

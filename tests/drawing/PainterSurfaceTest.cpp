@@ -54,8 +54,7 @@ class PainterSurfaceTest : public QObject {
             other.clear(WHITE);
             other.setPen(RED);
             for (const Segment& segment : segments) {
-                other.moveTo(segment.from);
-                other.lineTo(segment.to);
+                other.line(segment.from, segment.to);
             }
         }
         QCOMPARE(painted(batch), picture);
@@ -80,8 +79,7 @@ class PainterSurfaceTest : public QObject {
             PainterSurface surface(image, {20, 20}, scale);
             surface.clear(WHITE);
             surface.setPen(BLACK);
-            surface.moveTo({5, 10});
-            surface.lineTo({15, 10});
+            surface.line({5, 10}, {15, 10});
         }
         int dark = 0;
         for (int y = 0; y < 20; ++y) {
@@ -109,11 +107,9 @@ class PainterSurfaceTest : public QObject {
             surface.clear(WHITE);
             surface.setPen(BLACK);
             surface.setClip(Box{2, 0, 4, 3});
-            surface.moveTo({0, 0});
-            surface.lineTo({5, 0});
+            surface.line({0, 0}, {5, 0});
             surface.setClip({});
-            surface.moveTo({0, 2});
-            surface.lineTo({5, 2});
+            surface.line({0, 2}, {5, 2});
         }
         QCOMPARE(painted(image), QStringLiteral("..##../....../######/"));
     }

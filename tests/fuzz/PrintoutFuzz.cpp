@@ -1,7 +1,7 @@
 // Any rows and columns of the printed table, on paper of any size. The input: sizes, then the line of the
 // columns, the header, and rows.
 #include "app/TablePrintout.h"
-#include "tests/drawing/RecordingSurface.h"
+#include "tests/drawing/TestSurface.h"
 #include "tests/fuzz/Fuzzing.h"
 
 #include <cmath>
@@ -13,7 +13,7 @@ namespace {
 
 using namespace kelvrum;
 using fuzzing::require;
-using testing::RecordingSurface;
+using testing::TestSurface;
 
 /// Millimetres by the first byte of each character: 0.5 to 4; a blank 1.
 double widthOf(std::string_view text) {
@@ -71,13 +71,13 @@ void checkRow(std::string_view row, std::string_view columns, double lastWidth) 
 }
 
 void checkPages(const Table& table, Extent paper, double scale) {
-    std::vector<std::unique_ptr<RecordingSurface>> pages;
+    std::vector<std::unique_ptr<TestSurface>> pages;
     printTable(table, [&]() -> Surface& {
-        return *pages.emplace_back(std::make_unique<RecordingSurface>(paper, scale));
+        return *pages.emplace_back(std::make_unique<TestSurface>(paper, scale));
     });
     require(!pages.empty() && pages.size() <= table.rows + 1, "no page is without a row, but for the first");
     for (const auto& page : pages) {
-        require(!page->texts.empty() && page->texts.back().at.y >= 0, "texts stand on their page");
+        require(!page->texts().empty() && page->texts().back().at.y >= 0, "texts stand on their page");
     }
 }
 

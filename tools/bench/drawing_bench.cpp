@@ -46,8 +46,7 @@ class CountedSurface final : public Surface {
     void clear(Colour background) override { surface_.clear(background); }
     void setPen(Colour colour) override { surface_.setPen(colour); }
     void setClip(std::optional<Box> box) override { surface_.setClip(box); }
-    void moveTo(Dot to) override { surface_.moveTo(to); }
-    void lineTo(Dot to) override { surface_.lineTo(to); }
+    void line(Dot from, Dot to) override { surface_.line(from, to); }
     void lines(std::span<const Segment> segments) override {
         primitives += segments.size();
         surface_.lines(segments);

@@ -1,7 +1,7 @@
 // A batch of ten year pages: from the channel files to a finished document.
 #include "data/DataReader.h"
 #include "diagram/LineDiagram.h"
-#include "drawing/PagePicture.h"
+#include "drawing/PageRecording.h"
 #include "drawing/PainterSurface.h"
 #include "tools/bench/BenchStation.h"
 #include "tools/bench/Registers.h"
@@ -37,11 +37,11 @@ void batchOfTenYears(benchmark::State& state) {
         const QRectF paper = printer.paperRect(QPrinter::DevicePixel);
         const Extent size{static_cast<int>(paper.width()), static_cast<int>(paper.height())};
         const Resolution resolution = Resolution::page(printer.resolution());
-        std::vector<std::unique_ptr<PagePicture>> pages;
+        std::vector<std::unique_ptr<RecordingSurface>> pages;
         for (int i = 0; i < PAGES; ++i) {
             const std::int32_t channel = i % 2 == 0 ? DUST : SPEED;
             reader.readDiagram(station().config, {channel, {}, benchYear(), 1}, {}, control, {});
-            pages.push_back(std::make_unique<PagePicture>(size, resolution));
+            pages.push_back(pageRecording(size, resolution));
             drawLineDiagram(*pages.back(), control, DiagramLayout::page(), {});
         }
         PainterSurface surface(printer, size, resolution);
@@ -49,7 +49,7 @@ void batchOfTenYears(benchmark::State& state) {
             if (i > 0) {
                 printer.newPage();
             }
-            pages[static_cast<std::size_t>(i)]->play(surface);
+            pages[static_cast<std::size_t>(i)]->drawing().play(surface);
         }
         surface.end();
     }

@@ -2,7 +2,7 @@
 #include "app/SystemLocale.h"
 #include "diagram/LineDiagram.h"
 #include "diagram/PolarSys.h"
-#include "drawing/PagePicture.h"
+#include "drawing/PageRecording.h"
 #include "tools/tour/Chapters.h"
 #include "tools/tour/Picture.h"
 
@@ -29,13 +29,13 @@ void showPage(const SampleFolder& station, const QString& pictures) {
     stage.click("Check2");
     const QSize paper(dots(297), dots(210)); // A4, landscape
     const Resolution resolution = Resolution::page(DOTS_PER_INCH);
-    PagePicture page({paper.width(), paper.height()}, resolution);
-    drawLineDiagram(page, stage.the<PolarSys>("KS"), DiagramLayout::page(), localeTexts(QLocale()));
+    const auto page = pageRecording({paper.width(), paper.height()}, resolution);
+    drawLineDiagram(*page, stage.the<PolarSys>("KS"), DiagramLayout::page(), localeTexts(QLocale()));
 
     QImage picture(paper, QImage::Format_RGB32);
     picture.fill(Qt::white);
     PainterSurface surface(picture, {paper.width(), paper.height()}, resolution);
-    page.play(surface);
+    page->drawing().play(surface);
     surface.end();
     QPainter(&picture).drawRect(picture.rect().adjusted(0, 0, -1, -1)); // the paper's edge
     save(picture, pictures, QStringLiteral("page"));

@@ -1,0 +1,14 @@
+// A page that is kept as what was drawn on it, until it is printed or dropped.
+#pragma once
+
+#include "drawing/PainterSurface.h"
+#include "drawing/RecordedDrawing.h"
+
+#include <memory>
+
+namespace kelvrum {
+
+/// Records a page of a resolution, on which it is to be played. Texts are measured as on the screen.
+std::unique_ptr<RecordingSurface> pageRecording(Extent size, const Resolution& resolution);
+
+} // namespace kelvrum
