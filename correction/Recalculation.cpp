@@ -80,13 +80,12 @@ class YearRecalculation {
             if (!target.file) { // not before there is a value to write
                 target = files_.openTarget(targetPath_);
                 if (!target.file) {
-                    return failure(target.reason);
+                    return failure(target.error);
                 }
             }
             const auto bytes = std::as_bytes(std::span(results).first(got));
-            const std::string reason = target.file->write(static_cast<std::uint64_t>(offset), bytes);
-            if (!reason.empty()) {
-                return failure(reason);
+            if (const std::error_code error = target.file->write(static_cast<std::uint64_t>(offset), bytes)) {
+                return failure(error);
             }
             if (got < n) {
                 break; // so has one here
@@ -127,8 +126,8 @@ class YearRecalculation {
         return count;
     }
 
-    [[nodiscard]] std::string failure(const std::string& reason) const {
-        return "Die Datei „" + targetPath_ + "“ kann nicht geschrieben werden: " + reason +
+    [[nodiscard]] std::string failure(const std::error_code& error) const {
+        return "Die Datei „" + targetPath_ + "“ kann nicht geschrieben werden: " + error.message() +
                ".\nBitte sorgen Sie für Platz und Schreibrecht und berechnen Sie den Zeitraum noch einmal.";
     }
 

@@ -1,6 +1,8 @@
 // Replacing a file as a whole.
 #pragma once
 
+#include "util/NativeFile.h"
+
 #include <cstddef>
 #include <filesystem>
 #include <span>
@@ -9,31 +11,40 @@
 
 namespace kelvrum {
 
-/// Gives the file of a station path new contents: they are written beside it and take its place when they are
-/// complete, with its rights; a link stays one. When anything fails the old file stays as it was; the result
-/// says what the system objected to, and is empty after success. A write-protected file is not replaced.
+/// Gives the file of a station path new contents: they are written beside it, and take its place when they
+/// are complete and on the disk, with its rights; a link stays one. When anything fails the old file stays as
+/// it was; the result is the system's reason, and empty after success. A write-protected file is not
+/// replaced.
 [[nodiscard]] std::error_code replaceFile(std::string_view path, std::span<const std::byte> bytes);
 
-/// The same for contents that the caller writes: into `fresh`, a file beside the target. It takes the
+/// The same for contents that the caller writes: into `fresh`, a file in the target's folder. It takes the
 /// target's place with `commit`; without that it is removed and the target stays as it was.
 class FileReplacement {
   public:
-    /// `error` says why the target, a native path, cannot be replaced.
+    /// `error` says why the target, a native path, cannot be replaced. Fresh files that programs which were
+    /// killed have left in the folder are removed.
     FileReplacement(const std::filesystem::path& target, std::error_code& error);
     FileReplacement(const FileReplacement&) = delete;
     FileReplacement& operator=(const FileReplacement&) = delete;
     ~FileReplacement();
 
-    /// Where the contents are to be written. The file need not exist yet.
+    /// Where the contents are to be written: an empty file, whose name no other replacement has.
     [[nodiscard]] const std::filesystem::path& fresh() const { return fresh_; }
 
-    /// Gives the fresh file the target's name and rights. To be called once, when it is closed.
+    /// Writes all of the contents.
+    [[nodiscard]] std::error_code write(std::span<const std::byte> bytes) { return file_.write(0, bytes); }
+
+    /// Gives the fresh file the target's rights and, once it is on the disk, its name. To be called once,
+    /// when the caller has closed it.
     [[nodiscard]] std::error_code commit();
 
   private:
-    std::filesystem::path file_;
-    std::filesystem::path fresh_;
+    [[nodiscard]] std::error_code makeFresh();
+
+    std::filesystem::path target_;
     std::filesystem::file_status before_;
+    std::filesystem::path fresh_; // empty while there is none
+    NativeFile file_;             // the fresh file, locked
 };
 
 } // namespace kelvrum

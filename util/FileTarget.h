@@ -6,8 +6,8 @@
 #include <functional>
 #include <memory>
 #include <span>
-#include <string>
 #include <string_view>
+#include <system_error>
 
 namespace kelvrum {
 
@@ -18,15 +18,15 @@ class FileTarget {
     FileTarget& operator=(const FileTarget&) = delete;
     virtual ~FileTarget() = default;
 
-    /// Writes at a byte offset; what lies outside stays as it is, a gap before it reads as zeros. Gives an
-    /// empty text, or the system's reason why not all was written.
-    virtual std::string write(std::uint64_t offset, std::span<const std::byte> bytes) = 0;
+    /// Writes at a byte offset; what lies outside stays as it is, a gap before it reads as zeros. Returns the
+    /// system's reason when not all was written.
+    [[nodiscard]] virtual std::error_code write(std::uint64_t offset, std::span<const std::byte> bytes) = 0;
 };
 
 /// A target that was opened, or the system's reason why not.
 struct OpenedTarget {
     std::unique_ptr<FileTarget> file;
-    std::string reason;
+    std::error_code error;
 };
 
 /// Opens the file of a path as the station writes it for writing in place; a missing one is created.

@@ -114,13 +114,13 @@ TEST(SaveSettings, FolderOfThatName) {
     EXPECT_TRUE(filesIn(folder.base()).empty());
 }
 
-/// What stands in the way of the fresh file is not removed.
-TEST(SaveSettings, FolderInTheWay) {
+/// The fresh file has a name of its own: no other file or folder is in its way.
+TEST(SaveSettings, NothingIsInTheWay) {
     const TempFolder folder;
     folder.write("Sammeldruck.cfg", "old");
     fs::create_directory(folder.at("Sammeldruck.cfg.neu"));
-    EXPECT_TRUE(saveSettings(TWO_ROWS, folder.at("Sammeldruck.cfg")));
-    EXPECT_EQ(contentOf(folder.at("Sammeldruck.cfg")), "old");
+    EXPECT_FALSE(saveSettings(TWO_ROWS, folder.at("Sammeldruck.cfg")));
+    EXPECT_EQ(contentOf(folder.at("Sammeldruck.cfg")), fileOf(TWO_RECORDS));
     EXPECT_TRUE(fs::is_directory(folder.at("Sammeldruck.cfg.neu")));
 }
 

@@ -2,15 +2,11 @@
 // left.
 #include "batchprint/SettingsFile.h"
 #include "tests/batchprint/SettingsBytes.h"
+#include "tests/testing/FileSizeLimit.h"
 #include "util/Paths.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
-
-#if __has_include(<sys/resource.h>)
-#include <csignal>
-#include <sys/resource.h>
-#endif
 
 namespace kelvrum {
 
@@ -23,37 +19,35 @@ namespace {
 const std::vector<RowSettings> ROWS(ROW_COUNT, RowSettings{true, false, -0.5, 40, 3, true, 1, 2, true});
 const std::string OLD(1344, 'o');
 
-/// A device that is always full stands for a full disk.
+#ifdef KELVRUM_HAS_LIMITS
+/// A limit for files stands for a full disk.
 TEST(SettingsFaults, AFullDisk) {
-    if (!fs::exists("/dev/full")) {
-        GTEST_SKIP() << "this system has no such device";
-    }
     const TempFolder folder;
     const std::string path = folder.write("Sammeldruck.cfg", OLD);
-    fs::create_symlink("/dev/full", path + ".neu"); // where the fresh file is written
-    EXPECT_EQ(saveSettings(ROWS, path), std::errc::no_space_on_device);
+    std::error_code error;
+    {
+        const FileSizeLimit full(0);
+        error = saveSettings(ROWS, path);
+    }
+    EXPECT_EQ(error, std::errc::file_too_large);
     EXPECT_EQ(contentOf(path), OLD);
     EXPECT_EQ(filesIn(folder.base()), std::vector<std::string>{"Sammeldruck.cfg"});
     EXPECT_FALSE(saveSettings(ROWS, path)); // there is room again
     EXPECT_EQ(loadSettings(path).rows, ROWS);
 }
 
-#if __has_include(<sys/resource.h>)
 TEST(SettingsFaults, WritingEndsAtEveryByte) {
     const TempFolder folder;
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     for (const bool replaces : {true, false}) {
         for (rlim_t room = 0; room <= sammeldruck::FILE_SIZE; ++room) {
             const std::string path = folder.at("Sammeldruck.cfg");
             replaces ? static_cast<void>(folder.write("Sammeldruck.cfg", OLD))
                      : static_cast<void>(fs::remove(path));
-            rlimit narrow = before;
-            narrow.rlim_cur = room;
-            setrlimit(RLIMIT_FSIZE, &narrow);
-            const std::error_code error = saveSettings(ROWS, path);
-            setrlimit(RLIMIT_FSIZE, &before);
+            std::error_code error;
+            {
+                const FileSizeLimit limit(room);
+                error = saveSettings(ROWS, path);
+            }
             if (room == sammeldruck::FILE_SIZE) {
                 EXPECT_FALSE(error);
                 EXPECT_EQ(loadSettings(path).rows, ROWS);
@@ -67,7 +61,6 @@ TEST(SettingsFaults, WritingEndsAtEveryByte) {
             ASSERT_EQ(filesIn(folder.base()).size(), replaces ? 1U : 0U) << room;
         }
     }
-    std::signal(SIGXFSZ, handler);
 }
 #endif
 

@@ -19,6 +19,7 @@ using ::testing::HasSubstr;
 const TimeRange TWO_YEARS = between({2020, 3, 1, 0, 0}, {2021, 11, 30, 23, 59});
 constexpr int MARCH = (31 + 29) * 1440;         // of 2020
 constexpr int DECEMBER = (365 - 31) * 1440 - 1; // last minute of November 2021
+const std::error_code NO_SPACE = std::make_error_code(std::errc::no_space_on_device);
 constexpr int BEHIND_EVERY_YEAR = 9'000'000;
 
 /// Real files. One write of the run takes only some of its bytes.
@@ -44,12 +45,12 @@ class OneWriteFails {
         Target(std::unique_ptr<FileTarget> file, OneWriteFails& all)
             : file_(std::move(file))
             , all_(all) {}
-        std::string write(std::uint64_t offset, std::span<const std::byte> bytes) override {
+        std::error_code write(std::uint64_t offset, std::span<const std::byte> bytes) override {
             if (++all_.writes_ != all_.number_) {
                 return file_->write(offset, bytes);
             }
-            file_->write(offset, bytes.first(std::min(bytes.size(), all_.taken_)));
-            return "Auf dem Gerät ist kein Speicherplatz mehr verfügbar";
+            static_cast<void>(file_->write(offset, bytes.first(std::min(bytes.size(), all_.taken_))));
+            return NO_SPACE;
         }
 
       private:
@@ -97,7 +98,7 @@ TEST(CorrectionFaults, EveryWriteFailsInTurnAndTheNextRunMendsIt) {
                 break;
             }
             ++failures;
-            EXPECT_THAT(*message, HasSubstr("Auf dem Gerät ist kein Speicherplatz mehr verfügbar"));
+            EXPECT_THAT(*message, HasSubstr(NO_SPACE.message()));
             const FileBytes found = laid.found();
             for (const int year : {2020, 2021}) {
                 const std::string name = YearFiles::name(15, year);

@@ -2,6 +2,7 @@
 #include "correction/Recalculation.h"
 
 #include "tests/correction/YearFiles.h"
+#include "tests/testing/FileSizeLimit.h"
 #include "tests/testing/OrdinaryUser.h"
 
 #include <gmock/gmock.h>
@@ -9,12 +10,6 @@
 
 #include <algorithm>
 #include <system_error>
-
-#if __has_include(<sys/resource.h>)
-#define KELVRUM_HAS_LIMITS
-#include <csignal>
-#include <sys/resource.h>
-#endif
 
 namespace kelvrum {
 namespace {
@@ -45,12 +40,12 @@ struct FailingTargets {
         Target(std::unique_ptr<FileTarget> file, FailingTargets& all)
             : file_(std::move(file))
             , all_(all) {}
-        std::string write(std::uint64_t offset, std::span<const std::byte> bytes) override {
+        std::error_code write(std::uint64_t offset, std::span<const std::byte> bytes) override {
             if (++all_.writes < all_.failing) {
                 return file_->write(offset, bytes);
             }
-            file_->write(offset, bytes.first(bytes.size() / 2));
-            return "Der Datenträger ist voll";
+            static_cast<void>(file_->write(offset, bytes.first(bytes.size() / 2)));
+            return std::make_error_code(std::errc::no_space_on_device);
         }
 
       private:
@@ -61,7 +56,7 @@ struct FailingTargets {
     [[nodiscard]] TargetOpener opener() {
         return [this](std::string_view path) {
             OpenedTarget target = openTarget(path);
-            return OpenedTarget{std::make_unique<Target>(std::move(target.file), *this), target.reason};
+            return OpenedTarget{std::make_unique<Target>(std::move(target.file), *this), target.error};
         };
     }
 };
@@ -90,7 +85,7 @@ TEST(Recalculation, AWriteThatFailsEndsTheRun) {
         const TimeRange range = between({2021, 1, 2, 0, 0}, {2021, 12, 30, 0, 0});
         EXPECT_EQ(recalculate(year.station, {CorrectionMode::dust, range, 2}, files),
                   "Die Datei „" + year.path(15, 2021) +
-                      "“ kann nicht geschrieben werden: Der Datenträger ist voll" + ADVICE);
+                      "“ kann nicht geschrieben werden: " + reasonOf(std::errc::no_space_on_device) + ADVICE);
         EXPECT_EQ(targets.writes, failing);
         expectRestUntouched(year, 15, 2021, 1440, 363 * 1440);
 
@@ -171,28 +166,6 @@ TEST(Recalculation, FullDisk) {
 }
 
 #ifdef KELVRUM_HAS_LIMITS
-/// No file may become longer than a limit while this lives.
-class FileSizeLimit {
-  public:
-    explicit FileSizeLimit(rlim_t bytes)
-        : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        rlimit limited = before_;
-        limited.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limited);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-    ~FileSizeLimit() {
-        setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, handler_);
-    }
-
-  private:
-    rlimit before_ = {};
-    void (*handler_)(int);
-};
-
 /// The target grows until there is no more room: what was written stays, and nothing else changes.
 TEST(Recalculation, NoRoomToGrow) {
     constexpr int ROOM = 100'000; // minutes
@@ -252,12 +225,12 @@ TEST(Recalculation, TargetThatDoesNotOpen) {
     CorrectionFiles files;
     files.openTarget = [&openings](std::string_view) {
         ++openings;
-        return OpenedTarget{nullptr, "Zugriff verweigert"};
+        return OpenedTarget{nullptr, std::make_error_code(std::errc::permission_denied)};
     };
     const TimeRange range = between({2020, 1, 1, 0, 10}, {2021, 1, 1, 0, 19});
     EXPECT_EQ(recalculate(laid.station, {CorrectionMode::dust, range, 2}, files),
-              "Die Datei „" + laid.path(15, 2020) + "“ kann nicht geschrieben werden: Zugriff verweigert" +
-                  ADVICE);
+              "Die Datei „" + laid.path(15, 2020) +
+                  "“ kann nicht geschrieben werden: " + reasonOf(std::errc::permission_denied) + ADVICE);
     EXPECT_EQ(openings, 1);
     EXPECT_EQ(laid.changes(), "");
 }
