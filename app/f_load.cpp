@@ -84,22 +84,22 @@ bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
     DataListModel& rows = view_->rows();
     rows.clear();
     if (formOf(station_).dataFiles == DataFiles::byDay) {
-        return reader_.readSeries(station_, request, diagramSettings(), KS, step) == Reading::complete &&
+        return reader_.readSeries(station_, request, diagramSettings(), KS, step) == ReadStatus::complete &&
                FillListVarn(request.range, step);
     }
     if (optView->diagramSelected()) {
         rows.giveBack();
     }
     if (optView->diagramSelected() && KS.DiagTyp() == KIND_POLAR) {
-        return reader_.readPolar(station_, request, diagramSettings(), KS, step) == Reading::complete;
+        return reader_.readPolar(station_, request, diagramSettings(), KS, step) == ReadStatus::complete;
     }
     if (optView->diagramSelected()) {
-        return reader_.readSeries(station_, request, diagramSettings(), KS, step) == Reading::complete;
+        return reader_.readSeries(station_, request, diagramSettings(), KS, step) == ReadStatus::complete;
     }
     KS.SetArray(0);
     rows.expect(rowsExpected(request));
     const auto showValues = [this](std::span<const IntervalValue> values) { showRows(values); };
-    const bool complete = reader_.readList(station_, request, showValues, step) == Reading::complete;
+    const bool complete = reader_.readList(station_, request, showValues, step) == ReadStatus::complete;
     if (complete) {
         rows.show();
     }

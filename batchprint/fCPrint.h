@@ -41,7 +41,7 @@ class fCPrint : public QDialog {
         PolarSys& diagram; // borrowed for the pages; its print job must be `job`
         PrintJob& job;
         /// Reads a channel into the diagram.
-        std::function<Reading(const ReadRequest&, const DiagramSettings&)> readDiagram;
+        std::function<ReadStatus(const ReadRequest&, const DiagramSettings&)> readDiagram;
         std::function<void()> loadData; // shows the owner's own view again
         Dialogs& dialogs;
         std::string projectFolder = {}; // as the configuration's path gives it; handed over, not read here

@@ -179,7 +179,8 @@ void fCPrint::readRow(const BatchRow& row, const TimeRange& range) {
     const RowSettings settings = row.settings();
     arrange(owner_.diagram, settings, range);
     const ReadRequest request = {row.channel(), {}, range, row.minutes()};
-    if (owner_.readDiagram(request, diagramSettings(settings, row.intervalCaption())) != Reading::complete) {
+    if (owner_.readDiagram(request, diagramSettings(settings, row.intervalCaption())) !=
+        ReadStatus::complete) {
         throw std::runtime_error("Der Druck wurde abgebrochen: Die Daten wurden nicht vollständig gelesen.");
     }
 }

@@ -37,11 +37,11 @@ void setTexts(const StationConfig& station, std::int32_t channel, const DiagramS
 
 /// An error ends a reading without a message, as a missing file does; what was handed out before it stays.
 template<typename Read>
-Reading trapped(Read read) {
+ReadStatus trapped(Read read) {
     try {
         return read();
     } catch (const std::exception&) {
-        return Reading::complete;
+        return ReadStatus::complete;
     }
 }
 
@@ -93,22 +93,22 @@ std::span<const double> DataReader::averagesOf(const BlockRun& run, std::int32_t
 }
 
 template<typename Consume>
-Reading DataReader::averagePieces(BlockReader& blocks, std::int32_t mode, const ReadingStep& step,
-                                  Consume consume) {
+ReadStatus DataReader::averagePieces(BlockReader& blocks, std::int32_t mode, const ReadingStep& step,
+                                     Consume consume) {
     return trapped([&] {
         for (BlockRun run = blocks.next(); !run.empty(); run = blocks.next()) {
             if (!runStep(step)) {
-                return Reading::givenUp; // before anything of this reading is handed out over a newer one
+                return ReadStatus::givenUp; // before anything of this reading is handed out over a newer one
             }
             consume(run.first, averagesOf(run, mode, averages_));
         }
-        return Reading::complete;
+        return ReadStatus::complete;
     });
 }
 
-Reading DataReader::readList(const StationConfig& station, const ReadRequest& request,
-                             const std::function<void(std::span<const IntervalValue>)>& showValues,
-                             const ReadingStep& step) {
+ReadStatus DataReader::readList(const StationConfig& station, const ReadRequest& request,
+                                const std::function<void(std::span<const IntervalValue>)>& showValues,
+                                const ReadingStep& step) {
     return trapped([&] {
         BlockReader blocks(station, request, open_, buffers_);
         const std::int32_t mode = station.ChannelTable.at(request.channel).Mode;
@@ -129,17 +129,17 @@ Reading DataReader::readList(const StationConfig& station, const ReadRequest& re
     });
 }
 
-Reading DataReader::readSeries(const StationConfig& station, const ReadRequest& request,
-                               const DiagramSettings& settings, DiagramState& diagram,
-                               const ReadingStep& step) {
+ReadStatus DataReader::readSeries(const StationConfig& station, const ReadRequest& request,
+                                  const DiagramSettings& settings, DiagramState& diagram,
+                                  const ReadingStep& step) {
     return formOf(station).dataFiles == DataFiles::byDay
                ? readDayDiagram(station, request, settings, diagram, step)
                : readDiagram(station, request, settings, diagram, step);
 }
 
-Reading DataReader::readDiagram(const StationConfig& station, const ReadRequest& request,
-                                const DiagramSettings& settings, DiagramState& diagram,
-                                const ReadingStep& step) {
+ReadStatus DataReader::readDiagram(const StationConfig& station, const ReadRequest& request,
+                                   const DiagramSettings& settings, DiagramState& diagram,
+                                   const ReadingStep& step) {
     diagram.SetArray(0); // a drawing while the table is being filled shows no half curve
     setTexts(station, request.channel, settings, diagram);
     return trapped([&] {
@@ -147,21 +147,21 @@ Reading DataReader::readDiagram(const StationConfig& station, const ReadRequest&
         SeriesFill fill(seriesTable(),
                         static_cast<std::size_t>(std::min(blocks.blocks(), MINUTES_OF_A_YEAR)));
         const std::int32_t mode = station.ChannelTable.at(request.channel).Mode;
-        const Reading reading =
+        const ReadStatus status =
             averagePieces(blocks, mode, step, [&](std::int64_t first, std::span<const double> values) {
                 fill.add(request.range.from, first, request.interval, values);
             });
-        if (reading == Reading::complete) {
+        if (status == ReadStatus::complete) {
             diagram.SetArray(static_cast<std::int32_t>(fill.finish()));
             diagram.setColumnInterval(days(request.interval));
         }
-        return reading;
+        return status;
     });
 }
 
-Reading DataReader::readPolar(const StationConfig& station, const ReadRequest& request,
-                              const DiagramSettings& settings, DiagramState& diagram,
-                              const ReadingStep& step) {
+ReadStatus DataReader::readPolar(const StationConfig& station, const ReadRequest& request,
+                                 const DiagramSettings& settings, DiagramState& diagram,
+                                 const ReadingStep& step) {
     diagram.Clear();
     setTexts(station, request.channel, settings, diagram);
     return trapped([&] {
@@ -170,7 +170,7 @@ Reading DataReader::readPolar(const StationConfig& station, const ReadRequest& r
         std::vector<double> speeds;
         for (BlockRun run = blocks.next(); !run.empty(); run = blocks.next()) {
             if (!runStep(step)) {
-                return Reading::givenUp;
+                return ReadStatus::givenUp;
             }
             if (run.paired.empty()) {
                 continue;
@@ -189,24 +189,24 @@ Reading DataReader::readPolar(const StationConfig& station, const ReadRequest& r
             diagram.AddItem(speed, direction);
         }
         diagram.setBogenmass(unit);
-        return Reading::complete;
+        return ReadStatus::complete;
     });
 }
 
-Reading DataReader::readDayDiagram(const StationConfig& station, const ReadRequest& request,
-                                   const DiagramSettings& settings, DiagramState& diagram,
-                                   const ReadingStep& step) {
+ReadStatus DataReader::readDayDiagram(const StationConfig& station, const ReadRequest& request,
+                                      const DiagramSettings& settings, DiagramState& diagram,
+                                      const ReadingStep& step) {
     diagram.SetArray(0);
     setTexts(station, request.channel, settings, diagram);
     return trapped([&] {
         const auto intervals = readDayIntervals(station, request, open_, step);
         if (!intervals) {
-            return Reading::givenUp;
+            return ReadStatus::givenUp;
         }
         const std::size_t columns = fillPasses(*intervals, request, station.WideRecords);
         diagram.SetArray(static_cast<std::int32_t>(columns));
         diagram.setColumnInterval(days(request.interval));
-        return Reading::complete;
+        return ReadStatus::complete;
     });
 }
 
@@ -215,7 +215,7 @@ std::optional<DayRows> DataReader::readDayList(const StationConfig& station, con
     std::optional<DayRows> rows = DayRows{};
     trapped([&] {
         rows = readDayRows(station, range, open_, step);
-        return Reading::complete;
+        return ReadStatus::complete;
     });
     return rows;
 }

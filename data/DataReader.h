@@ -38,29 +38,30 @@ class DataReader {
         : open_(std::move(open)) {}
 
     /// List reader: every interval, valid or not, in time order, handed out many at a time.
-    Reading readList(const StationConfig& station, const ReadRequest& request,
-                     const std::function<void(std::span<const IntervalValue>)>& showValues,
-                     const ReadingStep& step);
+    ReadStatus readList(const StationConfig& station, const ReadRequest& request,
+                        const std::function<void(std::span<const IntervalValue>)>& showValues,
+                        const ReadingStep& step);
 
     /// The series of a diagram, by the reader below that the station's form asks for.
-    Reading readSeries(const StationConfig& station, const ReadRequest& request,
-                       const DiagramSettings& settings, DiagramState& diagram, const ReadingStep& step);
+    ReadStatus readSeries(const StationConfig& station, const ReadRequest& request,
+                          const DiagramSettings& settings, DiagramState& diagram, const ReadingStep& step);
 
     /// Diagram reader: fills the shared table from the channel's file, tells the control the count and sets
     /// its headlines, unit and, when asked for, auxiliary lines. A missing file gives a count of 0.
-    Reading readDiagram(const StationConfig& station, const ReadRequest& request,
-                        const DiagramSettings& settings, DiagramState& diagram, const ReadingStep& step);
+    ReadStatus readDiagram(const StationConfig& station, const ReadRequest& request,
+                           const DiagramSettings& settings, DiagramState& diagram, const ReadingStep& step);
 
     /// The same from the day files of the binary form: one pass, or means, minima and maxima as three
     /// passes for wide records.
-    Reading readDayDiagram(const StationConfig& station, const ReadRequest& request,
-                           const DiagramSettings& settings, DiagramState& diagram, const ReadingStep& step);
+    ReadStatus readDayDiagram(const StationConfig& station, const ReadRequest& request,
+                              const DiagramSettings& settings, DiagramState& diagram,
+                              const ReadingStep& step);
 
     /// Polar reader: empties the control and adds a sample for each interval with a wind direction: the
     /// direction in degrees and the mean speed of the paired channel. Sets the headlines as the diagram
     /// reader does.
-    Reading readPolar(const StationConfig& station, const ReadRequest& request,
-                      const DiagramSettings& settings, DiagramState& diagram, const ReadingStep& step);
+    ReadStatus readPolar(const StationConfig& station, const ReadRequest& request,
+                         const DiagramSettings& settings, DiagramState& diagram, const ReadingStep& step);
 
     /// The rows of the day files for the data list; nothing when given up.
     std::optional<DayRows> readDayList(const StationConfig& station, const TimeRange& range,
@@ -69,7 +70,8 @@ class DataReader {
   private:
     /// Averages the blocks piece by piece and hands them to `consume(first, values)`.
     template<typename Consume>
-    Reading averagePieces(BlockReader& blocks, std::int32_t mode, const ReadingStep& step, Consume consume);
+    ReadStatus averagePieces(BlockReader& blocks, std::int32_t mode, const ReadingStep& step,
+                             Consume consume);
 
     /// The average of each block, in memory that is kept.
     std::span<const double> averagesOf(const BlockRun& run, std::int32_t mode, std::vector<double>& memory);

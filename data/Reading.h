@@ -39,7 +39,7 @@ inline bool runStep(const ReadingStep& step) {
 }
 
 /// How a reading ended.
-enum class Reading {
+enum class ReadStatus {
     complete, // to its end or to an error, which ends it as the file's end does; nothing is thrown
     givenUp,  // a step said so; what was handed out so far is to be dropped
 };

@@ -71,25 +71,25 @@ class RunAverages {
     WindMeans winds_;
 };
 
-Reading readChannel(const StationConfig& station, const ReadRequest& request, const FileOpener& open,
-                    const Consume& consume, const ReadingStep& step) {
+ReadStatus readChannel(const StationConfig& station, const ReadRequest& request, const FileOpener& open,
+                       const Consume& consume, const ReadingStep& step) {
     ReadBuffers buffers;
     BlockReader blocks(station, request, open, buffers);
     RunAverages averages(station.ChannelTable.at(request.channel).Mode);
     for (BlockRun run = blocks.next(); !run.empty(); run = blocks.next()) {
         if (step && !step()) {
-            return Reading::givenUp;
+            return ReadStatus::givenUp;
         }
         averages.passOn(run, consume);
     }
-    return Reading::complete;
+    return ReadStatus::complete;
 }
 
-Reading readDays(const StationConfig& station, const ReadRequest& request, const FileOpener& open,
-                 const Consume& consume, const ReadingStep& step) {
+ReadStatus readDays(const StationConfig& station, const ReadRequest& request, const FileOpener& open,
+                    const Consume& consume, const ReadingStep& step) {
     const auto intervals = readDayIntervals(station, request, open, step);
     if (!intervals) {
-        return Reading::givenUp;
+        return ReadStatus::givenUp;
     }
     for (const DayInterval& interval : *intervals) {
         IntervalReading row;
@@ -100,7 +100,7 @@ Reading readDays(const StationConfig& station, const ReadRequest& request, const
         row.present = static_cast<std::int32_t>(std::min<std::int64_t>(interval.present, request.interval));
         consume(std::span(&row, 1));
     }
-    return Reading::complete;
+    return ReadStatus::complete;
 }
 
 } // namespace
@@ -115,16 +115,16 @@ EvaluatedKind evaluatedKind(const StationConfig& station, std::int32_t channel) 
                                          : EvaluatedKind::value;
 }
 
-Reading readIntervals(const StationConfig& station, const ReadRequest& request, const FileOpener& open,
-                      const Consume& consume, const ReadingStep& step) {
+ReadStatus readIntervals(const StationConfig& station, const ReadRequest& request, const FileOpener& open,
+                         const Consume& consume, const ReadingStep& step) {
     if (!(request.range.to > request.range.from)) {
-        return Reading::complete;
+        return ReadStatus::complete;
     }
     try {
         return station.Kind == ConfigKind::binary ? readDays(station, request, open, consume, step)
                                                   : readChannel(station, request, open, consume, step);
     } catch (const std::exception&) {
-        return Reading::complete; // an error ends a reading as the file's end does
+        return ReadStatus::complete; // an error ends a reading as the file's end does
     }
 }
 

@@ -24,8 +24,8 @@ EvaluatedKind evaluatedKind(const StationConfig& station, std::int32_t channel);
 /// the mean. In day files each record with a value is a minute.
 ///
 /// Between pieces `step` is called; false gives the reading up.
-Reading readIntervals(const StationConfig& station, const ReadRequest& request, const FileOpener& open,
-                      const std::function<void(std::span<const IntervalReading>)>& consume,
-                      const ReadingStep& step);
+ReadStatus readIntervals(const StationConfig& station, const ReadRequest& request, const FileOpener& open,
+                         const std::function<void(std::span<const IntervalReading>)>& consume,
+                         const ReadingStep& step);
 
 } // namespace kelvrum

@@ -43,11 +43,11 @@ BatchFixture::BatchFixture()
 
 BatchFixture::~BatchFixture() = default;
 
-Reading BatchFixture::read(const ReadRequest& request, const DiagramSettings& settings) {
+ReadStatus BatchFixture::read(const ReadRequest& request, const DiagramSettings& settings) {
     events << QStringLiteral("read %1").arg(request.channel);
-    const Reading reading = onRead ? onRead(request, settings) : Reading::complete;
+    const ReadStatus status = onRead ? onRead(request, settings) : ReadStatus::complete;
     reader_.readDiagram(station, request, settings, diagram, {});
-    return reading;
+    return status;
 }
 
 void BatchFixture::open() {

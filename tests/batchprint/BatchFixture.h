@@ -68,7 +68,7 @@ class BatchFixture {
     PrintJob job;
     NotedDialogs dialogs;
     QStringList events; // "read 6" and "load", in order
-    std::function<Reading(const ReadRequest&, const DiagramSettings&)> onRead; // says how a reading ends
+    std::function<ReadStatus(const ReadRequest&, const DiagramSettings&)> onRead; // says how a reading ends
     std::function<void()> onLoad;
     std::unique_ptr<fCPrint> window;
 
@@ -77,7 +77,7 @@ class BatchFixture {
     static QString nameOf(const char* control, int row) {
         return QStringLiteral("%1(%2)").arg(QString::fromUtf8(control)).arg(row);
     }
-    Reading read(const ReadRequest& request, const DiagramSettings& settings);
+    ReadStatus read(const ReadRequest& request, const DiagramSettings& settings);
     DataReader reader_;
 };
 

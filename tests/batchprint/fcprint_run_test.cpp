@@ -126,7 +126,7 @@ class fcprint_run_test : public QObject {
                 QCOMPARE(asked.range.from, fixture.range.from);
                 QCOMPARE(asked.range.to, fixture.range.to);
             }();
-            return Reading::complete;
+            return ReadStatus::complete;
         };
         fixture.click(QStringLiteral("OKButton"));
         const QString axis = QStringLiteral(", x %1 to %2")
@@ -161,7 +161,7 @@ class fcprint_run_test : public QObject {
             fixture.window->close();
             fixture.window->printRows();
             seen << (isHourglass() ? QStringLiteral("hourglass") : QStringLiteral("arrow"));
-            return Reading::complete;
+            return ReadStatus::complete;
         };
         fixture.onLoad = [&] {
             seen << viewOf(fixture.diagram)
@@ -234,7 +234,7 @@ class fcprint_run_test : public QObject {
         fixture.onRead = [&](const ReadRequest&, const DiagramSettings&) {
             value = bar.value();
             maximum = bar.maximum();
-            return Reading::complete;
+            return ReadStatus::complete;
         };
         fixture.click(QStringLiteral("OKButton"));
         QCOMPARE(value, 9 * 3 + 1);
@@ -346,14 +346,14 @@ class fcprint_run_test : public QObject {
         setView(fixture.diagram);
         fixture.click("chKanal", 0);
         fixture.click("chKanal", 1);
-        fixture.onRead = [way](const ReadRequest&, const DiagramSettings&) -> Reading {
+        fixture.onRead = [way](const ReadRequest&, const DiagramSettings&) -> ReadStatus {
             if (way == 1) {
                 throw std::runtime_error("Plattenfehler");
             }
             if (way == 2) {
                 throw 7;
             }
-            return Reading::givenUp;
+            return ReadStatus::givenUp;
         };
         fixture.click(QStringLiteral("OKButton"));
         QCOMPARE(fixture.events, QStringList({QStringLiteral("read 1"), QStringLiteral("load")}));

@@ -95,7 +95,7 @@ class ChangingFiles : public ::testing::Test {
                           }
                       },
                       step),
-                  Reading::complete);
+                  ReadStatus::complete);
         return values;
     }
 
@@ -153,7 +153,7 @@ TEST_F(ChangingFiles, ADiagramKeepsItsRules) {
                                          }
                                          return true;
                                      }),
-                  Reading::complete);
+                  ReadStatus::complete);
         const auto count = static_cast<std::size_t>(diagram.DataCount());
         EXPECT_EQ(seriesTable().columns(), std::max<std::size_t>(count, 1));
         std::vector<double> values(seriesTable().row(SeriesTable::Y1).begin(),
@@ -246,7 +246,7 @@ TEST(ChangingFile, WhatIsAskedForDiffersEachTime) {
                                       }
                                   },
                                   {}),
-                  Reading::complete);
+                  ReadStatus::complete);
         const std::uint64_t known = std::min(c.size, c.bytes);
         EXPECT_EQ(expectOwnValues(values), known > 1024 ? (known - 1024) / 8 : 0) << c.what;
         EXPECT_LE(values.size(), 20U) << c.what;
@@ -284,7 +284,7 @@ TEST(ChangingDayFiles, DaysThatGoAreSkipped) {
         DiagramState diagram;
         const DateTime day = dateSerial(2020, 6, 18);
         EXPECT_EQ(reader.readDayDiagram(station, {1, "", {day, day + 3}, 1440}, {}, diagram, {}),
-                  Reading::complete);
+                  ReadStatus::complete);
         ASSERT_EQ(diagram.DataCount(), 3); // the first day, a gap, the third day
         EXPECT_EQ(seriesTable().row(SeriesTable::Y1)[0], 10);
         EXPECT_EQ(seriesTable().row(SeriesTable::Y1)[1], INVALID_VALUE);

@@ -52,7 +52,7 @@ std::vector<IntervalValue> listOf(FakeFiles& files, const ReadRequest& request) 
                       rows.insert(rows.end(), values.begin(), values.end());
                   },
                   GO_ON),
-              Reading::complete);
+              ReadStatus::complete);
     return rows;
 }
 
@@ -119,7 +119,7 @@ TEST(DiagramReader, FillsTheTableWithTheGapRules) {
     DataReader reader(files.opener());
     DiagramState diagram;
     ASSERT_EQ(reader.readDiagram(testStation(), minutesOf(4, 0, 10, 1), {"1 Minute", {}}, diagram, GO_ON),
-              Reading::complete);
+              ReadStatus::complete);
     const int minutes[] = {1, 2, 3, 8, 9};
     const double values[] = {9, 8, INVALID_VALUE, 6, 1};
     ASSERT_EQ(diagram.DataCount(), 5);
@@ -173,7 +173,7 @@ TEST(DiagramReader, AMissingFileLeavesNoOldCurveButHeadlines) {
         reader.readDiagram(testStation(), minutesOf(4, 0, 10, 1), {"1 Minute", {}}, diagram, GO_ON);
         ASSERT_EQ(diagram.DataCount(), 10);
         const DiagramSettings settings = {"1 Stunde", AuxiliaryLines{3, 4}};
-        EXPECT_EQ(reader.readDiagram(testStation(), empty, settings, diagram, GO_ON), Reading::complete);
+        EXPECT_EQ(reader.readDiagram(testStation(), empty, settings, diagram, GO_ON), ReadStatus::complete);
         EXPECT_EQ(diagram.DataCount(), 0);
         EXPECT_EQ(seriesTable().columns(), 1U);
         EXPECT_EQ(diagram.HeadLine(), "Deponie Süd - Niederschlag []");
@@ -216,7 +216,7 @@ TEST(DiagramReader, AFileThatFailsInTheMiddleGivesWhatCame) {
     DataReader reader(files.opener());
     DiagramState diagram;
     EXPECT_EQ(reader.readDiagram(testStation(), minutesOf(4, 0, 200, 1), {}, diagram, GO_ON),
-              Reading::complete);
+              ReadStatus::complete);
     // A gap column may stand behind the last value.
     ASSERT_GE(diagram.DataCount(), 100);
     ASSERT_LE(diagram.DataCount(), 101);
@@ -234,7 +234,7 @@ TEST(DiagramReader, AnErrorWhileReadingIsTrapped) {
     DataReader reader(files.opener());
     DiagramState diagram;
     EXPECT_EQ(reader.readDiagram(testStation(), minutesOf(4, 0, 0, 1), {}, diagram, GO_ON),
-              Reading::complete);
+              ReadStatus::complete);
     // The pieces before stay.
     ASSERT_GT(diagram.DataCount(), 0);
     ASSERT_LE(diagram.DataCount(), 400000);

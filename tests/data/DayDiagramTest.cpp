@@ -80,7 +80,7 @@ TEST(DayDiagram, NarrowIsOnePassWithGaps) {
         SCOPED_TRACE(row.what);
         EXPECT_EQ(reader.readDayDiagram(testStation(folder, false), minutesOf(row.from, row.to, 10),
                                         {"10 Minuten", {}}, diagram, GO_ON),
-                  Reading::complete);
+                  ReadStatus::complete);
         expectSeries(diagram, row.columns);
         EXPECT_EQ(diagram.columnInterval(), 10 / 1440.0);
     }
@@ -94,7 +94,7 @@ TEST(DayDiagram, WideIsThreePassesOneAfterTheOther) {
     DiagramState diagram;
     EXPECT_EQ(reader.readDayDiagram(testStation(folder, true), minutesOf(0, 40, 10), {"10 Minuten", {}},
                                     diagram, GO_ON),
-              Reading::complete);
+              ReadStatus::complete);
     expectSeries(diagram, {{0, 5},
                            {10, 5},
                            {20, INVALID_VALUE},
@@ -128,7 +128,7 @@ TEST(DayDiagram, HeadlinesUnitLinesAndNoFile) {
     diagram.SetArray(1);
     EXPECT_EQ(reader.readDayDiagram(testStation(folder, false), minutesOf(0, 30, 10), {"1 Tag", {}}, diagram,
                                     GO_ON),
-              Reading::complete);
+              ReadStatus::complete);
     expectSeries(diagram, {});
     EXPECT_EQ(diagram.HeadLine(), "Halde - Staub []");
     EXPECT_EQ(diagram.HeadLine2(), " - 1 Tag Mittelwert");
@@ -161,7 +161,7 @@ TEST_F(NestedDayDiagram, GivingUpLeavesNoCount) {
     reader.readDayDiagram(station, days(0, 2), {}, diagram, GO_ON);
     ASSERT_EQ(diagram.DataCount(), 2);
     EXPECT_EQ(reader.readDayDiagram(station, days(0, 5), {}, diagram, [] { return false; }),
-              Reading::givenUp);
+              ReadStatus::givenUp);
     EXPECT_EQ(diagram.DataCount(), 0);
 }
 
@@ -173,11 +173,11 @@ TEST_F(NestedDayDiagram, TheInnerOneWins) {
                 return true;
             }
             EXPECT_EQ(reader.readDayDiagram(station, days(3, 5), {"innen", {}}, diagram, GO_ON),
-                      Reading::complete);
+                      ReadStatus::complete);
             return false;
         };
         EXPECT_EQ(reader.readDayDiagram(station, days(0, 6), {"aussen", {}}, diagram, nest),
-                  Reading::givenUp);
+                  ReadStatus::givenUp);
         expectSeries(diagram, {{3 * 1440, 21}, {4 * 1440, 22}});
         EXPECT_EQ(diagram.HeadLine2(), " - innen Mittelwert");
     }

@@ -48,7 +48,7 @@ TEST_F(ReadingSteps, ALongReadingTakesSteps) {
         ++steps;
         return true;
     };
-    EXPECT_EQ(reader.readDiagram(station, year(1, 1), {}, diagram, count), Reading::complete);
+    EXPECT_EQ(reader.readDiagram(station, year(1, 1), {}, diagram, count), ReadStatus::complete);
     EXPECT_GT(steps, 1);
     EXPECT_EQ(diagram.DataCount(), static_cast<int>(YEAR));
     EXPECT_EQ(seriesTable().row(SeriesTable::Y1)[YEAR - 1], static_cast<double>(YEAR));
@@ -63,7 +63,7 @@ TEST_F(ReadingSteps, GivingUpTheDiagramLeavesNoCount) {
         EXPECT_EQ(diagram.DataCount(), 0) << "a drawing meanwhile would show half a curve";
         return ++steps < 3;
     };
-    EXPECT_EQ(reader.readDiagram(station, year(2, 1), {}, diagram, third), Reading::givenUp);
+    EXPECT_EQ(reader.readDiagram(station, year(2, 1), {}, diagram, third), ReadStatus::givenUp);
     EXPECT_EQ(steps, 3);
     EXPECT_EQ(diagram.DataCount(), 0);
 }
@@ -79,7 +79,7 @@ TEST_F(ReadingSteps, GivingUpTheListHandsOutNoMore) {
     EXPECT_EQ(reader.readList(
                   station, year(1, 1), [&](std::span<const IntervalValue> values) { rows += values.size(); },
                   second),
-              Reading::givenUp);
+              ReadStatus::givenUp);
     EXPECT_EQ(steps, 2);
     EXPECT_EQ(rows, rowsWhenGivenUp);
     EXPECT_LT(rows, YEAR);
@@ -96,12 +96,12 @@ TEST_F(ReadingSteps, ADiagramWithinADiagramWins) {
                 EXPECT_EQ(steps, when) << "a step after the reading was given up";
                 EXPECT_EQ(reader.readDiagram(station, year(2, interval), {"innen", AuxiliaryLines{2, 3}},
                                              diagram, GO_ON),
-                          Reading::complete);
+                          ReadStatus::complete);
                 return false;
             };
             ASSERT_EQ(
                 reader.readDiagram(station, year(1, 1), {"aussen", AuxiliaryLines{8, 9}}, diagram, nest),
-                Reading::givenUp);
+                ReadStatus::givenUp);
             const std::size_t count = YEAR / static_cast<std::size_t>(interval);
             ASSERT_EQ(diagram.DataCount(), static_cast<int>(count));
             ASSERT_EQ(seriesTable().columns(), count);
@@ -133,13 +133,13 @@ TEST_F(ReadingSteps, AListWithinAListWins) {
                           }
                       },
                       GO_ON),
-                  Reading::complete);
+                  ReadStatus::complete);
         return false;
     };
     EXPECT_EQ(reader.readList(
                   station, year(1, 1), [&](std::span<const IntervalValue> values) { outer += values.size(); },
                   nest),
-              Reading::givenUp);
+              ReadStatus::givenUp);
     EXPECT_EQ(outer, outerWhenNested);
     EXPECT_TRUE(inner == countedMinutes(YEAR, 1e6));
 }

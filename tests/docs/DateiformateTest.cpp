@@ -93,7 +93,7 @@ TEST_F(Dateiformate, MinutesOfAChannel) {
                 }
             }
         };
-        EXPECT_EQ(reader.readList(station(table.words[2]), request, show, GO_ON), Reading::complete);
+        EXPECT_EQ(reader.readList(station(table.words[2]), request, show, GO_ON), ReadStatus::complete);
         EXPECT_EQ(rows, table.rows);
     }
 }

@@ -54,7 +54,7 @@ std::vector<IntervalReading> readingOf(const StationConfig& station, const ReadR
                                 all.insert(all.end(), some.begin(), some.end());
                             },
                             {}),
-              Reading::complete);
+              ReadStatus::complete);
     return all;
 }
 
@@ -166,7 +166,7 @@ TEST(EvaluationReading, AStepGivesItUp) {
     const auto count = [&seen](std::span<const IntervalReading> some) { seen += some.size(); };
     EXPECT_EQ(readIntervals(testStation(), minutesOf(SPEED, 0, 100'000, 1), files.opener(), count,
                             [&steps] { return ++steps < 3; }),
-              Reading::givenUp);
+              ReadStatus::givenUp);
     EXPECT_EQ(steps, 3);
     EXPECT_GT(seen, 0U);
     EXPECT_LT(seen, 100'000U);
@@ -246,7 +246,7 @@ TEST(EvaluationReading, DayFilesGivenUp) {
     EXPECT_EQ(readIntervals(
                   dayStation(folder, false), minutesOf(7, 0, 1440, 1), openFile,
                   [](std::span<const IntervalReading>) { FAIL(); }, [] { return false; }),
-              Reading::givenUp);
+              ReadStatus::givenUp);
 }
 
 } // namespace

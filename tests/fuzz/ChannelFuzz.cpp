@@ -204,7 +204,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto keep = [&rows](std::span<const IntervalValue> more) {
         rows.insert(rows.end(), more.begin(), more.end());
     };
-    require(reader.readList(c.station, c.request, keep, {}) == Reading::complete, "a reading ends");
+    require(reader.readList(c.station, c.request, keep, {}) == ReadStatus::complete, "a reading ends");
     require(std::ssize(rows) == c.blocks(), "every block that begins in the range has a row");
     for (std::size_t i = 0; i < rows.size(); ++i) {
         checkRow(c, rows[i], static_cast<std::int64_t>(i));

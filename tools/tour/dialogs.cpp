@@ -62,7 +62,7 @@ void batchPrint(const SampleFolder& station, const QString& pictures) {
     const Stage stage(station);
     PrintJob job;
     Dialogs dialogs;
-    const auto read = [](const ReadRequest&, const DiagramSettings&) { return Reading::complete; };
+    const auto read = [](const ReadRequest&, const DiagramSettings&) { return ReadStatus::complete; };
     fCPrint dialog({stage.window().range(), stage.window().station(), localeTexts(QLocale()),
                     stage.the<PolarSys>("KS"), job, read, [] {}, dialogs},
                    &stage.window());
