@@ -37,7 +37,7 @@ void setTexts(const StationConfig& station, std::int32_t channel, const DiagramS
 
 /// An error ends a reading without a message, as a missing file does; what was handed out before it stays.
 template<typename Read>
-ReadStatus trapped(Read read) {
+ReadStatus endQuietlyOnError(Read read) {
     try {
         return read();
     } catch (const std::exception&) {
@@ -95,7 +95,7 @@ std::span<const double> DataReader::averagesOf(const BlockRun& run, std::int32_t
 template<typename Consume>
 ReadStatus DataReader::averagePieces(BlockReader& blocks, std::int32_t mode, const ReadingStep& step,
                                      Consume consume) {
-    return trapped([&] {
+    return endQuietlyOnError([&] {
         for (BlockRun run = blocks.next(); !run.empty(); run = blocks.next()) {
             if (!runStep(step)) {
                 return ReadStatus::givenUp; // before anything of this reading is handed out over a newer one
@@ -109,7 +109,7 @@ ReadStatus DataReader::averagePieces(BlockReader& blocks, std::int32_t mode, con
 ReadStatus DataReader::readList(const StationConfig& station, const ReadRequest& request,
                                 const std::function<void(std::span<const IntervalValue>)>& showValues,
                                 const ReadingStep& step) {
-    return trapped([&] {
+    return endQuietlyOnError([&] {
         BlockReader blocks(station, request, open_, buffers_);
         const std::int32_t mode = station.ChannelTable.at(request.channel).Mode;
         constexpr std::size_t MANY = 512;
@@ -142,7 +142,7 @@ ReadStatus DataReader::readDiagram(const StationConfig& station, const ReadReque
                                    const ReadingStep& step) {
     diagram.SetArray(0); // a drawing while the table is being filled shows no half curve
     setTexts(station, request.channel, settings, diagram);
-    return trapped([&] {
+    return endQuietlyOnError([&] {
         BlockReader blocks(station, request, open_, buffers_);
         SeriesFill fill(seriesTable(),
                         static_cast<std::size_t>(std::min(blocks.blocks(), MINUTES_OF_A_YEAR)));
@@ -164,7 +164,7 @@ ReadStatus DataReader::readPolar(const StationConfig& station, const ReadRequest
                                  const ReadingStep& step) {
     diagram.Clear();
     setTexts(station, request.channel, settings, diagram);
-    return trapped([&] {
+    return endQuietlyOnError([&] {
         std::vector<std::pair<double, double>> samples; // speed, direction
         BlockReader blocks(station, request, open_, buffers_);
         std::vector<double> speeds;
@@ -198,7 +198,7 @@ ReadStatus DataReader::readDayDiagram(const StationConfig& station, const ReadRe
                                       const ReadingStep& step) {
     diagram.SetArray(0);
     setTexts(station, request.channel, settings, diagram);
-    return trapped([&] {
+    return endQuietlyOnError([&] {
         const auto intervals = readDayIntervals(station, request, open_, step);
         if (!intervals) {
             return ReadStatus::givenUp;
@@ -213,7 +213,7 @@ ReadStatus DataReader::readDayDiagram(const StationConfig& station, const ReadRe
 std::optional<DayRows> DataReader::readDayList(const StationConfig& station, const TimeRange& range,
                                                const ReadingStep& step) {
     std::optional<DayRows> rows = DayRows{};
-    trapped([&] {
+    endQuietlyOnError([&] {
         rows = readDayRows(station, range, open_, step);
         return ReadStatus::complete;
     });
