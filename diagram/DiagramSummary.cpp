@@ -24,7 +24,7 @@ std::string counted(std::int64_t count) {
 
 /// Columns before a second pass over the range begins.
 std::size_t firstPass(std::span<const DateTime> times, DateTime xLow) {
-    if (ascend(times)) {
+    if (isAscending(times)) {
         return times.size();
     }
     PassDetector passes(xLow);

@@ -47,7 +47,7 @@ class Drawing {
         , range_{state.XLow(), state.XHigh()}
         , plot_(layout, size_, scale_, range_)
         , series_(seriesInUse(state.DataCount()))
-        , ascending_(ascend(series_.times)) {}
+        , ascending_(isAscending(series_.times)) {}
 
     LineDrawing run() {
         scanRanges();

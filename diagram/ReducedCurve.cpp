@@ -194,7 +194,7 @@ void mergeBars(const PlottedSeries& series, double interval, ReducedBars& bars) 
 
 } // namespace
 
-bool ascend(std::span<const DateTime> times) {
+bool isAscending(std::span<const DateTime> times) {
     constexpr std::size_t PIECE = 1024; // checked without a way out between, which keeps the loop short
     for (std::size_t i = 1; i < times.size();) {
         const std::size_t end = std::min(i + PIECE, times.size());

@@ -25,7 +25,7 @@ struct PlottedSeries {
 };
 
 /// Whether no time lies before the one in front of it.
-bool ascend(std::span<const DateTime> times);
+bool isAscending(std::span<const DateTime> times);
 
 /// Draws the curve of a series, clipped to the plot; with `directions` joined the short way round the circle.
 /// `colours` has the pen of each pass. Returns the number of passes found.

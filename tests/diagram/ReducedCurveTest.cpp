@@ -31,7 +31,8 @@ TEST(ReducedCurve, HandsOverNoMoreThanTheDotsCanShow) {
     }
     const PlotArea plot = dayPlot();
     EXPECT_EQ(
-        drawCurve(surface, {times, values, plot, plot.scaleOf({0, 100}), ascend(times)}, false, colours), 1);
+        drawCurve(surface, {times, values, plot, plot.scaleOf({0, 100}), isAscending(times)}, false, colours),
+        1);
     EXPECT_GT(surface.drawnLines().size(), 240U);
     EXPECT_LE(surface.drawnLines().size(), 4U * 310U);
     for (const auto& line : surface.drawnLines()) {
@@ -46,9 +47,9 @@ TEST(ReducedBars, ThoseThatBeginOnOneDotKeepTheirOwnEnds) {
     const std::vector<double> values = {50, 80};
     const PlotArea plot = dayPlot();
     const double interval = 0.0055; // 1.3 dots
-    EXPECT_EQ(
-        drawBars(surface, {times, values, plot, plot.scaleOf({0, 100}), ascend(times)}, interval, colours),
-        1);
+    EXPECT_EQ(drawBars(surface, {times, values, plot, plot.scaleOf({0, 100}), isAscending(times)}, interval,
+                       colours),
+              1);
     EXPECT_THAT(surface.boxesOf(GREEN), ElementsAre(Box{40, 70, 42, 150}));
 }
 
@@ -71,15 +72,15 @@ TEST(ReducedCurve, LoneValuesOfAColumnShareTheirBoxes) {
 
 TEST(Ascend, HoldsForEqualTimesAndNotForNoTime) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_TRUE(ascend({}));
-    EXPECT_TRUE(ascend(std::vector<double>{3}));
-    EXPECT_TRUE(ascend(std::vector<double>{3, 3, 4}));
-    EXPECT_FALSE(ascend(std::vector<double>{3, 4, 3.999}));
-    EXPECT_FALSE(ascend(std::vector<double>{3, nan, 4}));
+    EXPECT_TRUE(isAscending({}));
+    EXPECT_TRUE(isAscending(std::vector<double>{3}));
+    EXPECT_TRUE(isAscending(std::vector<double>{3, 3, 4}));
+    EXPECT_FALSE(isAscending(std::vector<double>{3, 4, 3.999}));
+    EXPECT_FALSE(isAscending(std::vector<double>{3, nan, 4}));
     std::vector<double> pieces(3000, 1);
-    EXPECT_TRUE(ascend(pieces));
+    EXPECT_TRUE(isAscending(pieces));
     pieces[1025] = 0;
-    EXPECT_FALSE(ascend(pieces));
+    EXPECT_FALSE(isAscending(pieces));
 }
 
 TEST(ReducedCurve, EachPassHasItsPen) {

@@ -174,7 +174,7 @@ Pictures paintBoth(const Trial& trial, int kind, double scale) {
     const ValueScale heights = plot.scaleOf(trial.heights);
     const bool directions = kind == KIND_DIRECTION;
     const int loneDot = static_cast<int>(std::ceil(DiagramLayout().loneDot * scale));
-    const PlottedSeries series{times, values, plot, heights, ascend(times), true, loneDot};
+    const PlottedSeries series{times, values, plot, heights, isAscending(times), true, loneDot};
     const double interval = sampleInterval(times);
     Pictures pictures;
     pictures.literal = paint(size, scale, plot, [&](Surface& surface) {
