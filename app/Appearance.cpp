@@ -19,7 +19,7 @@ QIcon programIcon() {
     return icon;
 }
 
-void introduce(QGuiApplication& application) {
+void setUpApplication(QGuiApplication& application) {
     QCoreApplication::setApplicationName(QStringLiteral("kelvrum"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KELVRUM_VERSION));
     // The name of the desktop entry: the desktop finds the window's entry and icon by it.

@@ -9,7 +9,7 @@
 
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
-    kelvrum::introduce(application);
+    kelvrum::setUpApplication(application);
 
     kelvrum::Environment environment;
     environment.today = QDate::currentDate;

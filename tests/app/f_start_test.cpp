@@ -262,7 +262,7 @@ class f_start_test : public QObject {
     }
 
     void namedToTheDesktop() {
-        introduce(*qGuiApp);
+        setUpApplication(*qGuiApp);
         QCOMPARE(QCoreApplication::applicationName(), QStringLiteral("kelvrum"));
         QCOMPARE(QCoreApplication::applicationVersion(), QStringLiteral(KELVRUM_VERSION));
         QCOMPARE(QGuiApplication::desktopFileName(), QStringLiteral("org.kelvrum.Kelvrum"));
