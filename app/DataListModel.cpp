@@ -43,7 +43,7 @@ void DataListModel::append(std::span<const IntervalValue> rows) {
     rows_.insert(rows_.end(), rows.begin(), rows.end());
 }
 
-void DataListModel::giveBack() {
+void DataListModel::releaseMemory() {
     if (rows_.empty()) {
         rows_.shrink_to_fit();
     }

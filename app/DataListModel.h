@@ -26,7 +26,7 @@ class DataListModel : public QAbstractTableModel {
     void clear();
 
     /// Gives back the memory of the rows that were removed.
-    void giveBack();
+    void releaseMemory();
 
     /// Makes room for so many rows of time and value at once.
     void expect(std::size_t rows) { rows_.reserve(rows); }

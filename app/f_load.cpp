@@ -88,7 +88,7 @@ bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
                FillListVarn(request.range, step);
     }
     if (optView->diagramSelected()) {
-        rows.giveBack();
+        rows.releaseMemory();
     }
     if (optView->diagramSelected() && KS.DiagTyp() == KIND_POLAR) {
         return reader_.readPolar(station_, request, diagramSettings(), KS, step) == ReadStatus::complete;
