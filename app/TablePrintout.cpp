@@ -166,10 +166,10 @@ std::string fitCell(std::string_view text, std::string_view entry, const TextWid
     if (!(blank > 0) || !(column > printed)) {
         return cell;
     }
-    constexpr double MOST_BLANKS = 10'000;
+    constexpr double MAX_BLANKS = 10'000;
     constexpr double ROUNDING = 1e-9;
     const auto blanks =
-        static_cast<std::size_t>(std::min(std::ceil((column - printed) / blank - ROUNDING), MOST_BLANKS));
+        static_cast<std::size_t>(std::min(std::ceil((column - printed) / blank - ROUNDING), MAX_BLANKS));
     const std::size_t before = mark == '>' ? blanks : (blanks + 1) / 2;
     return std::string(before, ' ') + cell + std::string(blanks - before, ' ');
 }

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int MARGIN = 12;
 constexpr int WIDTH = 340;
-constexpr int MOST_WIDTH = 640; // for long names
+constexpr int MAX_WIDTH = 640; // for long names
 constexpr int HEIGHT = 320;
 constexpr int BUTTON_HEIGHT = 30;
 
@@ -104,7 +104,7 @@ void Form1::fitWidth() {
         widest = std::max(widest, button->sizeHint().width());
     }
     const int around = 2 * MARGIN + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    resize(std::clamp(widest + around, WIDTH, MOST_WIDTH), height());
+    resize(std::clamp(widest + around, WIDTH, MAX_WIDTH), height());
 }
 
 void Form1::searchByHand() {

@@ -20,10 +20,10 @@ constexpr std::array<double, 38> VALUE_STEPS = {0.001, 0.005, 0.01, 0.025, 0.05,
 /// The labels of a range that no multiple of the step lies in: its ends, with two decimals, and more until
 /// they differ.
 std::vector<ValueTick> endTicks(double low, double high, const LocaleTexts& texts) {
-    constexpr int MOST_DECIMALS = 15; // a number has no more digits to show
+    constexpr int MAX_DECIMALS = 15; // a number has no more digits to show
     std::string format = "######0.00";
     std::vector<ValueTick> ticks = {{low, {}}, {high, {}}};
-    for (int decimals = 2; decimals <= MOST_DECIMALS && ticks[0].label == ticks[1].label; ++decimals) {
+    for (int decimals = 2; decimals <= MAX_DECIMALS && ticks[0].label == ticks[1].label; ++decimals) {
         for (ValueTick& tick : ticks) {
             tick.label = formatNumber(tick.value, format, texts);
         }

@@ -95,8 +95,8 @@ class f_access_test : public QObject {
         fixture.the<QWidget>("selChan").setFocus();
         QStringList walked = {QStringLiteral("selChan")};
         QPoint before = fixture.the<QWidget>("selChan").mapTo(client, QPoint());
-        constexpr int MOST_STEPS = 100; // pickers have sections
-        for (int i = 0; i < MOST_STEPS; ++i) {
+        constexpr int MAX_STEPS = 100; // pickers have sections
+        for (int i = 0; i < MAX_STEPS; ++i) {
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
             const QWidget* now = QApplication::focusWidget();
             QVERIFY(now != nullptr);

@@ -280,8 +280,8 @@ class fcprint_test : public QObject {
         fixture.click("chShowLines", 0);
         QStringList walked;
         fixture.the<QWidget>(QStringLiteral("DTPicker")).setFocus();
-        constexpr int MOST_STEPS = 200; // pickers have sections
-        for (int i = 0; i < MOST_STEPS; ++i) {
+        constexpr int MAX_STEPS = 200; // pickers have sections
+        for (int i = 0; i < MAX_STEPS; ++i) {
             const QString name = QApplication::focusWidget()->objectName();
             if (!walked.isEmpty() && name == walked.first() && walked.size() > 1) {
                 break;

@@ -14,7 +14,7 @@ namespace kelvrum::fuzzing {
 class ChannelInput {
   public:
     static constexpr std::size_t SIZE = 12;
-    static constexpr std::int16_t MOST_MINUTES = 600; // of start and length: runs are to be fast
+    static constexpr std::int16_t MAX_MINUTES = 600; // of start and length: runs are to be fast
 
     // clang-format off
     //  offset  size  content
@@ -33,8 +33,8 @@ class ChannelInput {
         interval_ = input.take<std::uint8_t>();
         flags_ = input.take<std::uint8_t>();
         failsBehind_ = input.take<std::uint8_t>();
-        start_ = input.take<std::int16_t>() % MOST_MINUTES;
-        length_ = input.take<std::int16_t>() % MOST_MINUTES;
+        start_ = input.take<std::int16_t>() % MAX_MINUTES;
+        length_ = input.take<std::int16_t>() % MAX_MINUTES;
         shift_ = input.take<std::int16_t>();
     }
 

@@ -19,8 +19,8 @@ void checkNumber(double v, std::string_view format) {
         require(text.empty(), "what is no number is not shown");
         return;
     }
-    constexpr std::size_t MOST_DIGITS = 320; // of a double
-    require(text.size() <= MOST_DIGITS + format.size(), "a number is as long as its digits and its format");
+    constexpr std::size_t MAX_DIGITS = 320; // of a double
+    require(text.size() <= MAX_DIGITS + format.size(), "a number is as long as its digits and its format");
     require(text.find_first_not_of("-.0123456789") == std::string::npos, "a number holds nothing else");
     require(!text.starts_with('-') || text.find_first_of("123456789") != std::string::npos,
             "-0 is never shown");

@@ -47,12 +47,12 @@ void checkCell(std::string_view text, std::string_view entry) {
     const auto [mark, column] = parseColumnEntry(entry);
     require(std::isfinite(column), "a column's width is finite");
     const std::string cell = fitCell(text, entry, widthOf);
-    constexpr double MOST_PADDED = 300;
+    constexpr double MAX_PADDED = 300;
     // The fitter takes a column that is a hair wider than whole blanks for as wide as these.
     constexpr double HAIR = 1e-6;
     const double apart = std::fabs(column - std::round(column * 2) / 2); // all widths are halves
     const bool aHairWider = apart > 0 && apart < HAIR;
-    if (column < MOST_PADDED && !aHairWider) {
+    if (column < MAX_PADDED && !aHairWider) {
         require(cell == fittedByRule(std::string(text), mark, column),
                 "a cell is cut and padded by the rule");
     }
@@ -94,8 +94,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     table.title = columns;
     table.header = input.line();
     const auto lines = split(input.rest(), '\n');
-    constexpr std::size_t MOST_ROWS = 10;
-    table.rows = std::min(lines.size(), MOST_ROWS);
+    constexpr std::size_t MAX_ROWS = 10;
+    table.rows = std::min(lines.size(), MAX_ROWS);
     table.rowText = [&lines](std::size_t row) { return std::string(lines[row]); };
     checkRow(table.header, columns, lastWidth);
     for (std::size_t row = 0; row < table.rows; ++row) {

@@ -76,7 +76,7 @@ std::vector<Number> smallerNumbers(Number v) {
 /// smaller.
 template<typename Element, typename Smaller>
 std::vector<std::vector<Element>> smallerLists(const std::vector<Element>& list, Smaller smaller) {
-    constexpr std::size_t MOST_ELEMENTS = 40; // whose elements are made smaller one by one
+    constexpr std::size_t MAX_ELEMENTS = 40; // whose elements are made smaller one by one
     std::vector<std::vector<Element>> candidates;
     for (std::size_t length = list.size(); length > 0; length /= 2) {
         for (std::size_t at = 0; at < list.size(); at += length) {
@@ -85,11 +85,11 @@ std::vector<std::vector<Element>> smallerLists(const std::vector<Element>& list,
             rest.erase(first, first + static_cast<std::ptrdiff_t>(std::min(length, list.size() - at)));
             candidates.push_back(std::move(rest));
         }
-        if (candidates.size() > 4 * MOST_ELEMENTS) {
+        if (candidates.size() > 4 * MAX_ELEMENTS) {
             break;
         }
     }
-    for (std::size_t i = 0; i < list.size() && list.size() <= MOST_ELEMENTS; ++i) {
+    for (std::size_t i = 0; i < list.size() && list.size() <= MAX_ELEMENTS; ++i) {
         for (const Element& element : smaller(list[i])) {
             candidates.push_back(list);
             candidates.back()[i] = element;
@@ -114,7 +114,7 @@ std::string findingOf(const Value& value, Check check) {
 /// again.
 template<typename Generate, typename Shrink, typename Check>
 std::string forAll(std::uint64_t seed, std::uint64_t count, Generate generate, Shrink shrink, Check check) {
-    constexpr int MOST_TRIES = 3000; // at making a value smaller
+    constexpr int MAX_TRIES = 3000; // at making a value smaller
     seed = propertySetting("KELVRUM_PROPERTY_SEED", seed);
     count = propertySetting("KELVRUM_PROPERTY_COUNT", count);
     for (std::uint64_t i = 0; i < count; ++i) {
@@ -126,10 +126,10 @@ std::string forAll(std::uint64_t seed, std::uint64_t count, Generate generate, S
         }
         int tries = 0;
         int steps = 0;
-        for (bool smaller = true; smaller && tries < MOST_TRIES;) {
+        for (bool smaller = true; smaller && tries < MAX_TRIES;) {
             smaller = false;
             for (auto& candidate : shrink(value)) {
-                if (++tries > MOST_TRIES) {
+                if (++tries > MAX_TRIES) {
                     break;
                 }
                 std::string found = findingOf(candidate, check);

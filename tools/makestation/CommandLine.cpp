@@ -15,7 +15,7 @@ namespace {
 constexpr std::string_view USAGE =
     "usage: makestation FOLDER [--form ini|narrow|wide] [--until yyyy-mm-dd[Thh:mm]] [--days N] [--seed N]\n";
 
-constexpr int MOST_DAYS = 36'525; // a century
+constexpr int MAX_DAYS = 36'525; // a century
 
 template<typename T>
 bool readWhole(std::string_view text, T least, T most, T& into) {
@@ -70,7 +70,7 @@ bool readOption(std::string_view name, const std::string& value, StationPlan& pl
         return readMoment(value, plan.until);
     }
     if (name == "--days") {
-        return readWhole(value, 1, MOST_DAYS, plan.days);
+        return readWhole(value, 1, MAX_DAYS, plan.days);
     }
     return name == "--seed" && readWhole<std::uint64_t>(value, 0, UINT64_MAX, plan.seed);
 }

@@ -127,9 +127,9 @@ QImage widened(const QImage& picture, int dots) {
 }
 
 QImage reduced(const QImage& picture) {
-    constexpr std::size_t MOST_COLOURS = 256;
+    constexpr std::size_t MAX_COLOURS = 256;
     const std::vector<QRgb> colours = coloursOf(picture);
-    const std::size_t kept = std::min(colours.size(), MOST_COLOURS);
+    const std::size_t kept = std::min(colours.size(), MAX_COLOURS);
     const QList<QRgb> table(colours.begin(), colours.begin() + static_cast<std::ptrdiff_t>(kept));
     QHash<QRgb, int> indices;
     for (const QRgb colour : colours) {
