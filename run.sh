@@ -8,18 +8,18 @@ cd -P "$(dirname "$0")"
 
 PROGRAM_FOLDER=build/release/app
 WINDOW_LIMIT=120 # seconds until there is a window
-PICTURE_LIMIT=60 # seconds until its picture stands still
+PICTURE_LIMIT=60 # seconds until its picture no longer changes
 
 has_display() { [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; }
 
-# A station of one's own beside the program stays; the sample is laid anew each day, so that today has values.
+# Keeps a station of the user's next to the program; renews the sample every day, so that today has values.
 lay_station() {
     ini=$PROGRAM_FOLDER/QEL.ini
     if [ -f "$ini" ] && ! grep -q '^# Beispielstation' "$ini"; then
         return 0
     fi
     if [ ! -f "$ini" ] || ! grep -q "^ZEITBIS=$(date +%d.%m.%Y)" "$ini"; then
-        echo "Laying a sample station into $PROGRAM_FOLDER ..."
+        echo "Creating a sample station in $PROGRAM_FOLDER ..."
         build/release/tools/makestation/makestation "$PROGRAM_FOLDER" --until "$(date +%Y-%m-%d)T23:59"
     fi
 }
@@ -33,9 +33,9 @@ start_on_display() {
     exec "$PROGRAM_FOLDER/kelvrum"
 }
 
-# The picture has more than a handful of colours and is the same as the one before.
-picture_stands_still() {
-    kill -0 "$viewer" 2>/dev/null || fail "the program has ended by itself"
+# True once the picture has more than a handful of colours and equals the previous one.
+is_picture_stable() {
+    kill -0 "$viewer" 2>/dev/null || fail "the program has exited unexpectedly"
     before=${after:-none}
     import -window "$window" "$scratch/picture.png" 2>>"$scratch/import.log" || return 1
     after=$(identify -format '%#' "$scratch/picture.png")
@@ -48,7 +48,7 @@ take_picture() {
     XDG_RUNTIME_DIR=$scratch QT_QPA_PLATFORM=xcb "$PROGRAM_FOLDER/kelvrum" 2>"$scratch/viewer.log" &
     viewer=$!
     wait_for $WINDOW_LIMIT window_is_there '^Kelvrum - Station ' || fail "the program shows no window"
-    wait_for $PICTURE_LIMIT picture_stands_still || fail "the picture does not stand still"
+    wait_for $PICTURE_LIMIT is_picture_stable || fail "the picture keeps changing"
     cp "$scratch/picture.png" build/screenshot.png
     echo "No display here: the program was started on a virtual one and ended again."
     echo "Its first view is in $PWD/build/screenshot.png"

@@ -1,7 +1,7 @@
 #!/bin/sh
-# Every check there is: format, scripts, the core without Qt, both compilers, the linter, a short fuzzing of the readers, the
-# package for installation, and all tests without and with sanitizers, in several languages and time zones. Ends with
-# CTest's closing lines and its exit code; a step before that fails ends it at once.
+# Runs every check: format, scripts, the core without Qt, both compilers, the linter, a short fuzzing of the readers, the
+# installation package, and all tests without and with sanitizers, in several languages and time zones. Ends with
+# CTest's summary and exit code; an earlier step that fails ends it at once.
 # shellcheck disable=SC2086 # lists of packages become several words
 set -eu
 cd -P "$(dirname "$0")"
@@ -28,7 +28,7 @@ build() { use_preset "$1" && cmake --build --preset "$1"; }
 
 plain() { build plain && tools/checks/plain.sh; }
 
-# run_tests PRESET LOCALE ZONE : when a test fails, CTest's closing lines are the last ones.
+# run_tests PRESET LOCALE ZONE : when a test fails, CTest's summary is the last output.
 run_tests() {
     began=$(date +%s)
     tools/checks/locales.sh "$@" || exit $?

@@ -1,22 +1,22 @@
 # shellcheck shell=sh disable=SC2034,SC2086 # the lists are used elsewhere, and become several words
-# Sourced by run.sh, check.sh and test.sh: what they need from the system, and how it gets there.
+# Sourced by run.sh, check.sh and test.sh: the packages they need, and functions that install them.
 
 # To build and to start the viewer.
 BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev libcups2-dev fonts-liberation"
 # To start it without a display and to take its picture.
 PICTURE_PACKAGES="xvfb xdotool imagemagick"
-# To test: second compiler and its fuzzer, formatter, linters, test and benchmark libraries, a printer's scheduler, readers
-# of its pages, other languages and time zones.
+# To test: second compiler and its fuzzer, formatter, linters, test and benchmark libraries, a print scheduler, PDF tools,
+# locales and time zones.
 TEST_PACKAGES="clang libclang-rt-dev clang-format clang-tidy shellcheck libgtest-dev libgmock-dev libbenchmark-dev xvfb xdotool
     imagemagick cups cups-client cups-filters poppler-utils locales tzdata"
-# To make the package for installation, to check it and to install it into a fresh root.
+# To build the installation package, to check it and to install it into a fresh root.
 PACKAGING_PACKAGES="dpkg-dev file lintian desktop-file-utils appstream man-db mmdebstrap xvfb xdotool x11-utils"
 # To renew the table of letters in capitals and small (tools/casefolding.sh).
 TABLE_PACKAGES="unicode-data"
-# Qt's own texts in German. The program does without where the distribution has no such package.
+# Qt's own texts in German; optional, as not every distribution has this package.
 GOOD_PACKAGES="qt6-translations-l10n"
 
-# missing_packages NAME... : those that are not installed, one a line.
+# missing_packages NAME... : prints those that are not installed, one per line.
 missing_packages() {
     installed=$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' "$@" 2>/dev/null || true)
     for package in "$@"; do
@@ -24,7 +24,7 @@ missing_packages() {
     done
 }
 
-# as_root COMMAND... : asks for a password only where somebody can type one.
+# as_root COMMAND... : asks for a password only on a terminal.
 as_root() {
     if [ "$(id -u)" -eq 0 ]; then
         "$@"
@@ -35,13 +35,13 @@ as_root() {
     fi
 }
 
-# apt COMMAND... : apt-get without questions; a lock of somebody else is waited for.
+# apt COMMAND... : apt-get without questions; waits while another process holds the lock.
 apt() {
     as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=300 -o Acquire::Retries=3 "$@"
 }
 
-# need_packages NAME... : installs what is missing. Without apt-get, or without the right to use it, says what is
-# needed and fails only when the chief tools are not there.
+# need_packages NAME... : installs missing packages. Without apt-get, or without the permission to use it, it lists what
+# is needed and fails only if the main tools are missing.
 need_packages() {
     if command -v apt-get >/dev/null && command -v dpkg-query >/dev/null; then
         missing=$(missing_packages "$@")
@@ -66,21 +66,21 @@ need_packages() {
         if [ -z "$missing" ]; then
             return 0
         fi
-        echo "Not root and no sudo: these packages are to be installed first:" $missing
+        echo "Not root and no sudo. Install these packages first:" $missing
     else
         echo "No apt-get here. Needed: a compiler with C++20, CMake 3.25 or newer, Ninja, Qt 6.4 or newer with"
-        echo "Widgets and PrintSupport, the library of CUPS, a font with the metrics of Arial (Liberation Sans)."
-        echo "On Debian these are:" "$@"
+        echo "Widgets and PrintSupport, the CUPS library, a font with the metrics of Arial (Liberation Sans)."
+        echo "On Debian, the packages are:" "$@"
     fi
     for tool in c++ cmake ninja; do
         if ! command -v "$tool" >/dev/null; then
-            echo "There is no $tool." >&2
+            echo "$tool is missing." >&2
             return 1
         fi
     done
 }
 
-# use_preset NAME : configures a build folder when it is new, older than the presets or brought from another place.
+# use_preset NAME : configures a build folder if it is new, older than the presets or was moved.
 use_preset() {
     cache=build/$1/CMakeCache.txt
     if [ -f "$cache" ] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$cache"; then
@@ -90,7 +90,7 @@ use_preset() {
     fi
 }
 
-# Texts are UTF-8, also where the system names no locale at all.
+# Use UTF-8 even if the system sets no locale.
 if [ -z "${LC_ALL:-}${LC_CTYPE:-}${LANG:-}" ]; then
     LANG=C.UTF-8
     export LANG

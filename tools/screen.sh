@@ -1,6 +1,6 @@
 # shellcheck shell=sh
-# Sourced by run.sh and the check of the installed program: a virtual screen with the viewer on it, and both ended
-# however the script ends.
+# Sourced by run.sh and the check of the installed program: starts a virtual screen and the viewer on it. Both are
+# terminated when the script ends, for whatever reason.
 
 scratch=$(mktemp -d)
 server=
@@ -15,7 +15,7 @@ clean_up() {
 trap clean_up EXIT
 trap 'exit 1' HUP INT TERM
 
-# fail MESSAGE : with what server and viewer have said.
+# fail MESSAGE : prints it with the output of server and viewer, and exits.
 fail() {
     echo "$(basename "$0"): $1" >&2
     cat "$scratch"/*.log >&2 2>/dev/null || true
@@ -36,7 +36,7 @@ display_is_known() { [ -s "$scratch/display" ]; }
 
 # Starts the screen and sets DISPLAY.
 start_screen() {
-    # Without -noreset it starts anew when a program has ended, and refuses the next one meanwhile.
+    # Without -noreset the server restarts after each program and refuses the next one meanwhile.
     Xvfb -displayfd 3 -noreset -screen 0 1280x1024x24 -nolisten tcp 3>"$scratch/display" 2>"$scratch/server.log" &
     server=$!
     wait_for 30 display_is_known || fail "the virtual display does not start"
@@ -46,7 +46,7 @@ start_screen() {
 
 # window_is_there TITLE : looks for a window of the viewer whose title matches, and sets `window` to it.
 window_is_there() {
-    kill -0 "$viewer" 2>/dev/null || fail "the program has ended by itself"
+    kill -0 "$viewer" 2>/dev/null || fail "the program has exited unexpectedly"
     window=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | head -n 1)
     [ -n "$window" ]
 }

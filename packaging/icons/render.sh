@@ -1,5 +1,5 @@
 #!/bin/sh
-# Renders the icon to its PNG sizes anew (rsvg-convert of librsvg2-bin). To be run after a change of kelvrum.svg.
+# Renders the icon's PNG files (rsvg-convert from librsvg2-bin). Run it after changing kelvrum.svg.
 set -eu
 cd -P "$(dirname "$0")"
 for size in 16 32 48 128 256; do
