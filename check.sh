@@ -1,6 +1,6 @@
 #!/bin/sh
-# For every day: format, debug build, the linter on what has changed, the tests of the plain core. Two minutes after the
-# first time; ./test.sh has everything.
+# The everyday check: format, debug build, the linter on changed files, the tests of the plain core. Takes two minutes
+# after the first run; ./test.sh runs everything.
 # shellcheck disable=SC2086 # lists of packages become several words
 set -eu
 cd -P "$(dirname "$0")"

@@ -1,10 +1,10 @@
 #!/bin/sh
-# Proves on Debian 13 what ./test.sh proves here: makes a fresh root of that release, lays a copy of this tree into it
-# and runs commands there, ./run.sh and ./test.sh when none are given.
+# Checks the project on Debian 13: creates a fresh root of that release, copies this tree into it and runs the given
+# commands there, by default ./run.sh and ./test.sh.
 #     tools/checks/debian13.sh [COMMAND...]     for example 'cmake --preset clang' 'cmake --build --preset clang'
-# Needs mmdebstrap, the right to make a root (root, sudo or user namespaces), the machine's own mirror of the
-# distribution, 8 GB below TMPDIR (or /tmp) and an hour or more. Installs nothing outside of that root, which is removed
-# at the end however it comes.
+# Needs mmdebstrap, permission to create a root (root, sudo or user namespaces), the machine's own mirror of the
+# distribution, 8 GB in TMPDIR (or /tmp) and an hour or more. Installs nothing outside that root, which is always removed
+# at the end.
 # shellcheck disable=SC2016 # hooks and formats have their own variables
 set -eu
 cd -P "$(dirname "$0")/../.."
@@ -18,7 +18,7 @@ command -v mmdebstrap >/dev/null || {
     exit 1
 }
 maker=$(root_maker) || {
-    echo "debian13.sh: neither root nor sudo nor user namespaces here." >&2
+    echo "debian13.sh: needs root, sudo or user namespaces." >&2
     exit 1
 }
 mirror=$(debian_sources '$(REPO_URI)' 'Label: Debian' | head -n 1)
@@ -39,7 +39,7 @@ git ls-files -z | tar --create --file="$scratch/tree.tar" --null --files-from=-
 } >"$scratch/commands"
 
 began=$(date +%s)
-# Without a terminal and without a display of this machine.
+# Without a terminal and without this machine's display.
 $maker env -u DISPLAY -u WAYLAND_DISPLAY mmdebstrap --quiet --variant=apt --format=null --dpkgopt=force-unsafe-io \
     --aptopt='APT::Install-Recommends "0"' \
     --aptopt='Acquire::Retries "3"' \

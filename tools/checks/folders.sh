@@ -1,5 +1,5 @@
 # shellcheck shell=sh disable=SC2034
-# Sourced by the checks: the folders of sources, those that exist already.
+# Sourced by the checks: the existing source folders.
 SOURCE_FOLDERS=
 for folder in util drawing config diagram data evaluation correction batchprint app tools; do
     if [ -d "$folder" ]; then

@@ -1,8 +1,8 @@
 # shellcheck shell=sh
-# Sourced by the checks that install into a fresh root: where its packages come from, and who may make one.
+# Sourced by the checks that install into a fresh root: its package sources, and the command that may create it.
 
-# debian_sources FORMAT FILTER... : the machine's own sources of the distribution, one a line. Their keys are the
-# distribution's.
+# debian_sources FORMAT FILTER... : prints the machine's own sources of the distribution, one per line. They are signed
+# with the distribution's keys.
 debian_sources() {
     wanted=$(apt-get indextargets --format "$@" 'Created-By: Packages' 'Origin: Debian' \
         "Architecture: $(dpkg --print-architecture)")
@@ -14,7 +14,7 @@ debian_sources() {
     printf '%s\n' "$wanted" | sort -u
 }
 
-# root_maker : prints the command that gives mmdebstrap the rights it needs; fails when there is none.
+# root_maker : prints the command that gives mmdebstrap the permissions it needs; fails if there is none.
 root_maker() {
     if [ "$(id -u)" -eq 0 ]; then
         echo env

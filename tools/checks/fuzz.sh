@@ -1,20 +1,19 @@
 #!/bin/sh
-# Runs each fuzz target of tests/fuzz: first over its seeds and over the inputs that are kept, then for SECONDS (20) on
-# inputs of the fuzzer's own, two targets at a time. An input that crashes a target or breaks a promise is kept in
-# build/fuzz/crashes; moved into tests/fuzz/corpus/TARGET it is tried at every run from then on. With 0 SECONDS nothing
-# but what is kept is tried.
+# Runs each fuzz target of tests/fuzz: first on its seeds and the stored inputs, then for SECONDS (20) on generated
+# inputs, two targets at a time. An input that crashes a target or breaks a promise is saved in build/fuzz/crashes; move
+# it to tests/fuzz/corpus/TARGET to try it in every later run. With 0 SECONDS only seeds and stored inputs are tried.
 #
 #     tools/checks/fuzz.sh [SECONDS [TARGET...]]
 #     tools/checks/fuzz.sh 3600
-# shellcheck disable=SC2016 # fuzz_one is a program of its own
+# shellcheck disable=SC2016 # fuzz_one is a script of its own
 set -eu
 cd -P "$(dirname "$0")/../.."
 . tools/packages.sh
 
 seconds=${1:-20}
-seed=0 # a run of a length that is asked for goes a way of its own
+seed=0 # random, for a run of a chosen length
 if [ $# -eq 0 ]; then
-    seed=1 # the usual run goes the same way each time, so that it fails for a change and not by chance
+    seed=1 # the usual run is reproducible, so that it fails because of a change and not by chance
 fi
 if [ $# -gt 0 ]; then
     shift
@@ -27,8 +26,8 @@ rm -rf build/fuzz/seeds
 "$folder/make_seeds" build/fuzz/seeds
 mkdir -p build/fuzz/crashes build/fuzz/logs
 
-# fuzz_one SECONDS TARGETS SEED NAME, run as a program of its own for each target. What is found is kept in
-# build/fuzz/found and tried first the next time.
+# fuzz_one SECONDS TARGETS SEED NAME, run as a separate process for each target. New inputs are saved in
+# build/fuzz/found and tried first in the next run.
 fuzz_one='
     name=$4
     found=build/fuzz/found/$name
@@ -40,7 +39,7 @@ fuzz_one='
     fi
     limits="-max_len=8192 -timeout=20 -rss_limit_mb=1024 -malloc_limit_mb=256 -seed=$3"
     for length in -runs=0 "-max_total_time=$1"; do
-        if [ "$length" = -max_total_time=0 ]; then # it would mean: for ever
+        if [ "$length" = -max_total_time=0 ]; then # would mean: no limit
             continue
         fi
         if ! nice "$2/$name" $limits $length -artifact_prefix="build/fuzz/crashes/$name-" -print_final_stats=1 \

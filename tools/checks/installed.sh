@@ -1,6 +1,6 @@
 #!/bin/sh
-# installed.sh ROOT : starts the program that is installed in ROOT as an ordinary user on a virtual screen: with a
-# station in the user's data folder, without one, without a home and with a home that cannot be written.
+# installed.sh ROOT : starts the program installed in ROOT as an ordinary user on a virtual screen: with a station in
+# the user's data folder, without one, without a home folder and with a read-only one.
 # shellcheck disable=SC2016 # a command in the root, with its own variables
 set -eu
 root=$1
@@ -8,7 +8,7 @@ cd -P "$(dirname "$0")/../.."
 
 . tools/screen.sh
 
-# A message is closed with its only button: the press does it, there is no window left to release the key in.
+# Closes the message box with its only button. The key press suffices: there is no window left to release the key in.
 closed_to_the_window() {
     if window_is_there '^Kelvrum$'; then
         xdotool keydown --window "$window" Return 2>/dev/null || true
@@ -17,7 +17,7 @@ closed_to_the_window() {
     window_is_there '^Kelvrum - Station $'
 }
 
-# start HOME FOLDER : by the command of the desktop entry, from any folder.
+# start HOME FOLDER : runs the command of the desktop entry in FOLDER.
 start() {
     chroot --userspec=1000:1000 "$root" env -i HOME="$1" DISPLAY="$DISPLAY" LANG=C.UTF-8 PATH=/usr/bin:/bin \
         sh -c 'cd "$1" && exec $2' start "$2" "$command" >"$scratch/viewer.log" 2>&1 &
@@ -30,7 +30,7 @@ end() {
     viewer=
 }
 
-# works_in FOLDER : the program's current folder, as seen from inside of the root.
+# works_in FOLDER : checks the program's current folder, as seen from inside the root.
 works_in() {
     folder=$(readlink "/proc/$viewer/cwd")
     [ "${folder#"${root%/}"}" = "$1" ] || fail "the program works in $folder, not in $1"

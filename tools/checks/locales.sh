@@ -1,8 +1,8 @@
 #!/bin/sh
-# Runs all tests under other languages and time zones: nothing that is stored, read or computed may depend on them.
-#   locales.sh                       the debug tests under each of the three places below
-#   locales.sh PRESET LOCALE ZONE    the tests of one build in one place
-# The locales are made in build/locales, so that the system needs none installed; their sources are the package "locales".
+# Runs all tests under other languages and time zones: nothing stored, read or computed may depend on them.
+#   locales.sh                       the debug tests under each of the three settings below
+#   locales.sh PRESET LOCALE ZONE    the tests of one build under one setting
+# The locales are compiled into build/locales, so the system needs none; their sources are in the package "locales".
 set -eu
 cd -P "$(dirname "$0")/../.."
 
@@ -13,7 +13,7 @@ make_locale() {
     if [ ! -d "$folder/$1" ]; then
         mkdir -p "$folder"
         rm -rf "$folder/$1.new"
-        # Warnings about the sources give the exit code 1 though the locale was made.
+        # Warnings about the sources give exit code 1 although the locale was compiled.
         localedef -i "${1%.*}" -f "${1#*.}" "$folder/$1.new" || [ -f "$folder/$1.new/LC_NUMERIC" ]
         mv "$folder/$1.new" "$folder/$1"
     fi
@@ -24,7 +24,7 @@ run_in() {
     if [ "$2" != C ]; then
         make_locale "$2"
     fi
-    # An unknown locale or zone would silently be C and UTC, and the run would show nothing.
+    # An unknown locale or zone would silently fall back to C and UTC, and the run would prove nothing.
     case $2 in
         de_*) point=, ;;
         *) point=. ;;
@@ -36,7 +36,7 @@ run_in() {
     esac
     found=$(LOCPATH=$folder LC_ALL=$2 locale decimal_point)
     if [ "$found" != "$point" ] || [ "$(TZ=$3 date -d 2020-07-01T00:00:00Z +%z)" != "$offset" ]; then
-        echo "The locale $2 or the time zone $3 is not there." >&2
+        echo "The locale $2 or the time zone $3 is missing." >&2
         return 1
     fi
     echo "== tests ($1, $2, $3)"

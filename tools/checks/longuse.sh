@@ -1,6 +1,6 @@
 #!/bin/sh
-# Long use: a random user works the optimised window, and its memory must not grow by more than 1 %. The last line
-# tells what was measured.
+# Long use: a random user operates the optimised build, whose memory must not grow by more than 1 %. The last line
+# shows the measurement.
 #     tools/checks/longuse.sh [ACTIONS [SEED]]     20,000 actions take a few minutes
 set -eu
 cd -P "$(dirname "$0")/../.."

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Builds the Debian package, has its parts validated, installs it with all it depends on into a fresh root and starts
-# it there as an ordinary user on a virtual screen. Without the right to make such a root the last two are skipped.
+# Builds the Debian package, validates its parts, installs it with its dependencies into a fresh root and starts it there
+# as an ordinary user on a virtual screen. Without permission to create such a root the last two steps are skipped.
 # shellcheck disable=SC2016 # hooks and formats have their own variables
 set -eu
 cd -P "$(dirname "$0")/../.."
@@ -19,7 +19,7 @@ build_package() {
 
 validate() {
     if ! dpkg-deb --field "$PACKAGE_FOLDER"/*.deb Depends | grep -q fonts-liberation; then
-        echo "The package does not depend on the font of its windows." >&2
+        echo "The package does not depend on the font of the windows." >&2
         return 1
     fi
     lintian --fail-on error,warning --allow-root "$PACKAGE_FOLDER"/*.deb
@@ -28,7 +28,7 @@ validate() {
     version=$(dpkg-deb --field "$PACKAGE_FOLDER"/*.deb Version)
     for document in "$DOCUMENTS"/*.metainfo.xml "$DOCUMENTS/kelvrum.1" "$DOCUMENTS/de/kelvrum.1" "$DOCUMENTS/changelog"; do
         if ! grep -qwF "$version" "$document"; then
-            echo "$document does not name the version $version." >&2
+            echo "$document does not contain the version $version." >&2
             return 1
         fi
     done
@@ -46,7 +46,7 @@ install_and_start() {
     debian_sources 'deb $(REPO_URI) $(RELEASE) $(COMPONENT)' >"$list"
     suite=$(. /etc/os-release && echo "${VERSION_CODENAME:-stable}")
     package=$(echo "$PWD/$PACKAGE_FOLDER"/*.deb)
-    # The root lives only as long as this command, which removes it however it ends.
+    # The root exists only while this command runs, which removes it however it ends.
     "$@" mmdebstrap --quiet --variant=apt --format=null --dpkgopt=force-unsafe-io \
         --aptopt='APT::Install-Recommends "0"' \
         --customize-hook="copy-in '$package' /root" \
@@ -61,5 +61,5 @@ if maker=$(root_maker); then
     # shellcheck disable=SC2086 # a command of several words
     install_and_start $maker
 else
-    echo "SKIP: the package is built and valid, but not installed: neither root nor sudo nor user namespaces here."
+    echo "SKIP: the package is built and valid but was not installed: this needs root, sudo or user namespaces."
 fi

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Fails when anything of the build without windows (build/plain, to be built before) links Qt.
+# Fails if anything in the build without windows (build/plain, which must exist) links Qt.
 set -eu
 cd -P "$(dirname "$0")/../.."
 
@@ -17,7 +17,7 @@ for program in $programs; do
     count=$((count + 1))
 done
 if [ "$count" -eq 0 ]; then
-    echo "There is no program in build/plain." >&2
+    echo "build/plain contains no program." >&2
     exit 1
 fi
 echo "$count programs without Qt."

@@ -1,9 +1,9 @@
 #!/bin/sh
-# The linter over the sources, by the commands of build/debug (to be built before: windows need their generated
-# headers), but without precompiled headers: each file includes what it needs. A source that passed is looked at again
-# when it, a header or the rules have changed.
+# Runs the linter over the sources, with the commands of build/debug (which must be built: windows need their generated
+# headers) but without precompiled headers, as each file includes what it needs. A source that passed is checked again
+# only if it, a header or the rules have changed.
 #     tools/checks/tidy.sh              all sources
-#     tools/checks/tidy.sh --changed    those that are not as on the branch main, or as committed on main itself
+#     tools/checks/tidy.sh --changed    those that differ from the branch main, or, on main, from the last commit
 # shellcheck disable=SC2016,SC2086 # check_one is a program of its own, lists of folders become several words
 set -eu
 cd -P "$(dirname "$0")/../.."
@@ -15,13 +15,13 @@ mkdir -p "$stamps"
 sed -E 's/ -Winvalid-pch//; s/( -Xclang)? -include(-pch)?( -Xclang)? [^ ]*cmake_pch\.hxx[^ "]*//g' \
     build/debug/compile_commands.json >"$stamps/compile_commands.json"
 
-# Of our own folders, as a path from here.
+# The sources in our own folders, as relative paths.
 known_sources() {
     sed -n "s|^ *\"file\": \"$PWD/\(.*\.cpp\)\".*|\1|p" "$stamps/compile_commands.json" |
         grep -E "^($(echo $SOURCE_FOLDERS tests | tr ' ' '|'))/" | LC_ALL=C sort -u
 }
 
-# A header is looked at with the source of its name, or with one that includes it.
+# A header is checked with the source of the same name, or with one that includes it.
 changed_sources() {
     base=$(git merge-base HEAD origin/main 2>/dev/null || git merge-base HEAD main 2>/dev/null || echo HEAD)
     {
@@ -46,7 +46,7 @@ common=$({
     find $SOURCE_FOLDERS tests -name '*.h' | LC_ALL=C sort | xargs cat
 } | cksum)
 
-# check_one LINTER STAMPS COMMON FILE, run as a program of its own for each file. The findings of a file stay together.
+# check_one LINTER STAMPS COMMON FILE, run as a separate process for each file, so that its findings stay together.
 check_one='
     stamp=$2/$(echo "$4" | tr / _)
     key="$3 $(cksum <"$4")"
