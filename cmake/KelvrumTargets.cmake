@@ -33,6 +33,9 @@ function(kelvrum_alias target)
     add_library(${alias} ALIAS ${target})
 endfunction()
 
+# All plain libraries.
+add_custom_target(kelvrum_plain)
+
 # A library of plain standard C++: it never links Qt.
 function(kelvrum_plain_library target)
     cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
@@ -40,6 +43,7 @@ function(kelvrum_plain_library target)
     kelvrum_alias(${target})
     kelvrum_settings(${target})
     target_link_libraries(${target} PUBLIC ${ARG_USES})
+    add_dependencies(kelvrum_plain ${target})
 endfunction()
 
 # A library of windows and widgets on Qt. Left out when the windows are not built.
