@@ -5,7 +5,8 @@
 #include <QTranslator>
 #include <memory>
 
-// A resource in a static library is linked only when it is asked for, from outside of any namespace.
+// A resource in a static library is linked only when it is initialised explicitly, from outside any
+// namespace.
 static void loadIcons() { Q_INIT_RESOURCE(icons); }
 
 namespace kelvrum {

@@ -23,7 +23,7 @@ constexpr std::string_view VALUE_SAMPLE = "12345678901234 [ert]";
 const Font TITLE_FONT{"Arial", 12, true, false};
 const Font TEXT_FONT{"Arial", 10, false, false};
 
-/// True within a UTF-8 character, behind its first byte.
+/// True within a UTF-8 character, after its first byte.
 bool isContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
 /// Takes the last character, which may be several bytes, off a UTF-8 text.
@@ -36,7 +36,7 @@ void dropLastCharacter(std::string& text) {
     }
 }
 
-/// Cuts a text that goes on far behind its column: what follows a front of twice the column's width cannot
+/// Cuts a text that extends far beyond its column: what follows a start of twice the column's width cannot
 /// fit. Measuring a long text anew for each dropped character costs the square of its length.
 void dropFarBehind(std::string& text, double column, const TextWidth& width) {
     constexpr std::size_t SHORT = 64;

@@ -14,7 +14,7 @@ namespace kelvrum {
 /// The width of a text in millimetres, as it is printed.
 using TextWidth = std::function<double(std::string_view text)>;
 
-/// One column entry: its position, a number in millimetres, optionally behind an alignment mark.
+/// One column entry: its position, a number in millimetres, optionally after an alignment mark.
 struct ColumnEntry {
     char mark = 0; // '>' right, '^' centred, 0 left
     double millimetres = 0;

@@ -60,7 +60,7 @@ void f::loadView(const ReadingStep& step) {
 }
 
 /// The diagram as text, for a reader of the screen. Its figures go through the whole series, so they are
-/// taken only while somebody listens.
+/// taken only while an assistive technology listens.
 void f::describeView() {
     PolarSys& KS = view_->diagram();
     KS.setAccessibleName(QStringLiteral("Diagramm: ") + QString::fromStdString(KS.HeadLine()));

@@ -29,7 +29,7 @@ struct LoadedSettings {
     bool operator==(const LoadedSettings&) const = default;
 };
 
-/// The bytes of a file; the records of slots behind the last row are zeros. At most SLOT_COUNT rows.
+/// The bytes of a file; the records of slots after the last row are zeros. At most SLOT_COUNT rows.
 SettingsBytes encodeSettings(std::span<const RowSettings> rows);
 
 /// The rows of a file's bytes, at most ROW_COUNT. The records of slots without a row are not looked at.

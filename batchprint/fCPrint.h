@@ -44,7 +44,7 @@ class fCPrint : public QDialog {
         std::function<ReadStatus(const ReadRequest&, const DiagramSettings&)> readDiagram;
         std::function<void()> loadData; // shows the owner's own view again
         Dialogs& dialogs;
-        std::string projectFolder = {}; // as the configuration's path gives it; handed over, not read here
+        std::string projectFolder = {}; // as the configuration's path gives it; only passed on
     };
 
     /// Builds the rows and loads the settings; a damaged settings file is reported at once.

@@ -8,7 +8,7 @@
 
 namespace kelvrum {
 
-/// The folder of the data files, as it is put in front of a file name, by the DataPlace of the station's
+/// The folder of the data files, as it is put before a file name, by the DataPlace of the station's
 /// form: DataFolder when it is absolute, else BaseFolder + DataFolder; or BaseFolder.
 std::string dataFolder(const StationConfig& station);
 

@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 
-/// Hands the bytes of a file to `consume` in pieces of bounded size.
+/// Passes the bytes of a file to `consume` in pieces of bounded size.
 template<typename Consume>
 void readPieces(FileSource& file, Consume consume) {
     constexpr std::size_t PIECE = 64UL * 1024;
@@ -36,7 +36,7 @@ bool isUtf8File(FileSource& file) {
     return check.valid();
 }
 
-/// Hands the lines of a file, without their line ends, to `consume`. Memory is bounded by MAX_INI_LINE.
+/// Passes the lines of a file, without their line ends, to `consume`. Memory is bounded by MAX_INI_LINE.
 template<typename Consume>
 void readLines(FileSource& file, Consume consume) {
     std::string line;
@@ -98,7 +98,7 @@ class Fields {
     bool fits_ = true;
 };
 
-/// The channel number of field 0 behind its keyword; 0 when the line is to be ignored.
+/// The channel number of field 0 after its keyword; 0 when the line is to be ignored.
 std::int32_t channelNumber(std::string_view text) {
     const double number = leadingNumber(text);
     return number < 1 ? 0 : roundToInt32(number).value_or(0);

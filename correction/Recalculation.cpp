@@ -16,7 +16,7 @@ namespace kelvrum {
 namespace {
 
 constexpr std::size_t PIECE_VALUES = 64UL * 1024;  // minutes read and written at once
-constexpr std::int64_t TO_THE_END = 8'000'000 - 1; // byte offset behind every year's file
+constexpr std::int64_t TO_THE_END = 8'000'000 - 1; // byte offset after every year's file
 
 /// The channels of a correction; they are fixed and do not come from the configuration.
 struct CorrectedChannels {

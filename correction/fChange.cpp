@@ -74,7 +74,7 @@ void fChange::showRunning() {
     for (QWidget* control : std::initializer_list<QWidget*>{Text1, OKButton, CancelButton}) {
         control->setEnabled(false);
     }
-    QCoreApplication::processEvents(); // the text is to be seen before the work begins
+    QCoreApplication::processEvents(); // the text is visible before the work begins
 }
 
 void fChange::calculate() {

@@ -36,7 +36,7 @@ BlockReader::BlockReader(const StationConfig& station, const ReadRequest& reques
     start_ = chn::valueOffset(MinuteIndex(request.range.from));
     std::int64_t end = chn::valueOffset(MinuteIndex(request.range.to));
     if (end <= start_) {
-        end = length; // the end lies in a later year, or not behind the start: to the file's end
+        end = length; // the end lies in a later year, or not after the start: to the file's end
     }
     const auto blockSize = static_cast<std::int64_t>(chn::VALUE_SIZE * interval_);
     announced_ = static_cast<std::int64_t>(

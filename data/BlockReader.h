@@ -22,7 +22,7 @@ struct BlockRun {
     [[nodiscard]] bool empty() const { return blocks == 0; }
 };
 
-/// Memory that is kept from one reading to the next. A reading takes it and gives it back at its end; one
+/// Memory that is kept from one reading to the next. A reading takes it and returns it at its end; one
 /// that starts meanwhile finds it empty and uses memory of its own.
 struct ReadBuffers {
     std::vector<double> values;
@@ -30,7 +30,7 @@ struct ReadBuffers {
 };
 
 /// Reads the file of the start's year, from the start minute to the end minute; to the file's end when the
-/// end does not lie behind the start within a year. The file is fetched in large pieces.
+/// end does not lie after the start within a year. The file is fetched in large pieces.
 class BlockReader {
   public:
     /// Opens the file or files. A missing file or an interval below 1 gives no blocks. The buffers must
@@ -45,7 +45,7 @@ class BlockReader {
     /// follows from the loop over the blocks and may be one more, or fewer when the file is shorter.
     [[nodiscard]] std::int64_t announcedBlocks() const { return announced_; }
 
-    /// The number of blocks that next() will hand out.
+    /// The number of blocks that next() will deliver.
     [[nodiscard]] std::int64_t blocks() const { return blocks_; }
 
     /// The next blocks, as many as fit a piece; an empty run at the end. Valid until the next call.

@@ -35,7 +35,7 @@ void setTexts(const StationConfig& station, std::int32_t channel, const DiagramS
     }
 }
 
-/// An error ends a reading without a message, as a missing file does; what was handed out before it stays.
+/// An error ends a reading without a message, as a missing file does; what was delivered before it stays.
 template<typename Read>
 ReadStatus endQuietlyOnError(Read read) {
     try {
@@ -98,7 +98,7 @@ ReadStatus DataReader::averagePieces(BlockReader& blocks, std::int32_t mode, con
     return endQuietlyOnError([&] {
         for (BlockRun run = blocks.next(); !run.empty(); run = blocks.next()) {
             if (!runStep(step)) {
-                return ReadStatus::givenUp; // before anything of this reading is handed out over a newer one
+                return ReadStatus::givenUp; // before this reading delivers anything on top of a newer one
             }
             consume(run.first, averagesOf(run, mode, averages_));
         }

@@ -37,7 +37,7 @@ class DataReader {
     explicit DataReader(FileOpener open = openFile)
         : open_(std::move(open)) {}
 
-    /// List reader: every interval, valid or not, in time order, handed out many at a time.
+    /// List reader: every interval, valid or not, in time order, delivered in batches.
     ReadStatus readList(const StationConfig& station, const ReadRequest& request,
                         const std::function<void(std::span<const IntervalValue>)>& showValues,
                         const ReadingStep& step);
@@ -68,7 +68,7 @@ class DataReader {
                                        const ReadingStep& step);
 
   private:
-    /// Averages the blocks piece by piece and hands them to `consume(first, values)`.
+    /// Averages the blocks piece by piece and passes them to `consume(first, values)`.
     template<typename Consume>
     ReadStatus averagePieces(BlockReader& blocks, std::int32_t mode, const ReadingStep& step,
                              Consume consume);

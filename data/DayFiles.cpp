@@ -66,7 +66,7 @@ struct Interval {
     Gathered gathered;
 };
 
-/// Intervals by number. Records come nearly always in time order: they lie one behind the other then.
+/// Intervals by number. Records come nearly always in time order: they are stored in sequence then.
 class Intervals {
   public:
     Gathered& at(std::int64_t index) {
@@ -82,7 +82,7 @@ class Intervals {
         return found->index == index ? found->gathered : late_[index];
     }
 
-    /// Hands all of them to `consume(index, gathered)` by ascending number.
+    /// Passes all of them to `consume(index, gathered)` by ascending number.
     template<typename Consume>
     void each(Consume consume) const {
         auto late = late_.begin();

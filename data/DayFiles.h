@@ -32,7 +32,7 @@ struct DayRecord {
     [[nodiscard]] float value(std::size_t at) const;
 };
 
-/// Hands the records of a day file to `consume`, from its start to its end. Records with an impossible date
+/// Passes the records of a day file to `consume`, from its start to its end. Records with an impossible date
 /// or minute are skipped, a torn last one is dropped.
 void readDayRecords(FileSource& file, std::size_t recordSize,
                     const std::function<void(const DayRecord&)>& consume);

@@ -1,4 +1,4 @@
-// What a reading is asked for, what it hands out and how it ends.
+// What a reading is asked to read, what it delivers and how it ends.
 #pragma once
 
 #include "util/DateTime.h"
@@ -41,7 +41,7 @@ inline bool runStep(const ReadingStep& step) {
 /// How a reading ended.
 enum class ReadStatus {
     complete, // to its end or to an error, which ends it as the file's end does; nothing is thrown
-    givenUp,  // a step said so; what was handed out so far is to be dropped
+    givenUp,  // a step said so; drop what was delivered so far
 };
 
 } // namespace kelvrum

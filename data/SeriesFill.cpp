@@ -39,7 +39,7 @@ void SeriesFill::add(DateTime start, std::int64_t first, std::int32_t interval,
     bool previousValid = previousValid_;
     for (std::size_t i = 0; i < values.size(); ++i) {
         const bool valid = values[i] != INVALID_VALUE;
-        if (valid || previousValid) { // a value, or the one gap behind it
+        if (valid || previousValid) { // a value, or the one gap after it
             times[column] = intervalStart(start, first + static_cast<std::int64_t>(i), interval);
             y1[column] = values[i];
             y2[column] = INVALID_VALUE;

@@ -19,7 +19,7 @@ inline DateTime intervalStart(DateTime start, std::int64_t i, std::int32_t inter
 void intervalStarts(DateTime start, std::int64_t first, std::int32_t interval, std::span<DateTime> starts);
 
 /// Lays interval values into a table from its first column on: a column for each value, and one gap column
-/// behind the last value before a run of missing intervals. Missing intervals before the first value leave
+/// after the last value before a run of missing intervals. Missing intervals before the first value leave
 /// none.
 class SeriesFill {
   public:

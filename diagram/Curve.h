@@ -86,7 +86,7 @@ inline Box loneBox(Dot at, int side) {
     return {left, top, left + side, top + side};
 }
 
-/// Gathers the dots of a curve and hands them to a sink as runs of joined dots. A long run comes in pieces,
+/// Gathers the dots of a curve and passes them to a sink as runs of joined dots. A long run comes in pieces,
 /// each of which begins with the last dot of the one before.
 template<typename Sink>
 class RunBuffer {
@@ -116,7 +116,7 @@ class RunBuffer {
         count_ = 0;
         linked_ = false;
     }
-    /// The run goes on from another point, which has been drawn already or is not to be seen by itself.
+    /// The run goes on from another point, which has been drawn already or is not visible on its own.
     void restart(const CurvePoint& point) {
         link(point.dot());
         last_ = point;
@@ -156,7 +156,7 @@ class RunBuffer {
     bool linked_ = false; // the first dot stands for what was drawn before
 };
 
-/// Walks the columns of a series and hands what is to be drawn to a sink: `pass(n)` when pass n begins, and
+/// Walks the columns of a series and passes what is to be drawn to a sink: `pass(n)` when pass n begins, and
 /// `run(dots)` for dots each of which is joined to the one before; a run of one is a valid value with no
 /// valid neighbour. Returns the number of passes found (a fourth ends the walk and is not counted). With
 /// `detectPasses` off the whole series is one pass.

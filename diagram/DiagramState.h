@@ -164,7 +164,7 @@ class DiagramState {
     [[nodiscard]] std::int32_t DataCount() const { return dataCount_; }
     [[nodiscard]] std::int32_t DataIndex() const { return dataIndex_; }
 
-    /// The interval of the columns in days, to be told behind SetArray by those who know it; 0: it follows
+    /// The interval of the columns in days, to be set after SetArray by callers that know it; 0: it follows
     /// from the columns.
     void setColumnInterval(double days) { columnInterval_ = days; }
     [[nodiscard]] double columnInterval() const { return columnInterval_; }

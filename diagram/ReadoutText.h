@@ -1,4 +1,4 @@
-// What the readout of a diagram says, and where its field lies.
+// What the readout of a diagram says, and where its field is.
 #pragma once
 
 #include "diagram/PolarDiagram.h"

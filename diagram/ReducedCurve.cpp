@@ -139,7 +139,7 @@ class ColumnWalk {
         return kept;
     }
 
-    /// The stretch ends in front of index i. A value without neighbours is a dot.
+    /// The stretch ends before index i. A value without neighbours is a dot.
     void end(const Joined& joined, std::size_t i) {
         const bool goesOn = i < series_.values.size() && isValidPoint(series_.values[i]);
         const bool lone = joined.count == 1 && !joinedBefore_ && !goesOn && !drawnBefore_;
@@ -165,7 +165,7 @@ class ColumnWalk {
     ReducedCurve& curve_;
     int x_ = 0;                 // of the column of dots
     std::size_t entry_ = 0;     // first index of the joined values
-    std::size_t columnEnd_ = 0; // first index behind it
+    std::size_t columnEnd_ = 0; // first index after it
     bool joinedBefore_ = false; // a line leads to the stretch
     bool drawnBefore_ = false;  // the stretch begins with a dot that was drawn already, a full circle away
 };

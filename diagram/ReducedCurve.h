@@ -19,12 +19,12 @@ struct PlottedSeries {
     std::span<const double> values;
     const PlotArea& plot;
     ValueScale scale;
-    bool ascending = false;   // no time lies before the one in front of it: then there is but one pass
+    bool ascending = false;   // the times never decrease: there is only one pass then
     bool detectPasses = true; // off: the whole series is one pass
     int loneDot = 1;          // side of the square that a value without neighbours is drawn as, in dots
 };
 
-/// Whether no time lies before the one in front of it.
+/// Whether the times never decrease.
 bool isAscending(std::span<const DateTime> times);
 
 /// Draws the curve of a series, clipped to the plot; with `directions` joined the short way round the circle.

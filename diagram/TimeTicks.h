@@ -32,7 +32,7 @@ struct TimeAxis {
     double minTickGap = 4;
 };
 
-/// The ticks from the start to the end of the axis, ascending; none when the end is not behind the start.
+/// The ticks from the start to the end of the axis, ascending; none when the end is not after the start.
 std::vector<TimeTick> timeTicks(const TimeAxis& axis, const LocaleTexts& texts);
 
 } // namespace kelvrum

@@ -55,7 +55,7 @@ class Options {
     cups_option_t* list_ = nullptr;
 };
 
-/// No password is asked for: this thread has no window, and the default would ask on a terminal.
+/// No password is requested: this thread has no window, and the default would ask on a terminal.
 const char* noPassword(const char*, http_t*, const char*, const char*, void*) { return nullptr; }
 
 /// Ends a wait.

@@ -5,7 +5,7 @@
 
 namespace kelvrum {
 
-/// Hands every primitive but clear on, moved to a corner of the other surface. Lengths and fonts count in
+/// Forwards every primitive except clear, moved to a corner of the other surface. Lengths and fonts count in
 /// units of its own scale, so that a picture keeps its proportions on a page.
 class PlacedSurface final : public Surface {
   public:

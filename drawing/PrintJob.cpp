@@ -28,7 +28,7 @@ QString titleOf(const QString& name) { return name.isEmpty() ? DEFAULT_NAME : na
 
 [[noreturn]] void throwError(const QString& text) { throw PrintError(text.toStdString()); }
 
-/// The words of the print system, to be put behind a statement.
+/// The message of the print system, to append to a statement.
 QString behindColon(const QueueAnswer& answer) {
     return answer.words.empty() ? QString() : QStringLiteral(": ") + QString::fromStdString(answer.words);
 }

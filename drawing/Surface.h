@@ -27,7 +27,7 @@ struct Segment {
     bool operator==(const Segment&) const = default;
 };
 
-/// A rectangle of dots; right and bottom are the first dots behind it.
+/// A rectangle of dots; right and bottom are the first dots beyond it.
 struct Box {
     int left = 0;
     int top = 0;

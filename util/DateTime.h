@@ -67,7 +67,7 @@ DateTime addMonths(DateTime t, int months);
 /// result lies on the same millisecond grid as t. A step longer than the calendar counts as its length.
 DateTime addMinutes(DateTime t, long long minutes);
 
-/// Reads dd.mm.yyyy or yyyy-mm-dd, each with an optional hh:mm or hh:mm:ss behind blanks.
+/// Reads dd.mm.yyyy or yyyy-mm-dd, each with an optional hh:mm or hh:mm:ss after blanks.
 /// Anything else gives nothing.
 std::optional<DateTime> parseDateTime(std::string_view text);
 

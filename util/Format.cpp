@@ -9,7 +9,7 @@ namespace kelvrum {
 
 namespace {
 
-/// Rounds the digits to `decimals` behind the point, a half away from zero.
+/// Rounds the digits to `decimals` after the point, a half away from zero.
 void roundDigits(DecimalDigits& d, int decimals) {
     const int keep = d.exponent + decimals; // digits that stay
     if (keep >= static_cast<int>(d.digits.size())) {
@@ -63,7 +63,7 @@ std::string formatNumber(double v, std::string_view format, const LocaleTexts& t
 
     DecimalDigits d = decimalDigits(v);
     roundDigits(d, static_cast<int>(behind.size()));
-    const auto digit = [&d](int place) { // place 0 is the first digit behind the point, -1 the one before it
+    const auto digit = [&d](int place) { // place 0 is the first digit after the point, -1 the one before it
         const int at = d.exponent + place;
         return at >= 0 && at < static_cast<int>(d.digits.size()) ? d.digits[static_cast<std::size_t>(at)]
                                                                  : '0';

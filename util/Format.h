@@ -21,7 +21,7 @@ struct LocaleTexts {
 std::string formatNumber(double v, std::string_view format, const LocaleTexts& texts);
 
 /// Writes t, rounded to the nearest second, by a format of the letters d, dd, m, mm, yy, yyyy, hh, ss; "m"
-/// and "mm" behind hours are minutes, "/" is the locale's date separator, all else stands for itself.
+/// and "mm" after hours are minutes, "/" is the locale's date separator, all else stands for itself.
 std::string formatDateTime(DateTime t, std::string_view format, const LocaleTexts& texts);
 
 /// v as an ordinary decimal number in the user's locale: plainNumber with its decimal separator.

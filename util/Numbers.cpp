@@ -25,7 +25,7 @@ struct Scanned {
 };
 
 /// Tells of a number without sign whether it is too small or too large, once it is known to be one of them:
-/// the place of its first digit that counts, moved by the exponent, lies behind the point.
+/// the place of its first digit that counts, moved by the exponent, lies after the point.
 bool isBelowOne(std::string_view number) {
     const std::size_t e = std::min(number.find_first_of("eE"), number.size());
     const std::string_view mantissa = number.substr(0, e);
@@ -158,7 +158,7 @@ std::string plainNumber(double v) {
     }
     const int count = static_cast<int>(d.digits.size());
     std::string text = d.negative ? "-" : "";
-    // The written value decides, not the double behind it, so that a text that is read back is written alike.
+    // The written value decides, not the exact double, so that a text that is read back is written the same.
     if (d.exponent > LAST_PLAIN_EXPONENT || d.exponent < FIRST_PLAIN_EXPONENT) {
         text += d.digits[0];
         if (count > 1) {

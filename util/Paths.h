@@ -38,7 +38,7 @@ bool isAbsoluteFolder(std::string_view folder);
 /// True when the text ends in "\" or "/".
 bool endsInSeparator(std::string_view path);
 
-/// The text with a "\" behind it, unless it is empty or ends in a separator.
+/// The text with a "\" after it, unless it is empty or ends in a separator.
 std::string withSeparator(std::string_view path);
 
 /// Names (UTF-8) of the files in a folder, in byte order; empty when it cannot be listed.

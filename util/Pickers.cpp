@@ -146,7 +146,7 @@ void TypedPicker<Edit>::finish() {
     drop();
     if (!overtaken) {
         take(whole);
-        if (!typing_.isActive()) { // somebody may type while the change is handled
+        if (!typing_.isActive()) { // the user may type while the change is handled
             Edit::setSelectedSection(Edit::sectionAt(section));
         }
     }

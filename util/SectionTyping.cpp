@@ -32,7 +32,7 @@ std::size_t digitsOf(SectionTyping::Unit unit) {
     return unit == SectionTyping::Unit::year ? YEAR_DIGITS : OTHER_DIGITS;
 }
 
-/// The greatest first digit behind which a second one can stand.
+/// The greatest first digit after which a second one can stand.
 char lastFirstDigit(SectionTyping::Unit unit) {
     switch (unit) {
     case SectionTyping::Unit::day:

@@ -9,8 +9,8 @@
 
 namespace kelvrum {
 
-/// The sections of a date or time while somebody types: nothing is judged before all of it is there, so a day
-/// may be typed that only the month typed behind it has. A section that is full hands over to the next one by
+/// The sections of a date or time while the user types: nothing is checked before the entry is complete, so a
+/// day may be typed that only the month typed after it has. A section that is full passes to the next one by
 /// itself; the separator that many type all the same means that step and not one more.
 class SectionTyping {
   public:
@@ -56,7 +56,7 @@ class SectionTyping {
   private:
     struct Section {
         Unit unit;
-        std::string before; // the text in front of it
+        std::string before; // the text before it
         std::string text;
     };
 
@@ -66,11 +66,11 @@ class SectionTyping {
     void handOver();
 
     std::vector<Section> sections_;
-    std::string behind_; // the text behind the last section
+    std::string behind_; // the text after the last section
     std::size_t section_ = 0;
     bool fresh_ = true;
     bool handedOver_ = false; // by itself, and the separator may still be typed
-    bool closed_ = false;     // a separator was typed behind the last section
+    bool closed_ = false;     // a separator was typed after the last section
     bool active_ = false;
 };
 

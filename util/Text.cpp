@@ -135,7 +135,7 @@ void Utf8Check::feed(std::string_view bytes) {
             high_ = 0xBF;
             --pending_;
         } else if (byte >= 0x80) {
-            // Lead bytes; E0, ED, F0 and F4 narrow the byte behind them (no overlong forms, no surrogates,
+            // Lead bytes; E0, ED, F0 and F4 narrow the byte after them (no overlong forms, no surrogates,
             // nothing above U+10FFFF).
             valid_ = byte >= 0xC2 && byte <= 0xF4;
             pending_ = byte >= 0xF0 ? 3 : byte >= 0xE0 ? 2 : 1;

@@ -22,7 +22,7 @@ namespace kelvrum::testing {
 namespace {
 
 constexpr std::size_t REMEMBERED = 10; // actions
-constexpr int QUEUED_PERCENT = 6;      // of the actions have a second one queued behind them
+constexpr int QUEUED_PERCENT = 6;      // of the actions have a second one queued after them
 constexpr int STRAY_PERCENT = 35;      // of the actions bring a stray date back
 constexpr int LOST_PERCENT = 25;       // of the actions open another project when this one has no channel
 
@@ -37,7 +37,7 @@ constexpr std::array NUMBERS_AND_NONSENSE = {
     "",         "abc",       "1,5",   "12abc",  "-",     ".",      "1e",  "nan", "inf",      "0x10", "--3",
     "1 2",      "1e400",     "5",     "-3.5",   ".5",    "+3",     "1e3", "0",   "-0",       " 7 ",  "100",
     "99999900", "123456789", "-1e12", "1e-300", "1e300", "-1e300", "360", "40",  "100000005"};
-// A section of a picker that is full hands over to the next one: digits alone make a whole date or time.
+// A full section of a picker moves on to the next one: digits alone make a whole date or time.
 struct DatePicker {
     const char* name;
     QDate first; // the days at which there are values to show

@@ -11,7 +11,7 @@ namespace kelvrum::testing {
 
 namespace {
 
-/// Hands every call on, and tells the counters.
+/// Forwards every call and counts it.
 class CountedFile final : public FileSource {
   public:
     CountedFile(std::unique_ptr<FileSource> file, CountingFiles& counters)

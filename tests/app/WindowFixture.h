@@ -1,4 +1,4 @@
-// The real main window on a station made for the test, and hands to work it with.
+// The real main window on a station made for the test, and helpers to operate it with.
 #pragma once
 
 #include "app/f.h"

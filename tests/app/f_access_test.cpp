@@ -18,7 +18,7 @@ using namespace kelvrum::testing;
 
 namespace {
 
-/// The letter behind the "&" of a caption; a null character when there is none.
+/// The letter after the "&" of a caption; a null character when there is none.
 QChar mnemonic(const QString& caption) {
     const QKeySequence keys = QKeySequence::mnemonic(caption);
     return keys.isEmpty() ? QChar() : QChar(keys[0].key()).toUpper();

@@ -1,4 +1,4 @@
-// The clock and the time zone: today is asked for once, at the start, and nothing else depends on either.
+// The clock and the time zone: today is requested once, at the start, and nothing else depends on either.
 #include "diagram/PolarSys.h"
 #include "diagram/SeriesTable.h"
 #include "tests/app/WindowFixture.h"

@@ -70,7 +70,7 @@ class f_faults_test : public QObject {
         WindowFixture fixture(fullStation());
         fixture.click(view.constData());
         fixture.arrange(YEAR, 0);
-        QString order; // r: a piece was asked for, t: the window has done something
+        QString order; // r: a piece was requested, t: the window has done something
         QTimer events;
         connect(&events, &QTimer::timeout, this, [&order] { order += QLatin1Char('t'); });
         fixture.files.onRead = [&] {
@@ -214,7 +214,7 @@ class f_faults_test : public QObject {
                            });
         compareCalm(fixture);
 
-        // Another project is opened and read as ever.
+        // Another project is opened and read as before.
         fixture.click("Command7");
         fixture.dialogs->file = QString::fromStdString(other.at("QEL.ini"));
         fixture.trigger("menOpen");

@@ -32,7 +32,7 @@ constexpr double CACHES =
     4096; // kB that caches of the toolkit and kept buffers may still take in a short run
 
 struct Memory {
-    double inUse = 0;    // kB handed out by the heap; 0 where it does not tell
+    double inUse = 0;    // kB allocated on the heap; 0 where it is unknown
     double resident = 0; // kB
 };
 

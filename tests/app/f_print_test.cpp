@@ -145,7 +145,7 @@ class f_print_test : public QObject {
         QCOMPARE(fixture.dialogs->messages, QStringList());
     }
 
-    /// A page that is asked for while the view is being read shows the finished view.
+    /// A page that is requested while the view is being read shows the finished view.
     void printingWhileLoading() {
         WindowFixture fixture;
         bool once = true;

@@ -117,7 +117,7 @@ Shown shownByFresh(const f& window, const Environment& environment, const QStrin
     return shownBy(fresh);
 }
 
-/// The table of all windows, given back as it was.
+/// The table of all windows, restored afterwards.
 class KeptSeries {
   public:
     KeptSeries()

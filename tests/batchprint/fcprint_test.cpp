@@ -1,4 +1,4 @@
-// The dialog as it opens: its controls, where they stand and what they enable.
+// The dialog as it opens: its controls, where they are and what they enable.
 #include "tests/batchprint/BatchFixture.h"
 
 #include <QAbstractButton>

@@ -106,7 +106,7 @@ TEST(IniKeys, DataFolder) {
 
 TEST(IniKeys, Directions) {
     const struct {
-        const char* lines; // behind CHAN05
+        const char* lines; // after CHAN05
         const char* in;
         const char* out;
     } cases[] = {

@@ -154,7 +154,7 @@ TEST(VarnixFile, Names) {
         record[35] = 1;
         record.replace(37, c.bytes.size(), c.bytes);
         record[2 + 33 - 1] = 'S'; // the station name's last byte
-        record[37 + 17] = 'X';    // behind the name
+        record[37 + 17] = 'X';    // after the name
         const StationConfig station = stationOf(record);
         EXPECT_EQ(station.ChannelTable.at(1).Name, c.name);
         EXPECT_EQ(listedChannels([&] {

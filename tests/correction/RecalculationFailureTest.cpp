@@ -23,7 +23,7 @@ using namespace kelvrum::testing;
 using ::testing::AllOf;
 using ::testing::HasSubstr;
 
-constexpr int LONG = 9'000'000; // a minute behind every year
+constexpr int LONG = 9'000'000; // a minute after every year
 
 /// 1 January 2021 00:10 to 00:19.
 const TimeRange TEN_MINUTES = between({2021, 1, 1, 0, 10}, {2021, 1, 1, 0, 19});

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 using namespace kelvrum::testing;
 
 constexpr double INF = std::numeric_limits<double>::infinity();
-constexpr int LONG = 9'000'000; // a minute behind every year
+constexpr int LONG = 9'000'000; // a minute after every year
 
 struct Channels {
     std::vector<int> sources;
@@ -85,7 +85,7 @@ TEST(Recalculation, Ranges) {
                       std::nullopt);
             EXPECT_EQ(laid.changes(), "") << row.name;
             EXPECT_EQ(steps, std::max(row.to.year - row.from.year + 1, 0)) << row.name;
-            // What the next row expects is worked out from files that are new again.
+            // What the next row expects is computed from files that are new again.
             for (const auto& minutes : row.rewritten) {
                 laid.lay(target, minutes.year, fresh.at(YearFiles::name(target, minutes.year)));
             }
@@ -97,7 +97,7 @@ TEST(Recalculation, FilesOfAnyLength) {
     constexpr int NONE = -1;
     const struct {
         const char* name;
-        int first; // source: minutes, bytes behind them
+        int first; // source: minutes, bytes after them
         int firstTail;
         int second;
         int secondTail;

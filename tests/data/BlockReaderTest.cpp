@@ -35,7 +35,7 @@ ReadRequest request(DateTime from, DateTime to, std::int32_t interval, std::int3
     return {channel, "", {from, to}, interval};
 }
 
-/// Everything that a reading hands out.
+/// Everything that a reading delivers.
 struct Blocks {
     std::int64_t announced = 0;
     std::int64_t promised = 0;
@@ -139,7 +139,7 @@ TEST(BlockReader, OverAYearsEnd) {
         station, request(dateSerial(2020, 12, 31) + 0.5, dateSerial(2021, 1, 2) + 0.5, 1), files.opener());
     EXPECT_EQ(rest.values, countedFrom(527040 - 720, 720, 527040));
 
-    // The end lies behind the start within its year: as far as there, in the file of the start's year.
+    // The end lies after the start within its year: as far as there, in the file of the start's year.
     const Blocks part =
         readAll(station, request(JANUARY, dateSerial(2021, 1, 1) + 1 / 24.0, 1), files.opener());
     EXPECT_EQ(part.values, countedFrom(0, 60, 527040));

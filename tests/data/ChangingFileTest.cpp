@@ -158,7 +158,7 @@ TEST_F(ChangingFiles, ADiagramKeepsItsRules) {
         EXPECT_EQ(seriesTable().columns(), std::max<std::size_t>(count, 1));
         std::vector<double> values(seriesTable().row(SeriesTable::Y1).begin(),
                                    seriesTable().row(SeriesTable::Y1).end());
-        const bool gap = !values.empty() && values.back() == INVALID_VALUE; // one, behind the last value
+        const bool gap = !values.empty() && values.back() == INVALID_VALUE; // one, after the last value
         EXPECT_EQ(expectOwnValues(values), count - (gap ? 1 : 0));
         if (change == Change::shrinks) {
             EXPECT_TRUE(gap);

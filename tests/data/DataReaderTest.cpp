@@ -217,7 +217,7 @@ TEST(DiagramReader, AFileThatFailsInTheMiddleGivesWhatCame) {
     DiagramState diagram;
     EXPECT_EQ(reader.readDiagram(testStation(), minutesOf(4, 0, 200, 1), {}, diagram, GO_ON),
               ReadStatus::complete);
-    // A gap column may stand behind the last value.
+    // A gap column may follow the last value.
     ASSERT_GE(diagram.DataCount(), 100);
     ASSERT_LE(diagram.DataCount(), 101);
     EXPECT_EQ(seriesTable().row(SeriesTable::Y1)[99], 100);

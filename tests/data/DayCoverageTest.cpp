@@ -63,7 +63,7 @@ TEST(DayCoverage, CountsTheMinutesOfEachDay) {
         {6, 720, Coverage::partial, "720 von 1440 Minuten vorhanden"},
         {9, 9, Coverage::partial, "9 von 1440 Minuten vorhanden"}, // in the second piece
         {11, 1440, Coverage::full, "1440 von 1440 Minuten vorhanden"},
-        {12, 0, Coverage::none, "Keine Werte"}, // behind the file's end
+        {12, 0, Coverage::none, "Keine Werte"}, // after the file's end
         {30, 0, Coverage::none, "Keine Werte"},
     };
     for (const Row& row : rows) {

@@ -21,7 +21,7 @@ struct FakeFile {
     std::string bytes;
     /// No byte can be read from this offset on, though size() counts it.
     std::uint64_t failsAt = std::numeric_limits<std::uint64_t>::max();
-    /// Reading behind failsAt throws instead of coming back short.
+    /// Reading after failsAt throws instead of coming back short.
     bool throws = false;
 };
 

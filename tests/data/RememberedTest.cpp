@@ -11,7 +11,7 @@
 namespace kelvrum {
 namespace {
 
-int worked = 0; // how often the function below was worked out
+int worked = 0; // how often the function below was called
 
 struct InverseOf {
     double operator()(double x) const {
@@ -32,7 +32,7 @@ std::vector<double> ask(Inverse& inverse, const std::vector<double>& arguments) 
     return results;
 }
 
-/// How many of the arguments are worked out.
+/// How many of the arguments are computed.
 template<typename Inverse>
 int workedFor(Inverse& inverse, const std::vector<double>& arguments) {
     worked = 0;
@@ -85,7 +85,7 @@ TEST(Remembered, NeighboursHavePlacesOfTheirOwn) {
 
 TEST(Remembered, PausesWhileMostAreNewAndLooksAgain) {
     Remembered<InverseOf, 1024> inverse;
-    std::vector<int> looked; // the uses that found the 7 that is asked for twice
+    std::vector<int> looked; // the uses that found the 7 that is looked up twice
     double next = 8;
     for (int use = 0; use < 40; ++use) {
         const std::vector<double> arguments = {7, next, next + 1, next + 2, next + 3, 7};

@@ -17,7 +17,7 @@ using namespace kelvrum::testing;
 
 /// What is wrong with a series; empty when the gap rules hold.
 std::string gapFinding(std::size_t count) {
-    bool previous = true; // a gap in front counts as one behind another
+    bool previous = true; // a gap in front counts as one after another
     for (std::size_t i = 0; i < count; ++i) {
         const bool gap = seriesTable().row(SeriesTable::Y1)[i] == INVALID_VALUE;
         if (gap && previous) {

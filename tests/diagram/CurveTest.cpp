@@ -22,7 +22,7 @@ using ::testing::ElementsAre;
 
 constexpr double HOUR = 1.0 / 24;
 
-/// Keeps what the walk hands over as a text: "0,150-10,149" a line, "*0,150" a point, "#1" a pass,
+/// Records what the walk passes as text: "0,150-10,149" a line, "*0,150" a point, "#1" a pass,
 /// "[l,t,r,b]" a bar. x counts from the left axis.
 class TextSink {
   public:

@@ -1,4 +1,4 @@
-// The line diagram on paper: what stands where on a page. All lengths are millimetres from its upper left
+// The line diagram on paper: what is where on a page. All lengths are millimetres from its upper left
 // corner.
 #include "drawing/PainterSurface.h"
 #include "tests/diagram/PrintedDiagram.h"

@@ -1,4 +1,4 @@
-// What the readout says and where its field lies.
+// What the readout says and where its field is.
 #include "diagram/ReadoutText.h"
 
 #include <cmath>

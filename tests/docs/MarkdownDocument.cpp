@@ -26,7 +26,7 @@ std::size_t hexNumber(const std::string& digits) {
     return end == digits.size() ? value : throw std::runtime_error("no hexadecimal number: " + digits);
 }
 
-/// Adds a line of a dump to a file's bytes; each line begins where the one before ended, or behind it.
+/// Adds a line of a dump to a file's bytes; each line begins where the one before ended, or after it.
 void addDumpLine(std::string_view line, std::string& bytes) {
     const std::vector<std::string> words = wordsOf(line);
     if (words.empty() || hexNumber(words.front()) < bytes.size()) {
@@ -65,7 +65,7 @@ class DocumentReader {
             waiting_ = true;
         } else if (line.starts_with('|') && waiting_) {
             ++linesOfTable_;
-            if (linesOfTable_ > 2) { // behind the headings and the rule below them
+            if (linesOfTable_ > 2) { // after the headings and the rule below them
                 document_.tables.back().rows.push_back(cellsOf(line));
             }
         } else if (linesOfTable_ > 0) {

@@ -11,7 +11,7 @@ namespace kelvrum::testing {
 
 using TableRow = std::vector<std::string>;
 
-/// A table behind a comment "<!-- words -->": the words and the rows below the headings.
+/// A table after a comment "<!-- words -->": the words and the rows below the headings.
 struct MarkedTable {
     std::vector<std::string> words;
     std::vector<TableRow> rows;

@@ -169,7 +169,7 @@ void checkRow(const Case& c, const IntervalValue& row, std::int64_t number) {
     }
 }
 
-/// The columns of the table are the rows of the list, with one gap behind the last of several values.
+/// The columns of the table are the rows of the list, with one gap after the last of several values.
 void checkSeries(const std::vector<IntervalValue>& rows, const DiagramState& diagram) {
     const auto times = seriesTable().row(SeriesTable::TIME);
     const auto values = seriesTable().row(SeriesTable::Y1);

@@ -20,11 +20,11 @@ class ChannelInput {
     //  offset  size  content
     //       0     1  mode
     //       1     1  interval
-    //       2     1  bit 0: there is no paired file; bit 1: reading fails behind some bytes; bits 2, 3: the place
-    //       3     1  bytes behind which reading fails, in eighths of the file's first ones
-    //       4     2  start, minutes behind the place, signed
-    //       6     2  end, minutes behind the start, signed
-    //       8     2  where the file's own bytes lie, bytes behind the place, signed
+    //       2     1  bit 0: there is no paired file; bit 1: reading fails after some bytes; bits 2, 3: the place
+    //       3     1  bytes after which reading fails, in eighths of the file's first ones
+    //       4     2  start, minutes after the place, signed
+    //       6     2  end, minutes after the start, signed
+    //       8     2  where the file's own bytes lie, bytes after the place, signed
     //      10     2  not used
     // clang-format on
     explicit ChannelInput(std::string_view bytes) {

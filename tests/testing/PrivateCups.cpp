@@ -167,7 +167,7 @@ sockaddr_un addressOf(const std::string& path) {
     return address;
 }
 
-/// Whether somebody listens on a socket.
+/// Whether a server listens on a socket.
 bool answers(const std::string& path) {
     const sockaddr_un address = addressOf(path);
     const int handle = ::socket(AF_UNIX, SOCK_STREAM, 0);
@@ -177,7 +177,7 @@ bool answers(const std::string& path) {
     return connected;
 }
 
-/// The numbers of the jobs in a state. They are listed as "Testdrucker-12  user  1024  date", one a line.
+/// The numbers of the jobs in a state. They are listed as "Testdrucker-12  user  1024  date", one per line.
 std::vector<int> jobs(const char* state) {
     std::vector<int> numbers;
     const auto lines = outputOf(QStringLiteral("lpstat"),

@@ -1,7 +1,7 @@
 // Properties that hold for every input: tried with many made inputs, and told with a small one that breaks
 // them.
 //
-// A test hands its own seed and count. The environment variables KELVRUM_PROPERTY_SEED and
+// A test passes its own seed and count. The environment variables KELVRUM_PROPERTY_SEED and
 // KELVRUM_PROPERTY_COUNT take their place, to try others or to see one failed case again.
 #pragma once
 

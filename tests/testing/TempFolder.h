@@ -21,7 +21,7 @@ class TempFolder {
     [[nodiscard]] const std::filesystem::path& path() const { return path_; }
     /// The path of a name in the folder, as UTF-8 text.
     [[nodiscard]] std::string at(std::string_view name) const;
-    /// The folder's path with a "/" behind it.
+    /// The folder's path with a "/" after it.
     [[nodiscard]] std::string base() const { return at(""); }
     /// Writes a file, making the folders of its name, and returns its path.
     std::string write(std::string_view name, std::string_view bytes) const; // NOLINT(modernize-use-nodiscard)

@@ -1,5 +1,5 @@
-// Hands to work a window with, as a person does: controls are found by their object names, keys and clicks go
-// through the toolkit. Shared by tests, tour and benchmarks.
+// Helpers to operate a window with, as a person does: controls are found by their object names, keys and
+// clicks go through the toolkit. Shared by tests, tour and benchmarks.
 #pragma once
 
 #include <QRect>

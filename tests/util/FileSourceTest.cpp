@@ -1,4 +1,4 @@
-// Real files behind the reading interface: what is opened, and reads at and behind the end.
+// Real files behind the reading interface: what is opened, and reads at and after the end.
 #include "util/FileSource.h"
 
 #include "tests/testing/OrdinaryUser.h"

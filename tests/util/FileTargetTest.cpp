@@ -1,4 +1,4 @@
-// Real files behind the writing interface: what is opened or created, and writes at, in and behind the end.
+// Real files behind the writing interface: what is opened or created, and writes at, in and after the end.
 #include "util/FileTarget.h"
 
 #include "tests/testing/OrdinaryUser.h"

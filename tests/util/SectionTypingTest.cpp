@@ -49,8 +49,8 @@ TEST(SectionTyping, ShowsWhatIsTyped) {
         {"dd.MM.yyyy", "18.06.2020", 0, "1.7.2021", "1.7.2021", 2},
         {"dd.MM.yyyy", "18.06.2020", 0, "5.2.1", "5.2.1", 2}, // 5 and 2 are full: no second digit can follow
         {"dd.MM.yyyy", "18.06.2020", 0, "4/9/", "4.9.2020", 2},    // any separator
-        {"dd.MM.yyyy", "18.06.2020", 0, "..", "18.06.2020", 0},    // nothing to hand over
-        {"dd.MM.yyyy", "18.06.2020", 1, "12", "18.12.2020", 2},    // handed over
+        {"dd.MM.yyyy", "18.06.2020", 0, "..", "18.06.2020", 0},    // nothing to move on
+        {"dd.MM.yyyy", "18.06.2020", 1, "12", "18.12.2020", 2},    // moved on
         {"dd.MM.yyyy", "18.06.2020", 2, "20215", "18.06.2021", 2}, // no fifth digit
         {"dd.MM.yyyy", "18.06.2020", 9, "1999", "18.06.1999", 2},  // there is no tenth section
         {"dd.MM.yyyy", "18.06.2020", 2, "<", "18.06.202", 2},
@@ -64,7 +64,7 @@ TEST(SectionTyping, ShowsWhatIsTyped) {
         {"hh:mm", "10:00", 0, "9:30", "9:30", 1},
         {"hh:mm", "10:00", 0, "1:2", "1:2", 1},
         {"hh:mm", "10:00", 1, "7", "10:7", 1},
-        {"hh:mm", "10:00", 0, "6:5:30", "6:5", 1}, // nothing stands behind the last section
+        {"hh:mm", "10:00", 0, "6:5:30", "6:5", 1}, // nothing follows the last section
         {"dd.MM.yyyy", "18.06.2020", 0, "16.05.19 10:00", "16.05.19", 2},
         {"dd.MM.yyyy", "18.06.2020", 0, "16.05.19 <8", "16.05.18", 2},
         {"dd.MM.yyyy", "18.06.2020", 0, "31<0", "30.06.2020", 1}, // the digit before the section was left

@@ -41,7 +41,7 @@ class Viewer {
         window->Form_Load();
         window->show();
         showChannel(DUST);
-        click("Option1"); // the automatic scale: all of the curve is to be seen
+        click("Option1"); // the automatic scale: all of the curve is visible
         showYear(*window);
         window->LoadData();
         QCoreApplication::processEvents();

@@ -31,7 +31,7 @@ AirValues AirModel::at(Minute minute, const Season& season, double wet) {
     const double damp = 80 - 6 * summer(minute) - 4.2 * daily + moisture_.step(random_) + 22 * wet;
     air.humidity = std::clamp(damp + 1.5 * ripple_.step(random_), 18.0, 100.0);
 
-    // The pressure falls toward a front and rises behind it; twice a day it breathes.
+    // The pressure falls toward a front and rises after it; twice a day it breathes.
     const double trough = 7 * (season.since * season.since + 1 - season.passing) - 5 * afterFront(season);
     const double breath = 0.6 * std::cos(2 * TURN * (dayPart(minute) - 0.41));
     air.pressure = 1014 + 1.5 * std::cos(TURN * yearPart(minute)) + system_.step(random_) - trough + breath;

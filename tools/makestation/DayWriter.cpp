@@ -38,7 +38,7 @@ void DayWriter::put(const MinuteRecord& record) {
 }
 
 /// Mean, minimum and maximum. What has no mean has no extremes, and a calm or dry minute is one throughout;
-/// no extreme leaves zero behind on its way down, since no quantity that starts above zero falls below it.
+/// no extreme passes zero on its way down, since no quantity that starts above zero falls below it.
 void DayWriter::storeWide(std::size_t at, double mean, std::size_t quantity) {
     const double spread = SAMPLE_CHANNELS[quantity].spread;
     double minimum = mean;

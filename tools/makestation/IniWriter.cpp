@@ -65,7 +65,7 @@ std::string iniText(const StationPlan& plan) {
     for (const SampleChannel& channel : SAMPLE_CHANNELS) {
         text += channel.derived ? virtLine(channel) : chanLine(channel);
     }
-    // A direction line has an effect only behind the line of its channel.
+    // A direction line has an effect only after the line of its channel.
     return text + "\n" + limitLines() + "\nRICHTUNGREIN=2,Talwind\nRICHTUNGRAUS=2,Bergwind\n";
 }
 

@@ -29,7 +29,7 @@ class RainModel {
 
   private:
     Random random_;
-    std::vector<Shower> showers_; // in time order, one behind the other
+    std::vector<Shower> showers_; // in time order, one after the other
     std::size_t current_ = 0;
     double bucket_ = 0;
     double wet_ = 0;

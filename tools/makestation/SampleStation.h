@@ -28,7 +28,7 @@ class SampleStation {
   public:
     explicit SampleStation(const StationPlan& plan);
 
-    /// The next minute, from the plan's begin to its end; nothing behind the end.
+    /// The next minute, from the plan's begin to its end; nothing after the end.
     std::optional<MinuteRecord> next();
 
     /// The fronts, the first one before the begin.

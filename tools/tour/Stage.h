@@ -1,4 +1,4 @@
-// The real main window on a sample station, under a clock that stands still, and hands to work it with.
+// The real main window on a sample station, under a clock that stands still, and helpers to operate it with.
 #pragma once
 
 #include "app/f.h"
