@@ -39,6 +39,7 @@ run_tests() {
 
 step packages need_packages $BUILD_PACKAGES $TEST_PACKAGES $PACKAGING_PACKAGES
 step format tools/checks/format.sh
+step layers tools/checks/layers.sh
 step shell tools/checks/shell.sh
 step plain plain
 step clang build clang
