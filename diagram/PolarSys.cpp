@@ -36,22 +36,25 @@ void PolarSys::Draw() {
     update();
 }
 
+void PolarSys::setPrintJob(const PrintJob& job) { printJob_ = job.watched(); }
+
 void PolarSys::PrintDiag(bool& finish) {
-    if (printJob_ == nullptr) {
+    const std::shared_ptr<PrintJob> job = printJob_.lock();
+    if (!job) {
         throw PrintError("Es ist kein Drucker eingerichtet.");
     }
     try {
-        Surface& page = printJob_->newPage(QPageLayout::Landscape);
+        Surface& page = job->newPage(QPageLayout::Landscape);
         if (DiagTyp() == KIND_POLAR) {
             printPolarDiagram(page, {width(), height()}, *this, texts_);
         } else {
             drawLineDiagram(page, *this, DiagramLayout::page(), texts_);
         }
         if (finish) {
-            printJob_->end();
+            job->end();
         }
     } catch (const std::exception&) {
-        printJob_->abandon();
+        job->abandon();
         throw;
     }
 }

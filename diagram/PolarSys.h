@@ -8,6 +8,7 @@
 
 #include <QPixmap>
 #include <QWidget>
+#include <memory>
 #include <optional>
 
 namespace kelvrum {
@@ -25,8 +26,8 @@ class PolarSys : public QWidget, public DiagramState {
     /// Draws the picture at once.
     void Draw();
 
-    /// The job that PrintDiag prints into; it must outlive the control.
-    void setPrintJob(PrintJob& job) { printJob_ = &job; }
+    /// The job that PrintDiag prints into, as long as it is there.
+    void setPrintJob(const PrintJob& job);
 
     /// Draws the diagram on a new page of the print job, landscape. With `finish` the job is ended
     /// afterwards; otherwise it stays open for further pages. Throws PrintError, or what the drawing throws;
@@ -72,7 +73,7 @@ class PolarSys : public QWidget, public DiagramState {
     void paintPicture(const QSize& wanted, double ratio);
 
     LocaleTexts texts_;
-    PrintJob* printJob_ = nullptr;
+    std::weak_ptr<PrintJob> printJob_;
     QPixmap pb_;
     bool stale_ = true; // the picture is to be drawn before it is shown
     int drawings_ = 0;

@@ -63,6 +63,9 @@ class PrintJob {
     PrintJob& operator=(const PrintJob&) = delete;
     ~PrintJob();
 
+    /// The job as long as it is there, for those that it does not outlive.
+    [[nodiscard]] std::weak_ptr<PrintJob> watched() const { return self_; }
+
     void setStep(Step step) { step_ = std::move(step); }
 
     /// Whether there is something to print on: the system has a printer and the current one a name, or file
@@ -131,10 +134,11 @@ class PrintJob {
     void send(const DocumentFile& document, QPageLayout::Orientation orientation, std::size_t pages);
     void sendByToolkit(const std::vector<Sheets>& sheets);
 
-    std::unique_ptr<QPrinter> printer_; // made when it is first needed
-    std::optional<QMarginsF> margins_;  // set by the user, in millimetres
-    QString dialogFile_;                // that the printer was last seen with
-    QString file_;                      // of the next job; empty: not known yet
+    std::shared_ptr<PrintJob> self_{this, [](PrintJob*) {}}; // owns nothing: it ends with the job
+    std::unique_ptr<QPrinter> printer_;                      // made when it is first needed
+    std::optional<QMarginsF> margins_;                       // set by the user, in millimetres
+    QString dialogFile_;                                     // that the printer was last seen with
+    QString file_;                                           // of the next job; empty: not known yet
     QString lastFile_;
     QString name_;
     Step step_;

@@ -251,6 +251,15 @@ class PrintDiagTest : public QObject {
         QCOMPARE(printedPages(documents()[0]).size(), std::size_t(2));
     }
 
+    void aControlThatOutlivesItsJobSaysSo() {
+        PolarSys control{LocaleTexts()};
+        auto job = std::make_unique<PrintJob>();
+        control.setPrintJob(*job);
+        job.reset();
+        QCOMPARE(failure(control, true), std::string("Es ist kein Drucker eingerichtet."));
+        QCOMPARE(failure(control, false), std::string("Es ist kein Drucker eingerichtet."));
+    }
+
     void aControlWithoutAJobSaysSo() {
         PolarSys control{LocaleTexts()};
         QCOMPARE(failure(control, true), std::string("Es ist kein Drucker eingerichtet."));
