@@ -1,4 +1,4 @@
-// How the program presents itself to the desktop, and Qt's own texts.
+// The program's identity on the desktop, and the language of Qt's own texts.
 #pragma once
 
 #include <QIcon>
@@ -7,11 +7,11 @@ class QGuiApplication;
 
 namespace kelvrum {
 
-/// The icon of the program in the sizes of a desktop, from the program itself.
+/// The program's icon in the usual desktop sizes, from its resources.
 QIcon programIcon();
 
-/// Names the application and its version to the desktop and to the folder of the user's data, gives all
-/// windows the icon and lets Qt speak German.
+/// Sets the application's name and version (for the desktop and the user's data folder), gives all
+/// windows the icon and switches Qt's own texts to German.
 void setUpApplication(QGuiApplication& application);
 
 /// Qt's own texts (file dialogs, message boxes, the printer's set-up) become German, whatever the locale is:

@@ -23,7 +23,7 @@ class ChannelChoice : public QListWidget {
     [[nodiscard]] std::int32_t channel() const;
 
   Q_SIGNALS:
-    /// The user has chosen a channel, be it the same again.
+    /// The user has chosen a channel, possibly the same one again.
     void chosen();
 
   protected:

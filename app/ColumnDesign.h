@@ -1,4 +1,4 @@
-// The measures of the left column.
+// The dimensions of the left column.
 #pragma once
 
 #include <QRect>

@@ -15,7 +15,7 @@ constexpr int NOTCH = 120;
 constexpr int ROOM_ABOVE = 19; // shows the caption of a frame with its first control
 constexpr int ROOM_BELOW = 5;
 
-/// A click has found its control, and it must not move away from under the pointer.
+/// A click has already hit its control, which must not move away from under the pointer.
 bool bringsIntoView(Qt::FocusReason reason) {
     return reason != Qt::MouseFocusReason && reason != Qt::ActiveWindowFocusReason &&
            reason != Qt::PopupFocusReason;

@@ -18,10 +18,10 @@ class ColumnScroll : public QObject {
 
   public:
     /// The parts are children of `area`, at their design positions, and complete: what is added to one of
-    /// them later is not noticed. All of them outlive this object's events; `area` becomes its parent.
+    /// them later is ignored. All of them outlive this object's events; `area` becomes its parent.
     ColumnScroll(QWidget& area, const std::vector<QWidget*>& parts);
 
-    /// Sets the height that the column has got, from the area's upper edge on.
+    /// Sets the height available to the column, from the area's upper edge.
     void setHeight(int height);
 
   protected:
@@ -43,7 +43,7 @@ class ColumnScroll : public QObject {
     int columnWidth_ = 0;
     int columnHeight_ = 0;
     int height_ = 0;
-    int offset_ = 0; // pixels that the parts lie above their design positions
+    int offset_ = 0; // pixels by which the parts are moved up from their design positions
 };
 
 } // namespace kelvrum

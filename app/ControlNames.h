@@ -1,4 +1,4 @@
-// What readers of the screen and tool tips call the controls of the main window.
+// Accessible names and tool tips of the main window's controls.
 #pragma once
 
 class QWidget;

@@ -6,7 +6,7 @@
 namespace kelvrum {
 
 namespace {
-/// Smaller values are shown as 0: they stand for a measured zero.
+/// Smaller values are shown as 0: they represent a measured zero.
 constexpr double SHOWN_AS_ZERO = 1e-200;
 } // namespace
 

@@ -25,10 +25,10 @@ class DataListModel : public QAbstractTableModel {
     /// Removes all rows. Their memory is kept for the next ones.
     void clear();
 
-    /// Gives back the memory of the rows that were removed.
+    /// Releases the memory of removed rows.
     void releaseMemory();
 
-    /// Makes room for so many rows of time and value at once.
+    /// Reserves memory for this many rows of time and value.
     void expect(std::size_t rows) { rows_.reserve(rows); }
 
     /// Adds rows of time and value. The views see them with the next `show`.

@@ -27,7 +27,7 @@ class DateFrame : public QGroupBox {
     /// The range of the start; both times count as 00:00 before the first change.
     void start(const TimeRange& range);
 
-    /// Takes over what is being typed.
+    /// Applies an unfinished entry.
     void finish() { period_->finish(); }
 
     /// Shifts both sides by a scroll unit, forward or back. Raises no signal.

@@ -177,7 +177,7 @@ bool DiagramInput::typedWithCtrl(int key) {
     }
 }
 
-/// From the readout on; the band lies between it and where the readout has moved to.
+/// The band extends from where the readout was to where it has moved.
 void DiagramInput::extendBand(int direction) {
     if (!anchor_) {
         drag_.reset();

@@ -24,7 +24,7 @@ class DiagramInput : public QObject {
     Q_OBJECT
 
   public:
-    /// `range` and `interval` (minutes) tell what is chosen in the window at the moment.
+    /// `range` and `interval` (minutes) return the window's current choice.
     DiagramInput(PolarSys& diagram, ReadoutOverlay& overlay, std::function<TimeRange()> range,
                  std::function<std::int32_t()> interval);
 

@@ -1,4 +1,4 @@
-// What the main window takes from the world around it. Tests hand in their own.
+// What the main window needs from its environment. Tests supply their own.
 #pragma once
 
 #include "util/Dialogs.h"

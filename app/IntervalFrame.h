@@ -24,7 +24,7 @@ class IntervalFrame : public QGroupBox {
     void start();
 
   Q_SIGNALS:
-    /// The user has chosen an interval, be it the same again.
+    /// The user has chosen an interval, possibly the same one again.
     void chosen();
 
   private:

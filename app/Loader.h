@@ -15,7 +15,7 @@ namespace kelvrum {
 /// load and one task, whatever the user does.
 class Loader {
   public:
-    /// One load from its start to the view that it shows. It gives up, and shows nothing, when `step` returns
+    /// One load from its start to the view that it shows. It stops, and shows nothing, when `step` returns
     /// false; `step` lets pending events run.
     using Load = std::function<void(const ReadingStep& step)>;
 
@@ -37,7 +37,7 @@ class Loader {
 
     [[nodiscard]] bool isLoading() const { return loading_; }
 
-    /// Whether the running load has to give up: it must show nothing any more.
+    /// Whether the running load has been superseded: it must show nothing any more.
     [[nodiscard]] bool isOvertaken() const { return overtaken_; }
 
     /// How many loads have been requested so far.

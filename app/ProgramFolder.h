@@ -5,7 +5,7 @@
 
 namespace kelvrum {
 
-/// The executable's folder when it holds a project (projectFile) or can be written; otherwise, as
+/// The executable's folder when it holds a project (projectFile) or is writable; otherwise, as
 /// after an installation for all users, the user's data folder of the application, which is made when it is
 /// missing.
 QString programFolder(const QString& executableFolder, const QString& userDataFolder);

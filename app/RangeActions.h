@@ -19,7 +19,7 @@ class RangeActions : public QObject {
     Q_OBJECT
 
   public:
-    /// `range` is what is chosen in the window; `finishEdits` takes over what is being typed there.
+    /// `range` is what is chosen in the window; `finishEdits` applies an unfinished entry there.
     RangeActions(QWidget& window, std::function<TimeRange()> range, std::function<void()> finishEdits);
 
     /// Appends "Zeitraum", "Zurück" and "Vor" to a menu.

@@ -21,7 +21,7 @@ class ViewSwitch : public QObject {
     void start();
 
   Q_SIGNALS:
-    /// The user has clicked a button, be it the chosen one.
+    /// The user has clicked a button, possibly the selected one.
     void chosen();
 
   private:

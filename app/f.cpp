@@ -21,7 +21,7 @@ namespace kelvrum {
 
 namespace {
 
-/// A home that is missing or full keeps nobody from looking at a station.
+/// A missing or full home folder must not prevent the user from viewing a station.
 QString noProgramFolder(const QString& folder) {
     return QStringLiteral("Der Programmordner „%1“ ist nicht zugänglich.\n"
                           "Projekte lassen sich über „Datei“ – „Öffnen“ ansehen; die Einstellungen des "
@@ -70,7 +70,7 @@ void f::Form_Load() {
     KS.setY1High(5);
     KS.setY1MinLow(0.2);
 
-    // Setting a control from code raises no change handling; the one LoadData of the start comes last.
+    // Setting a control from code triggers no change handling; the only LoadData of the start-up comes last.
     zoom_->start();
     const QDate today = environment_.today();
     const DateTime midnight = dateSerial(today.year(), today.month(), today.day());

@@ -136,7 +136,7 @@ void f::buildKeys() {
     view_->diagram().installEventFilter(this);
 }
 
-/// Takes over what is being typed into a picker, before a key that needs the range.
+/// Applies an unfinished entry in a picker before a key that needs the range.
 void f::finishEdits() { date_->finish(); }
 
 /// The page keys scroll the range by the scroll unit, as the buttons do. True when the key was one.

@@ -17,7 +17,7 @@
 
 namespace kelvrum {
 
-/// Says so when the system has no printer or the current one no name.
+/// Shows a message when the system has no printer or the current one has no name.
 bool f::printerReady() {
     try {
         if (printJob_.hasPrinter()) {

@@ -18,7 +18,7 @@ namespace kelvrum {
 
 namespace {
 
-/// Whether the station was read from a file: a start without one leaves an empty station behind.
+/// Whether the station was read from a file; after a start without one it is empty.
 bool isOpen(const StationConfig& station) {
     return station.Kind != ConfigKind::none &&
            fileExists(station.BaseFolder + std::string(formOf(station).fileName));

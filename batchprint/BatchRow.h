@@ -23,7 +23,7 @@ class BatchRow : public QObject {
     Q_OBJECT
 
   public:
-    /// A number field holds no number; what() says so to the user.
+    /// A number field holds no number; what() is the message for the user.
     struct NotANumber : std::runtime_error {
         NotANumber(const BatchRow& rowOfField, QLineEdit& wrongField);
         const BatchRow& row;

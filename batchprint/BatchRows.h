@@ -1,4 +1,4 @@
-// The rows of the batch print: which channel stands in which row, and what a row holds.
+// The rows of the batch print: the channel of each row and the row's settings.
 #pragma once
 
 #include <algorithm>
@@ -15,7 +15,7 @@ inline constexpr std::size_t SLOT_COUNT = 16;
 inline constexpr std::array<std::int32_t, SLOT_COUNT> SLOT_CHANNELS = {1,  6,  2, 12, 13, 8, 9, 10,
                                                                        14, 15, 0, 0,  0,  0, 0, 0};
 
-/// Slots with a row: they stand before those without.
+/// Slots with a row: they precede those without.
 inline constexpr std::size_t ROW_COUNT =
     SLOT_COUNT - static_cast<std::size_t>(std::ranges::count(SLOT_CHANNELS, 0));
 

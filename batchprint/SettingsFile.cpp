@@ -76,7 +76,7 @@ LoadedSettings decodeSettings(std::span<const std::byte, FILE_SIZE> bytes) {
 LoadedSettings loadSettings(std::string_view path, const FileOpener& open) {
     const auto file = open(path);
     if (!file) {
-        return {{}, fileExists(path)}; // there, but not to be read: a folder, say
+        return {{}, fileExists(path)}; // exists but cannot be read, for example a folder
     }
     SettingsBytes bytes{};
     if (file->size() != bytes.size() || file->read(0, bytes) != bytes.size()) {

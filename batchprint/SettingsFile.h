@@ -15,7 +15,7 @@
 
 namespace kelvrum {
 
-/// The settings file; it lies in the current folder.
+/// The settings file, in the current folder.
 inline constexpr std::string_view SETTINGS_FILE = "Sammeldruck.cfg";
 
 using SettingsBytes = std::array<std::byte, sammeldruck::FILE_SIZE>;
@@ -36,7 +36,7 @@ SettingsBytes encodeSettings(std::span<const RowSettings> rows);
 /// A check box state other than 0 counts as checked.
 LoadedSettings decodeSettings(std::span<const std::byte, sammeldruck::FILE_SIZE> bytes);
 
-/// Reads a settings file. None at all is no damage: there are no rows then.
+/// Reads a settings file. A missing file is not damaged: it has no rows.
 LoadedSettings loadSettings(std::string_view path = SETTINGS_FILE, const FileOpener& open = openFile);
 
 /// Replaces a settings file as a whole. When anything fails the old one stays as it was; the result says

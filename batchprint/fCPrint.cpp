@@ -33,7 +33,7 @@ void fCPrint::loadSettings() {
     for (std::size_t i = 0; i < loaded.rows.size(); ++i) {
         rows_[i]->apply(loaded.rows[i]);
     }
-    if (loaded.damagedRow) { // what stands before its interval is received still
+    if (loaded.damagedRow) { // what precedes its interval is still applied
         rows_[loaded.rows.size()]->applyChoices(*loaded.damagedRow);
     }
     if (loaded.damaged) {

@@ -49,7 +49,7 @@ class fCPrint : public QDialog {
 
     /// Builds the rows and loads the settings; a damaged settings file is reported at once.
     explicit fCPrint(Owner owner, QWidget* parent = nullptr);
-    /// Resets the pointer, should it still be the hourglass.
+    /// Resets the busy cursor if it is still set.
     ~fCPrint() override;
 
     /// What SaveButton does. With a field that holds no number nothing is written, and that field gets the

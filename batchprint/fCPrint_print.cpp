@@ -110,7 +110,7 @@ void fCPrint::printRows() {
     if (!isEarlier(range.from, range.to)) {
         owner_.dialogs.message(this, QStringLiteral("Bitte überprüfen Sie die Angabe des Zeitraums!"),
                                windowTitle());
-        return; // the pointer stays the hourglass on purpose
+        return; // the busy cursor stays set on purpose
     }
     const QPointer<QWidget> focused = focusWidget();
     setPrinting(true);

@@ -1,4 +1,4 @@
-// Where a station's data files lie.
+// Where a station's data files are.
 #pragma once
 
 #include "config/StationConfig.h"

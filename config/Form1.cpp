@@ -55,7 +55,7 @@ Form1::Form1(std::string folder, Owner owner, FileOpener open, Dialogs& dialogs,
 
     Command2 = new QPushButton(QStringLiteral("&Manuell suchen"), this);
     Command2->setObjectName(QStringLiteral("Command2"));
-    Command2->setAutoDefault(true); // the return key means it, not a project beside it
+    Command2->setAutoDefault(true); // the return key triggers this button, not a project
     Command2->setToolTip(QStringLiteral("Einen Projektordner auswählen"));
     connect(Command2, &QPushButton::clicked, this, &Form1::searchByHand);
 

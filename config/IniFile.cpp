@@ -72,7 +72,7 @@ void readLines(FileSource& file, Consume consume) {
 }
 
 /// The fields of one line. A field that the line does not have reads as an empty text. Whole numbers that do
-/// not fit 32 bits are remembered, since they make the line ignored.
+/// not fit 32 bits are recorded, since they make the line invalid.
 class Fields {
   public:
     explicit Fields(std::string_view line)

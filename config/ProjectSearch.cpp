@@ -7,7 +7,7 @@
 namespace kelvrum {
 
 std::vector<FoundProject> findProjects(std::string_view folder, const FileOpener& open) {
-    constexpr std::string_view NO_PROJECT = "@>"; // a name that stays when the file gives none
+    constexpr std::string_view NO_PROJECT = "@>"; // kept as the name when the file has none
     std::vector<FoundProject> projects;
     const std::string base = withSeparator(folder);
     for (const std::string& name : foldersIn(folder)) {

@@ -18,7 +18,7 @@ struct FoundProject {
 };
 
 /// The subfolders of a folder whose ini configuration has a "PROJEKTNAME" line, in byte order of their names.
-/// Looks only; no open project is touched.
+/// The open project is not changed.
 std::vector<FoundProject> findProjects(std::string_view folder, const FileOpener& open = openFile);
 
 } // namespace kelvrum

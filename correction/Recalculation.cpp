@@ -75,7 +75,7 @@ class YearRecalculation {
             const std::size_t got =
                 compute(std::span(results).first(n), values, static_cast<std::uint64_t>(offset));
             if (got == 0) {
-                break; // a source has become shorter meanwhile
+                break; // a source has become shorter in the meantime
             }
             if (!target.file) { // not before there is a value to write
                 target = files_.openTarget(targetPath_);

@@ -67,7 +67,7 @@ void fChange::factorEdited() {
     OKButton->setEnabled(factorOf(Text1->text().toStdString()) != currentFactor_);
 }
 
-/// From here to the dialog's end nothing can be typed or pressed.
+/// From here until the dialog ends, nothing can be typed or pressed.
 void fChange::showRunning() {
     running_ = true;
     wait_->show();

@@ -22,7 +22,7 @@ struct BlockRun {
     [[nodiscard]] bool empty() const { return blocks == 0; }
 };
 
-/// Memory that is kept from one reading to the next. A reading takes it and returns it at its end; one
+/// Memory that is kept from one reading to the next. A reading takes it and returns it at the end; one
 /// that starts meanwhile finds it empty and uses memory of its own.
 struct ReadBuffers {
     std::vector<double> values;

@@ -1,4 +1,4 @@
-// Layout of the channel data files "Kanal04_2020.chn": a header that nobody reads, then one IEEE 754 double
+// Layout of the channel data files "Kanal04_2020.chn": a header that is not read, then one IEEE 754 double
 // for each minute of the year, little-endian.
 #pragma once
 

@@ -1,4 +1,4 @@
-// The readers behind the main window: from a channel, a time range and an interval to list rows or to the
+// The main window's readers: from a channel, a time range and an interval to list rows or to the
 // series of a diagram.
 #pragma once
 
@@ -18,7 +18,7 @@
 
 namespace kelvrum {
 
-/// Two horizontal auxiliary lines, as they were asked for; each is still to pass the validity test.
+/// Two horizontal auxiliary lines, as requested; each still has to pass the validity test.
 struct AuxiliaryLines {
     double first = 0;
     double second = 0;

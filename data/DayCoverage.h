@@ -14,7 +14,7 @@ namespace kelvrum {
 
 /// What a day is marked with.
 enum class Coverage {
-    unmarked, // nothing is told about the day
+    unmarked, // nothing is known about the day
     none,     // no minute present
     partial,
     full, // at least 99 % of the minutes present
@@ -24,7 +24,7 @@ enum class Coverage {
 struct MonthCoverage {
     int year = 0;
     int month = 0;
-    bool summed = false;           // a dry minute is stored as 0: few minutes tell nothing about the day
+    bool summed = false;           // a dry minute is stored as 0, so few minutes say nothing about the day
     std::array<int, 31> minutes{}; // present, of 1440
 
     bool operator==(const MonthCoverage&) const = default;

@@ -19,7 +19,7 @@ struct DayRows {
     std::vector<DateTime> times;
     std::vector<float> values; // rows x channels; of wide records the means
 
-    /// Makes room for so many rows.
+    /// Reserves memory for this many rows.
     void reserve(std::size_t rows) {
         times.reserve(rows);
         values.reserve(rows * channels);

@@ -21,7 +21,7 @@ std::int64_t dayOf(std::int64_t minutes) {
     return minutes % MINUTES_PER_DAY < 0 ? day - 1 : day;
 }
 
-/// The time as the pickers have it: the day and the minutes of the day are added as they are there.
+/// The time as the pickers hold it: the day plus the minutes of the day.
 DateTime timeOf(std::int64_t minutes) {
     const std::int64_t day = dayOf(minutes);
     const std::int64_t inDay = minutes - day * MINUTES_PER_DAY;
@@ -51,7 +51,7 @@ std::int64_t lengthOf(const TimeRange& range) {
     return std::max<std::int64_t>(minutesOf(range.to, nearest) - minutesOf(range.from, nearest), 0);
 }
 
-/// `length` minutes, so placed that the time keeps its share of the range before it, and lies in it.
+/// `length` minutes, placed so that the range contains the time and the time keeps its relative position.
 TimeRange placed(const TimeRange& range, DateTime around, std::int64_t length, std::int32_t interval) {
     const double before = range.to > range.from ? (around - range.from) / (range.to - range.from) : 0;
     const double share = std::clamp(before, 0.0, 1.0);

@@ -8,7 +8,7 @@
 namespace kelvrum {
 
 void intervalStarts(DateTime start, std::int64_t first, std::int32_t interval, std::span<DateTime> starts) {
-    // Whole minutes are exact in a double; so written, the loop is worked through several at a time.
+    // Whole minutes are exact in a double; in this form the loop vectorises.
     const auto minutes = static_cast<double>(first * interval);
     for (std::size_t i = 0; i < starts.size(); ++i) {
         const double after = static_cast<double>(static_cast<std::int32_t>(i)) * interval;

@@ -32,7 +32,7 @@ class SeriesFill {
     /// Adds consecutive intervals of the reading that starts at `start`; the first has the number `first`.
     void add(DateTime start, std::int64_t first, std::int32_t interval, std::span<const double> values);
 
-    /// The next interval begins a new pass over the range: the first values stand without a gap before them.
+    /// The next interval begins a new pass over the range: no gap precedes its first value.
     void startPass() { previousValid_ = false; }
 
     /// Shrinks the table to the columns added, at least one, and returns how many were added.

@@ -1,4 +1,4 @@
-// What is told to a user who sees less than he expects.
+// Hints for a user who sees less than expected.
 #pragma once
 
 #include "util/DateTime.h"
@@ -9,8 +9,8 @@
 
 namespace kelvrum {
 
-/// What of a range is read from the file of the start's year: nothing when that is the range itself. An end
-/// at 00:00 of the next 1 January loses nothing, and an end that lies before the start counts as it stands.
+/// The part of a range that is read from the file of the start's year; nothing when it is all of it. An end
+/// at 00:00 of the next 1 January loses nothing, and an end before the start counts as it is.
 std::optional<TimeRange> cutAtNewYear(const TimeRange& range);
 
 /// What is known about a view. The lookups are made only while it has no values.

@@ -14,7 +14,7 @@
 
 namespace kelvrum {
 
-/// At most so many passes (means, minima, maxima) of a series are drawn.
+/// The greatest number of passes (means, minima, maxima) of a series that are drawn.
 inline constexpr int MAX_PASSES = 3;
 
 /// Finds the columns at which a new pass over the time range begins: those whose offset from XLow is not

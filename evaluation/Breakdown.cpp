@@ -12,7 +12,7 @@ constexpr int MINUTES_PER_HOUR = 60;
 constexpr std::int64_t LONGEST_IN_HOURS = MINUTES_PER_DAY;
 constexpr std::int64_t LONGEST_IN_DAYS = 62LL * MINUTES_PER_DAY;
 
-/// True when the range has at most so many minutes.
+/// True when the range has at most this many minutes.
 bool lasts(const TimeRange& range, std::int64_t minutes) {
     constexpr double ROUNDING = 1e-5; // minutes; below a millisecond
     return (range.to - range.from) * MINUTES_PER_DAY <= static_cast<double>(minutes) + ROUNDING;

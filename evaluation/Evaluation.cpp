@@ -10,7 +10,7 @@ namespace {
 
 constexpr double TO_RADIANS = std::numbers::pi / 180;
 
-/// Room for the values of a year of minutes is made at once; more is made when needed.
+/// Reserves memory for a year of minutes; grows when needed.
 constexpr std::int64_t MINUTES_OF_A_YEAR = 366LL * MINUTES_PER_DAY;
 
 /// The limits as they are compared; one that no value can reach counts as none.

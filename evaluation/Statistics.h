@@ -56,7 +56,7 @@ struct Statistics {
 /// Keeps the values, which order statistics need, and nothing else for each of them.
 class StatisticsTally {
   public:
-    /// Makes room for so many values at once.
+    /// Reserves memory for this many values.
     void expect(std::size_t values) { values_.reserve(values); }
 
     /// A value that counts.
