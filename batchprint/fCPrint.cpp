@@ -2,6 +2,7 @@
 
 #include "batchprint/BatchRow.h"
 #include "batchprint/SettingsFile.h"
+#include "util/ErrorText.h"
 #include "util/PeriodWidget.h"
 
 #include <QKeyEvent>
@@ -57,8 +58,7 @@ void fCPrint::saveSettings() {
             QStringLiteral("Die Datei „%1“ konnte nicht geschrieben werden: %2.\n"
                            "Die bisherigen Einstellungen bleiben. Bitte sorgen Sie für Platz und "
                            "Schreibrecht und speichern Sie noch einmal.")
-                .arg(QString::fromUtf8(SETTINGS_FILE.data()),
-                     QString::fromLocal8Bit(error.message().c_str())),
+                .arg(QString::fromUtf8(SETTINGS_FILE.data()), QString::fromStdString(errorText(error))),
             TITLE);
     } else {
         owner_.dialogs.message(this, QStringLiteral("Die Einstellungen wurden gespeichert."), TITLE);

@@ -3,6 +3,7 @@
 #include "config/DataFolder.h"
 #include "data/ChannelFiles.h"
 #include "data/ChannelFormat.h"
+#include "util/ErrorText.h"
 #include "util/LittleEndian.h"
 #include "util/Numbers.h"
 
@@ -127,7 +128,7 @@ class YearRecalculation {
     }
 
     [[nodiscard]] std::string failure(const std::error_code& error) const {
-        return "Die Datei „" + targetPath_ + "“ kann nicht geschrieben werden: " + error.message() +
+        return "Die Datei „" + targetPath_ + "“ kann nicht geschrieben werden: " + errorText(error) +
                ".\nBitte sorgen Sie für Platz und Schreibrecht und berechnen Sie den Zeitraum noch einmal.";
     }
 

@@ -1,5 +1,7 @@
 #include "drawing/DocumentFile.h"
 
+#include "util/ErrorText.h"
+
 #include <QDir>
 #include <QFileInfo>
 
@@ -130,7 +132,7 @@ bool DocumentFile::fail(const QString& reason) {
 }
 
 bool DocumentFile::fail(const std::error_code& error) {
-    return fail(QString::fromLocal8Bit(error.message().c_str()));
+    return fail(QString::fromStdString(errorText(error)));
 }
 
 } // namespace kelvrum
