@@ -15,7 +15,7 @@ namespace kelvrum {
 
 namespace {
 
-constexpr double CLICK = 5;     // pixels: a shorter way is a click
+constexpr double CLICK = 5;     // pixels: a shorter drag is a click
 constexpr int WHEEL_STEP = 120; // units
 
 } // namespace

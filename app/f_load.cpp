@@ -77,7 +77,7 @@ void f::accessibilityActiveChanged(bool active) {
     describeView(); // what is shown already
 }
 
-/// Reads what the view shows. The view that is not shown keeps nothing of an older request. False when the
+/// Reads what the view shows. The hidden view keeps nothing of an older request. False when the
 /// reading was given up.
 bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
     PolarSys& KS = view_->diagram();

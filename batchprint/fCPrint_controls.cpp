@@ -1,4 +1,4 @@
-// The controls of the batch print dialog: what there is, where it is, what it calls.
+// The controls of the batch print dialog: which there are, where they are, what they call.
 #include "batchprint/BatchColumns.h"
 #include "batchprint/BatchRow.h"
 #include "batchprint/fCPrint.h"

@@ -17,8 +17,7 @@ namespace kelvrum {
 
 namespace {
 
-constexpr std::int64_t MINUTES_OF_A_YEAR =
-    366LL * MINUTES_PER_DAY; // room made at once; more is made when needed
+constexpr std::int64_t MINUTES_OF_A_YEAR = 366LL * MINUTES_PER_DAY; // reserved at once; grows when needed
 
 /// Of an interval in minutes.
 double days(std::int32_t minutes) { return static_cast<double>(minutes) / MINUTES_PER_DAY; }

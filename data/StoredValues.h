@@ -21,7 +21,7 @@ bool hasFile(const StationConfig& station, std::int32_t channel);
 enum class StoredEnd { first, last };
 
 /// The time of the first or last minute of a channel that averaging counts: a wind direction needs its speed
-/// too. Years (days) without one are passed over.
+/// too. Years (days) without one are skipped.
 struct StoredTime {
     std::optional<DateTime> time; // nothing: the channel has no value
 };

@@ -6,7 +6,7 @@ namespace kelvrum {
 class PolarSys;
 class ReadoutOverlay;
 
-/// From now on what an overlay reads out is the accessible value of the diagram that it covers. To be called
+/// Makes what an overlay reads out the accessible value of the diagram that it covers. Call it
 /// before anything looks at a diagram from outside.
 void makeReadoutsAccessible();
 

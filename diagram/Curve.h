@@ -23,7 +23,7 @@ class PassDetector {
   public:
     explicit PassDetector(DateTime xLow)
         : xLow_(xLow) {}
-    /// To be called for every column in turn, gaps included; true when it starts a pass.
+    /// Call it for every column in turn, gaps included; true when the column starts a pass.
     bool starts(DateTime t) {
         const double offset = t - xLow_;
         const bool begins = hasPrevious_ && offset >= 0 && offset < previous_;
@@ -45,7 +45,7 @@ inline double joinedDirection(double previous, double v) {
     return std::fabs(other - previous) < std::fabs(v - previous) ? other : v;
 }
 
-/// What becomes the value before of the next point: kept within 0 to 540. Degrees.
+/// The previous value for the next point: kept within 0 to 540. Degrees.
 inline double keptDirection(double v) { return v >= 540 ? v - 360 : v < 0 ? v + 360 : v; }
 
 /// The upper edge of the bar of a value above a base line: a value above the axis' low end shows at least a
@@ -79,7 +79,7 @@ struct CurvePoint {
 /// out.
 std::optional<Segment> reachablePart(const CurvePoint& from, const CurvePoint& to);
 
-/// The square that a value without neighbours is drawn as.
+/// The square drawn for a value without neighbours.
 inline Box loneBox(Dot at, int side) {
     const int left = at.x - side / 2;
     const int top = at.y - side / 2;
@@ -99,7 +99,7 @@ class RunBuffer {
         add(point.dot());
         last_ = point;
     }
-    /// The run goes on to a point.
+    /// The run continues to a point.
     void join(const CurvePoint& point) {
         if (last_.isFar() || point.isFar()) {
             joinFar(point);
@@ -116,7 +116,7 @@ class RunBuffer {
         count_ = 0;
         linked_ = false;
     }
-    /// The run goes on from another point, which has been drawn already or is not visible on its own.
+    /// The run continues from another point, which has already been drawn or is not visible on its own.
     void restart(const CurvePoint& point) {
         link(point.dot());
         last_ = point;

@@ -23,7 +23,7 @@ struct DiagramLayout {
     double loneDot = 3;       // side of the square that a value without neighbours is drawn as
     double textGap = 1;       // between a tick and its label, and at the surface's edges
     double rightLabelGap = 3; // the same on the right: at less a tick before a number reads as its minus sign
-    double unitDrop = 1;      // unit and captions stand one and a half lines above the plot, less this
+    double unitDrop = 1;      // unit and captions are one and a half lines above the plot, less this
     double rowPitch = 10;     // from the time of a label to the date below it
     int totalRow = 1;         // row of the precipitation total below the axis; 1 is shared with the dates
     bool totalAtEdge = true;  // the total ends at the surface's right edge; else at the right axis
@@ -34,7 +34,7 @@ struct DiagramLayout {
     std::optional<double> textPoints;
 
     bool background = true;        // drawn on BgCol; the paper of a page stays as it is
-    bool titleBand = true;         // the titles stand on a filled band
+    bool titleBand = true;         // the titles are on a filled band
     std::optional<double> legendY; // upper edge of the legend of the passes; nothing: no legend
     double legendInset = 13;       // the first word is centred this much left of the middle
     double legendGap = 5;          // between the words

@@ -210,7 +210,7 @@ void DiagramState::Clear() {
 
 void DiagramState::SetArray(std::int32_t DataCount) {
     dataCount_ = DataCount;
-    columnInterval_ = 0; // that of other columns
+    columnInterval_ = 0; // the old one was of other columns
     dataIndex_ = static_cast<std::int32_t>(std::max<std::int64_t>(std::int64_t{DataCount} - 1, LOWEST_INDEX));
 }
 

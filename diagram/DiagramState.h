@@ -171,7 +171,7 @@ class DiagramState {
 
     /// Empties the polar lists and the shared table, then requests a repaint.
     void Clear();
-    /// Says how many columns of the shared table are valid; the caller has filled them.
+    /// Sets how many columns of the shared table are valid; the caller has filled them.
     void SetArray(std::int32_t DataCount);
     /// Appends a column to the shared table, or sets column `Index`, which must exist.
     void AddData(DateTime Zeit, double Y1, std::optional<double> Y2 = {},

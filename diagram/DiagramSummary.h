@@ -1,4 +1,4 @@
-// What a diagram shows, as text: for those who have the screen read out to them.
+// What a diagram shows, as text for screen readers.
 #pragma once
 
 #include "diagram/DiagramState.h"

@@ -150,7 +150,7 @@ class Drawing {
                    : drawCurve(surface_, series, state_.DiagTyp() == KIND_DIRECTION, colours);
     }
 
-    /// The interval of the series in days. Where nobody tells, a single column stands for the rest of the
+    /// The interval of the series in days. If it is unknown, a single column extends over the rest of the
     /// range.
     [[nodiscard]] double barWidth() const {
         if (state_.columnInterval() > 0) {
@@ -179,7 +179,7 @@ class Drawing {
     }
 
     /// On the screen the total shares the row of dates, the last one above the window's scroll bar. It is at
-    /// the very right, on a ground of its own, and covers as little of them as possible.
+    /// the very right, on its own background, and covers as little of them as possible.
     void drawTotal() {
         if (state_.DiagTyp() != KIND_PRECIPITATION) {
             return;

@@ -9,7 +9,7 @@
 
 namespace kelvrum {
 
-/// What a drawing found out.
+/// What a drawing returns.
 struct LineDrawing {
     PlotArea plot;
     ValueRange left; // of the value axes

@@ -17,10 +17,10 @@ constexpr std::array<double, 38> VALUE_STEPS = {0.001, 0.005, 0.01, 0.025, 0.05,
                                                 60,    70,    80,   90,    100,  125,   150,   200,  250, 300,
                                                 400,   500,   1000, 2000,  5000, 10000, 20000, 50000};
 
-/// The labels of a range that no multiple of the step lies in: its ends, with two decimals, and more until
+/// The labels of a range that contains no multiple of the step: its ends, with two decimals, and more until
 /// they differ.
 std::vector<ValueTick> endTicks(double low, double high, const LocaleTexts& texts) {
-    constexpr int MAX_DECIMALS = 15; // a number has no more digits to show
+    constexpr int MAX_DECIMALS = 15; // a double has no more significant digits
     std::string format = "######0.00";
     std::vector<ValueTick> ticks = {{low, {}}, {high, {}}};
     for (int decimals = 2; decimals <= MAX_DECIMALS && ticks[0].label == ticks[1].label; ++decimals) {
@@ -133,7 +133,7 @@ std::vector<ValueTick> valueTicks(ValueRange range, double length, double minDiv
         if (value > high + step * TICK_TOLERANCE) {
             break;
         }
-        if (value >= low - step * TICK_TOLERANCE) { // the first multiple may lie below the axis
+        if (value >= low - step * TICK_TOLERANCE) { // the first multiple may be below the axis
             ticks.push_back({value, formatNumber(value, format, texts)});
         }
     }

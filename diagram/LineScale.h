@@ -63,8 +63,8 @@ struct ValueTick {
     std::string label;
 };
 
-/// The ticks of a value axis that lie within its range, from the lower end on; the two ends of the range when
-/// no tick lies within it. `length` is the axis' length and `minDivision` the least distance of two ticks,
+/// The ticks of a value axis within its range, from the lower end on; the two ends of the range when
+/// it contains no tick. `length` is the axis' length and `minDivision` the smallest distance of two ticks,
 /// both in the same unit.
 std::vector<ValueTick> valueTicks(ValueRange range, double length, double minDivision,
                                   const LocaleTexts& texts);

@@ -33,17 +33,17 @@ bool waitUntil(Condition condition) {
     return true;
 }
 
-/// The machine's name of a target whose folders are there; empty when they cannot be made.
+/// The native path of a target whose folders exist; empty when they cannot be created.
 QString targetIn(const QString& fileName) {
     const QString native = QString::fromStdString(nativeText(fileName.toStdString()));
     if (endsInSeparator(fileName.toStdString())) {
-        QDir().mkpath(native); // the name of a folder: nothing is written into it
+        QDir().mkpath(native); // a folder's name: nothing is written to it
         return {};
     }
     return !native.isEmpty() && QDir().mkpath(QFileInfo(native).path()) ? native : QString();
 }
 
-/// The format that an extension asks for.
+/// The format of an extension.
 QByteArray formatOf(const QString& fileName) {
     const QByteArray extension = QFileInfo(fileName).suffix().toLower().toLatin1();
     return QImageWriter::supportedImageFormats().contains(extension) ? extension : QByteArray("jpg");
@@ -62,9 +62,9 @@ std::string temporaryBitmapName(const std::function<double()>& random) {
 }
 
 void savePicture(const QPixmap& picture, const QString& name) {
-    const QString fileName = name; // the caller's may change while this waits
+    const QString fileName = name; // the caller's string may change while this waits
     const QString old = QString::fromStdString(nativeText(fileName.toStdString()));
-    QFile::remove(old); // an error here is none
+    QFile::remove(old); // errors are ignored
     if (!waitUntil([&] { return !exists(fileName); })) {
         return;
     }

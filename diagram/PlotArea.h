@@ -12,7 +12,7 @@ namespace kelvrum {
 inline constexpr double LOWEST_DOT = -32768;
 inline constexpr double HIGHEST_DOT = 32767;
 
-/// The nearest dot of a coordinate, a half to the even neighbour. What lies outside of the range of surface
+/// The nearest dot of a coordinate, a half to the even neighbour. Anything outside the range of surface
 /// coordinates is moved to its edge, a NaN to the lower one.
 inline int nearestDot(double v) {
     // Adding and taking off 1.5 * 2^52 leaves a double rounded to whole numbers, half to even.
@@ -54,7 +54,7 @@ struct PlotArea {
     [[nodiscard]] double exactX(DateTime t) const { return left + (t - xLow) * dotsPerDay; }
     [[nodiscard]] int x(DateTime t) const { return nearestDot(exactX(t)); }
     [[nodiscard]] ValueScale scaleOf(const ValueRange& range) const {
-        // A range so far from 0 that it cannot be widened keeps no height: all lies on the base line then.
+        // A range too far from 0 to be widened has no height: everything is on the base line then.
         return {bottom, range.low, range.height() != 0 ? height() / range.height() : 0};
     }
     /// The dots on and between the axes.

@@ -37,7 +37,7 @@ void requireProduct(std::int32_t count, int radius) {
 /// One drawing: its inputs and what its stages share.
 class Drawing {
   public:
-    /// `paper` is the colour that the drawing stands on.
+    /// `paper` is the background colour of the drawing.
     Drawing(Surface& surface, DiagramState& state, const LocaleTexts& texts, Colour paper)
         : surface_(surface)
         , state_(state)
@@ -79,7 +79,7 @@ class Drawing {
     }
 
     Extent headExtent() {
-        surface_.setFont(bold()); // as the head line is written
+        surface_.setFont(bold()); // the font of the head line
         const Extent extent = surface_.textExtent(state_.HeadLine());
         surface_.setFont(state_.SkalaFont());
         return extent;
@@ -133,7 +133,7 @@ class Drawing {
             const Dot first = end(a);
             a += sector();
             const Dot second = end(a);
-            // A sector too small for two different ends would be taken for the whole circle.
+            // A sector too small for two different ends would be drawn as the whole circle.
             const bool tooSmall = first == second && state_.RadRaster() > 1;
             const Box box = tooSmall
                                 ? Box{xc, yc, xc, yc}
@@ -165,7 +165,7 @@ class Drawing {
         }
     }
 
-    /// How far the sector that points up reaches, in dots; it covers the spoke by itself.
+    /// How far the sector that points up reaches, in dots; it already covers the spoke.
     [[nodiscard]] double upwardReach(const DirectionClasses& classes) const {
         if (classes.maxCount <= 0) {
             return 0;

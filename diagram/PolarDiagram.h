@@ -38,7 +38,7 @@ struct PolarGeometry {
     [[nodiscard]] int dy(std::int32_t i) const;
 };
 
-/// What a drawing found out.
+/// What a drawing returns.
 struct PolarDrawing {
     PolarGeometry geometry;
     DirectionClasses classes; // empty without samples

@@ -82,14 +82,14 @@ void PolarSys::drawPicture() {
     pb_.setDevicePixelRatio(1);
     if (pb_.size() != wanted) {
         const QPixmap before = std::exchange(pb_, blankPicture());
-        if (!isDrawn(DiagTyp())) { // what there was stays
+        if (!isDrawn(DiagTyp())) { // the old picture stays
             QPainter(&pb_).drawPixmap(0, 0, before);
         }
     }
     try {
         paintPicture(wanted, ratio);
     } catch (const std::exception&) {
-        // The drawing has ended with a run-time error; what there is of it stays.
+        // The drawing ended with a run-time error; what has been drawn stays.
     }
     pb_.setDevicePixelRatio(ratio);
     Q_EMIT drawn();
@@ -121,7 +121,7 @@ void PolarSys::paintPicture(const QSize& wanted, double ratio) {
 }
 
 void PolarSys::paintEvent(QPaintEvent* /*event*/) {
-    if (stale_ || pb_.size() != pictureSize()) { // asked for, or resized since
+    if (stale_ || pb_.size() != pictureSize()) { // requested, or resized since
         drawPicture();
     }
     QPainter painter(this);

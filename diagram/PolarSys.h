@@ -60,7 +60,7 @@ class PolarSys : public QWidget, public DiagramState {
     void requestRepaint() override;
     void repaintNow() override { Draw(); }
     void backgroundChanged() override;
-    /// The control's own state, whatever that of the window around it.
+    /// The control's own state, regardless of the window around it.
     [[nodiscard]] bool enabledState() const override { return isEnabledTo(parentWidget()); }
     void applyEnabled(bool enabled) override { QWidget::setEnabled(enabled); }
 

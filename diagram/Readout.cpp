@@ -144,7 +144,7 @@ ValueSpread SeriesReader::spreadAround(std::size_t column, const PlotArea& plot)
 }
 
 double SeriesReader::joinedAt(std::size_t column) const {
-    // From 180 degrees on there is one place only within 540; what lies below depends on the value before.
+    // From 180 degrees on there is only one position within 540; below, it depends on the value before.
     std::size_t start = column;
     while (start > 0 && series_.y1[start] < HALF_CIRCLE && isValidPoint(series_.y1[start]) &&
            isValidPoint(series_.y1[start - 1])) {

@@ -47,7 +47,7 @@ class SeriesReader {
     /// The number of passes, at most three: means, minima, maxima.
     [[nodiscard]] int passes() const { return passes_; }
 
-    /// The column with a value that lies nearest to a time, the earlier one on a tie; nothing in a gap, that
+    /// The column with a value nearest to a time, the earlier one on a tie; nothing in a gap, that
     /// is where the nearest interval of the grid has no value and no value lies within `reach` days.
     [[nodiscard]] std::optional<ReadValue> at(DateTime t, double reach) const;
 

@@ -70,7 +70,7 @@ void ReadoutOverlay::keepSeries() {
         reader_ = SeriesReader({kept_[0], kept_[1], kept_[2]}, diagram_.XLow(), diagram_.columnInterval());
         isRead_ = true;
     } else {
-        isLost_ = true; // what the pointer comes upon now is no longer there
+        isLost_ = true; // what the pointer finds now is outdated
     }
 }
 
@@ -265,7 +265,7 @@ void ReadoutOverlay::readSector(std::int64_t index) {
     }
     readout_.reset();
     sector_ = index;
-    if (!pointer_) { // the field lies where the sector ends
+    if (!pointer_) { // the field is where the sector ends
         const double width = TWO_PI / static_cast<double>(rose.classes.counts.size() - 1);
         const double angle = rose.startAngle + static_cast<double>(index) * width;
         const PolarGeometry& g = rose.geometry;

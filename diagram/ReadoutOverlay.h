@@ -34,7 +34,7 @@ class ReadoutOverlay : public QWidget {
     /// How the values are named, from the next readout on.
     void setSeries(ReadoutSeries first, std::optional<ReadoutSeries> second);
 
-    /// The shared table is about to be filled anew.
+    /// The shared table is about to be refilled.
     void keepSeries();
 
     /// Reads the value under a point of the control; outside of the plot or rose nothing is read out.
@@ -49,7 +49,7 @@ class ReadoutOverlay : public QWidget {
     void stepDay(int direction);
     void toFirst();
     void toLast();
-    /// Marks the value read out; marked already, the mark goes.
+    /// Marks the value read out; removes the mark if it is already marked.
     void toggleMark();
     /// Hides readout and mark; false when there was none.
     bool dismiss();
@@ -76,7 +76,7 @@ class ReadoutOverlay : public QWidget {
     [[nodiscard]] QString hint() const;
 
   Q_SIGNALS:
-    /// The readout says something else. Of a moving pointer only once it rests.
+    /// The readout has changed. For a moving pointer, only once it rests.
     void readOut();
 
   protected:
@@ -133,7 +133,7 @@ class ReadoutOverlay : public QWidget {
     std::optional<Readout> readout_;
     DateTime readTime_ = 0;              // of the value read out, or of the gap
     std::optional<std::int64_t> sector_; // read out in a rose
-    Dot sectorPlace_;                    // beside which its field lies
+    Dot sectorPlace_;                    // next to which its field is
     std::optional<ReadValue> mark_;
     std::optional<QPointF> pointer_; // of the readout; nothing: the readout is by key
     std::vector<std::string> lines_;

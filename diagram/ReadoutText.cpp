@@ -25,7 +25,7 @@ std::string valueText(const std::optional<double>& v, const ReadoutSeries& serie
     return v ? withUnit(*v, series, texts) : NO_VALUE;
 }
 
-/// "Name: " where two series have to be told apart.
+/// "Name: " where two series must be distinguished.
 std::string label(const ReadoutSeries& series, bool both) {
     return both && !series.name.empty() ? series.name + ": " : "";
 }
@@ -155,7 +155,7 @@ Dot placeField(Extent field, Dot point, const Box& area, int gap) {
     if (point.x - gap - field.width >= area.left) {
         return {std::min(point.x - gap - field.width, highestX), withinY(point.y - field.height - gap)};
     }
-    // Too narrow for either side: above or below, whichever has room.
+    // Too narrow on both sides: above or below, whichever has room.
     const int x = std::clamp(point.x - field.width / 2, area.left, highestX);
     const bool above = point.y - gap - field.height >= area.top;
     return {x, withinY(above ? point.y - gap - field.height : point.y + gap)};

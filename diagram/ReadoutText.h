@@ -15,12 +15,12 @@ namespace kelvrum {
 
 /// How the values of one series are named.
 struct ReadoutSeries {
-    std::string name; // told only where there are two series
+    std::string name; // shown only where there are two series
     std::string unit;
     bool directions = false; // degrees, with their point of the compass
 };
 
-/// What a line diagram's readout tells.
+/// What a line diagram's readout shows.
 struct Readout {
     std::optional<ReadValue> value; // nothing: a gap
     ValueSpread spread;             // of the values that share the column of dots

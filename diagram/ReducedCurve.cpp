@@ -21,7 +21,7 @@ bool isMonotonous(const PlottedSeries& series) {
            std::isfinite(series.scale.dotsPerUnit);
 }
 
-/// The first index behind `from` that does not fall onto the same dots; `same` holds for a run from there on.
+/// The first index after `from` that does not fall onto the same dots; `same` holds for a run from there on.
 template<typename Same>
 std::size_t endOfRun(std::size_t from, std::size_t count, Same same) {
     std::size_t low = from; // the same
@@ -195,7 +195,7 @@ void mergeBars(const PlottedSeries& series, double interval, ReducedBars& bars) 
 } // namespace
 
 bool isAscending(std::span<const DateTime> times) {
-    constexpr std::size_t PIECE = 1024; // checked without a way out between, which keeps the loop short
+    constexpr std::size_t PIECE = 1024; // checked without an early exit, so that the loop vectorises
     for (std::size_t i = 1; i < times.size();) {
         const std::size_t end = std::min(i + PIECE, times.size());
         int back = 0;

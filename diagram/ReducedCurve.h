@@ -1,5 +1,5 @@
 // A long series reduced to what the dots of a surface can show. The picture is the same, dot for dot, as with
-// every segment and every bar drawn by itself.
+// every segment and every bar drawn separately.
 #pragma once
 
 #include "diagram/Curve.h"
@@ -46,7 +46,7 @@ struct Stretch {
     double entryX = 0; // where the first and the last value are, before they are cut
     double exitX = 0;
     bool joined = false; // a line leads to it from the stretch before
-    bool marked = false; // it shows by itself; else it is but the end of a line
+    bool marked = false; // it is visible on its own; else it is only the end of a line
     bool lone = false;   // it is one value without neighbours
 };
 
@@ -81,7 +81,7 @@ class ReducedCurve {
     void pass(int number);
     void run(std::span<const Dot> dots);
     void stretch(const Stretch& stretch);
-    /// Draws what is still to be drawn.
+    /// Draws what is still pending.
     void finish();
 
   private:
@@ -112,7 +112,7 @@ class ReducedBars {
 
     void pass(int number);
     void bar(const Box& box);
-    /// Draws what is still to be drawn.
+    /// Draws what is still pending.
     void finish();
 
   private:

@@ -25,7 +25,7 @@ class SeriesTable {
 
     SeriesTable() { clear(); }
 
-    /// Back to one column of zeros.
+    /// Resets to one column of zeros.
     void clear();
 
     [[nodiscard]] std::size_t columns() const { return rows_[TIME].size(); }

@@ -29,7 +29,7 @@ DateTime firstOfMonth(DateTime t) {
     return dateSerial(parts.year, parts.month, 1);
 }
 
-/// The times at which ticks may stand, ascending: every step from the start on.
+/// The possible times of ticks, ascending: every step from the start on.
 std::vector<DateTime> plainSteps(const TimeRange& range, double step) {
     std::vector<DateTime> times;
     const double count = std::floor((range.to - range.from) / step + END_TOLERANCE);
