@@ -8,7 +8,7 @@ function(kelvrum_settings target)
         target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
                                                  $<$<BOOL:${KELVRUM_WERROR}>:-Werror>)
     endif()
-    # Products and sums are rounded one by one on every processor. Nobody reads the errno of a square root or the
+    # Products and sums are rounded one by one on every processor. The program reads neither the errno of a square root nor
     # floating-point flags.
     if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
         target_compile_options(${target} PRIVATE -ffp-contract=off -fno-math-errno -fno-trapping-math)

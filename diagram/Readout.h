@@ -1,4 +1,4 @@
-// Reading a line diagram: which value lies under a pointer, beside another value, a day further.
+// Reading a line diagram: which value is under a pointer, next to another value, a day further.
 #pragma once
 
 #include "diagram/PlotArea.h"

@@ -79,7 +79,7 @@ RandomUser::RandomUser(f& window, AnsweredDialogs& dialogs, QStringList files, Q
     , opened_(std::move(opened))
     , numbers_(seed) {}
 
-/// Every action as often as it stands among hundred.
+/// The frequency of each action, in percent.
 const std::vector<RandomUser::Action>& RandomUser::actions() {
     struct Weighted {
         std::size_t weight;

@@ -127,7 +127,7 @@ TEST(TablePrintout, TitleHeaderAndRowsHaveTheirFontsAndPlaces) {
     EXPECT_EQ(texts[1].font, (Font{"Arial", 10, false, false}));
     // The title and an empty line of 12 mm each.
     EXPECT_EQ(texts[1].at, (Dot{200, 340}));
-    // 17 characters are 102 mm: the value column stands at 20 + 102 + 1.
+    // 17 characters are 102 mm: the value column is at 20 + 102 + 1.
     EXPECT_EQ(texts[2].at, (Dot{1230, 340}));
     // 20 characters are 120 mm: the column is 121 mm wide, which 21 characters reach.
     EXPECT_EQ(texts[2].text, std::string(11, ' ') + "Staub [mg]");

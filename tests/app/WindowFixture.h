@@ -21,7 +21,7 @@
 
 namespace kelvrum::testing {
 
-/// The first day of the made station; the clock of the window stands on it.
+/// The first day of the generated station; the window's clock is set to it.
 inline const QDate TEST_DAY(2020, 6, 18);
 
 /// Minute of the year 2020 at which the data of the test day begin.
@@ -57,7 +57,7 @@ struct CountingFiles {
 class WindowFixture {
   public:
     explicit WindowFixture(const MadeStation& station = madeStation());
-    /// A window whose program folder is `folder` as it stands, started on a day.
+    /// A window whose program folder is `folder` as it is, started on a day.
     explicit WindowFixture(std::unique_ptr<TempFolder> folder, const QDate& day = TEST_DAY);
 
     WindowFixture(const WindowFixture&) = delete;
@@ -83,7 +83,7 @@ class WindowFixture {
     }
 
     std::unique_ptr<TempFolder> folder;
-    QDate today;        // where the clock stands
+    QDate today;        // the clock's date
     int clockAsked = 0; // how often it was asked
     CountingFiles files;
     std::shared_ptr<AnsweredDialogs> dialogs = std::make_shared<AnsweredDialogs>();

@@ -85,8 +85,8 @@ class f_access_test : public QObject {
         }
     }
 
-    /// The tab key walks down the column: whatever it reaches next stands lower, or in the same line further
-    /// to the right.
+    /// The tab key walks down the column: each control is lower than the one before, or on the same line
+    /// further to the right.
     void tabOrderFollowsTheColumn() {
         const WindowFixture fixture;
         QWidget* client = fixture.window->centralWidget();

@@ -17,8 +17,8 @@ namespace {
 
 constexpr int LABELS = 30; // the strips of Frame2 and Label1 at the column's foot
 
-/// Notches of the wheel at a place of the window's inner area, for whatever lies there and, when that has no
-/// use for them, for what it lies in.
+/// Notches of the wheel at a place of the window's inner area, for the control there and, when that has no
+/// use for them, for its parents.
 void turn(const WindowFixture& fixture, const QPoint& at, int notches) {
     QWidget* client = fixture.window->centralWidget();
     QWidget* under = client->childAt(at);

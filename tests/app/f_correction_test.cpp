@@ -140,7 +140,7 @@ class f_correction_test : public QObject {
         QCOMPARE(menu(fixture).isVisible(), visible);
     }
 
-    /// The current folder decides, wherever the project lies; every loading looks again.
+    /// The current folder decides, wherever the project is; every load checks again.
     void markIsSoughtInTheCurrentFolder() {
         const TempFolder elsewhere;
         lay(elsewhere, "Projekt/", correctedStation("WINDFAKTOR=2\n"));

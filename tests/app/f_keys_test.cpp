@@ -140,7 +140,7 @@ class f_keys_test : public QObject {
     void aReaderHearsTheDiagram() {
         const WindowFixture fixture;
         const auto& diagram = fixture.the<QWidget>("KS");
-        QVERIFY2(diagram.accessibleDescription().isEmpty(), "nobody listens yet");
+        QVERIFY2(diagram.accessibleDescription().isEmpty(), "no client is listening yet");
         QAccessible::setActive(true);
         QVERIFY(diagram.accessibleName().contains(QStringLiteral("Windgeschwindigkeit")));
         QVERIFY2(diagram.accessibleDescription().contains(QStringLiteral("1320 Werte.")),

@@ -158,7 +158,7 @@ class f_list_test : public QObject {
         QCOMPARE(rowsOf(fixture), rows);
     }
 
-    /// Rows stand in the order of the files; the first two files of a day are exchanged when the first one
+    /// Rows are in the order of the files; the first two files of a day are exchanged when the first one
     /// begins earlier.
     void twoFilesOfOneDay_data() {
         QTest::addColumn<int>("first");

@@ -187,7 +187,7 @@ double limitLine(const f& window, const char* box) {
     return value == 0 ? 1e-300 : value;
 }
 
-/// What is wrong with a window by itself; empty when nothing is.
+/// What is wrong with a single window; empty when nothing is.
 QString wrongWith(const f& window) {
     const auto& ks = the<PolarSys>(window, "KS");
     const auto red = [&](const char* box) {

@@ -50,7 +50,7 @@ class f_readout_test : public QObject {
         QCOMPARE(fixture.files.opened, opened);
     }
 
-    /// The line stands at the value, not at the pointer, and the ring lies on it.
+    /// The line is at the value, not at the pointer, and the ring is on it.
     void lineAndRingLieAtTheValue() {
         const WindowFixture fixture;
         fixture.arrange({QStringLiteral("18.06.2020 10:00"), QStringLiteral("18.06.2020 10:10")}, 0);
@@ -254,7 +254,7 @@ class f_readout_test : public QObject {
         QVERIFY(hand.text().contains(QStringLiteral("µg/m³")));
     }
 
-    /// Without a pointer in the plot nothing is kept of the old picture: nothing is told then, and no
+    /// Without a pointer in the plot nothing is kept of the old picture: nothing is read out then, and no
     /// nonsense.
     void aPointerThatComesDuringALoadReadsTheNewPicture() {
         WindowFixture fixture;

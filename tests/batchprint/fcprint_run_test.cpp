@@ -55,7 +55,7 @@ const QString PERIOD_WRONG = QStringLiteral("Sammeldruck: Bitte überprüfen Sie
 class fcprint_run_test : public QObject {
     Q_OBJECT
 
-    /// As it stood before the run, but for the reload.
+    /// As it was before the run, except for the reload.
     static void compareRestored(const BatchFixture& fixture) {
         QVERIFY(!fixture.the<QProgressBar>(QStringLiteral("PBar")).isVisible());
         for (const char* button : {"SaveButton", "OKButton", "CancelButton"}) {

@@ -126,7 +126,7 @@ class fcprint_settings_test : public QObject {
         QCOMPARE(allRows(fixture), before);
     }
 
-    /// The rows before the bad one are kept as they were received, and what stands before its interval.
+    /// The rows before the bad one are kept as they were received, and the fields before its interval.
     void badInterval_data() {
         QTest::addColumn<QByteArray>("position");
         QTest::newRow("6") << QByteArray("\x06\0", 2);
@@ -164,7 +164,7 @@ class fcprint_settings_test : public QObject {
         QCOMPARE(QApplication::focusWidget(), &fixture.the<QWidget>("tMin", 0));
     }
 
-    /// The field is red and has the focus; nothing is written, and nobody says so.
+    /// The field is red and has the focus; nothing is written, and no message appears.
     void badNumber_data() {
         QTest::addColumn<QByteArray>("field");
         QTest::addColumn<int>("row");

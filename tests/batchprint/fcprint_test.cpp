@@ -137,7 +137,7 @@ class fcprint_test : public QObject {
         struct Case {
             const char* caption;
             const char* word;
-            const char* left;  // the word stands over the controls from this
+            const char* left;  // the heading is above the controls from this
             const char* right; // to this
         };
         const Case cases[] = {
@@ -164,7 +164,7 @@ class fcprint_test : public QObject {
         }
     }
 
-    /// Nothing is cut or lies over something else.
+    /// No text is cut, and no controls overlap.
     void everythingHasRoom() {
         const BatchFixture fixture;
         QList<QRect> places;

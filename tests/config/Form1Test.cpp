@@ -1,4 +1,4 @@
-// The project selection window by itself, on folders laid for it.
+// The project selection window on its own, on folders made for the test.
 #include "config/Form1.h"
 #include "tests/testing/TempFolder.h"
 #include "tests/testing/WindowDriver.h"
@@ -63,7 +63,7 @@ class form1_test : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    /// The window lists nothing before it is told to search.
+    /// The window lists nothing before the search is started.
     void searchesWhenTold() {
         const TempFolder folder;
         layProject(folder, "A", "Erstes");

@@ -60,7 +60,7 @@ TEST(IniFile, Encodings) {
         {"\xEF\xBB\xBF"
          "CHAN1|N|m/s|",
          "m/s"},
-        // one bad byte, wherever it stands, and the whole file is Windows-1252
+        // one bad byte anywhere, and the whole file is Windows-1252
         {"CHAN1|N|µg|\n; \xE4", "Âµg"},
         {"; \xE4\nCHAN1|N|µg|", "Âµg"},
         {"CHAN1|N|µg|\n; \xC3", "Âµg"},

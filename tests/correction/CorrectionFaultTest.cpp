@@ -1,5 +1,5 @@
 // Every write of a correction fails once, and sources change under it: nothing is spoilt, and the next run
-// mends it.
+// completes it.
 #include "correction/Recalculation.h"
 
 #include "tests/correction/YearFiles.h"

@@ -113,7 +113,7 @@ TEST(Recalculation, FilesOfAnyLength) {
         {"target is longer", 100, 0, 100, 0, 300, 7},
         {"source ends within the range", 15, 0, 15, 0, 100, 0},
         {"odd tail is no value", 15, 7, 15, 7, 100, 0},
-        {"odd tail in front of the range", 9, 7, 9, 7, NONE, 0},
+        {"odd tail before the range", 9, 7, 9, 7, NONE, 0},
         {"source ends with the range's last minute", 20, 0, 20, 0, NONE, 0},
         {"source ends before that", 19, 7, 19, 7, NONE, 0},
         {"source ends where the range begins", 10, 0, 10, 0, NONE, 0},
@@ -258,7 +258,7 @@ TEST(Recalculation, FactorTexts) {
     }
 }
 
-/// The places of the files: a folder of the project, one that stands for itself, the project's own folder in
+/// The places of the files: a folder of the project, an absolute one, the project's own folder in
 /// the binary form. The file that is there is taken in whatever case its name is.
 TEST(Recalculation, Folders) {
     const TempFolder folder;

@@ -50,7 +50,7 @@ Values readAll(const ReadRequest& request, const FileOpener& open, ReadBuffers& 
     return all;
 }
 
-/// Fails unless the reads lie end to end from the first value to the end of the file.
+/// Fails unless the reads are contiguous from the first value to the end of the file.
 void expectEachByteOnce(const std::vector<FakeFiles::Read>& reads, std::uint64_t end) {
     std::uint64_t at = 1024;
     for (const FakeFiles::Read& read : reads) {
@@ -137,7 +137,7 @@ TEST(BlockSource, BuffersAreKeptAndNeverShineThrough) {
 }
 
 TEST(BlockSource, AReadThatFailsLeavesTheRestMissing) {
-    // In the first piece, in the middle of a value, far behind, and at the very first value.
+    // In the first piece, in the middle of a value, far after it, and at the very first value.
     for (const std::uint64_t whole :
          {std::uint64_t{0}, std::uint64_t{7}, std::uint64_t{300000}, std::uint64_t{527039}}) {
         for (const std::uint64_t odd : {0U, 1U, 7U}) {

@@ -110,7 +110,7 @@ TEST(DayDiagram, WideIsThreePassesOneAfterTheOther) {
 
 TEST(DayDiagram, TheGapRulesStartAnewWithEachPass) {
     const TempFolder folder;
-    // The means end with a value, the minima start with missing intervals: no gap stands between the passes.
+    // The means end with a value, the minima start with missing intervals: no gap separates the passes.
     folder.write("20200618.KMH", wide(0, 1, 0, 0) + wide(10, 2, 0, 0) + wide(20, 3, 7, 8));
     DataReader reader;
     DiagramState diagram;

@@ -96,7 +96,7 @@ TEST(DayFiles, RecordsOneByOne) {
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
         FakeFiles files;
-        // The record under test stands between two good ones.
+        // The record under test is between two good ones.
         files["f"].bytes = dayRecord(2020, 1, 1, 1, Floats{1, 2}) +
                            dayRecord(row.year, row.month, row.day, row.minute, Floats{3, 4}) +
                            dayRecord(2020, 1, 1, 2, Floats{5, 6});

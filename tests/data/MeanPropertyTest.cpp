@@ -29,7 +29,7 @@ TEST(MeanProperties, AMeanLiesBetweenMinimumAndMaximumOfItsMinutes) {
         if (low > high) {
             return mean == INVALID_VALUE ? "" : textOf({mean}) + "of no value in " + textOf(minutes);
         }
-        // Adding up rounds; a mean of 0 is told as the stand-in for it.
+        // Adding up rounds; a mean of 0 is reported as its stand-in.
         const double tolerance = 1e-13 * static_cast<double>(minutes.size()) * std::max(-low, high);
         const bool within = mean >= low - tolerance && mean <= high + tolerance;
         return within ? "" : textOf({mean}) + "of " + textOf(minutes);

@@ -76,7 +76,7 @@ TEST(Remembered, NeighboursHavePlacesOfTheirOwn) {
             degrees.push_back(degree * 0.0174532925199433);
         }
     }
-    // A few lie on each other, the more the fewer places there are.
+    // A few collide, more so with fewer places.
     Remembered<InverseOf, 16384> many;
     EXPECT_LT(workedFor(many, degrees), 360 + 40);
     Remembered<InverseOf> usual;

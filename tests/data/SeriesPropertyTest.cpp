@@ -17,11 +17,11 @@ using namespace kelvrum::testing;
 
 /// What is wrong with a series; empty when the gap rules hold.
 std::string gapFinding(std::size_t count) {
-    bool previous = true; // a gap in front counts as one after another
+    bool previous = true; // a gap at the start counts as a second one in a row
     for (std::size_t i = 0; i < count; ++i) {
         const bool gap = seriesTable().row(SeriesTable::Y1)[i] == INVALID_VALUE;
         if (gap && previous) {
-            return i == 0 ? "a gap in front" : "two gaps at column " + std::to_string(i);
+            return i == 0 ? "a gap at the start" : "two gaps at column " + std::to_string(i);
         }
         previous = gap;
     }

@@ -19,7 +19,7 @@ using ::testing::IsEmpty;
 
 const ReadingStep GO_ON = [] { return true; };
 
-/// Channel 4 (speed), 5 (direction, paired with 4), 104 (mean); the data lie in the project's folder. The
+/// Channel 4 (speed), 5 (direction, paired with 4), 104 (mean); the data are in the project's folder. The
 /// paired file is looked for without the project's folder, so the data folder is absolute.
 StationConfig iniStation(const TempFolder& folder) {
     StationConfig station;

@@ -59,7 +59,7 @@ double literalWindMean(const std::vector<double>& block, const std::vector<doubl
     return D <= 1e-9 || D >= 360 - 1e-9 ? 360 : D;
 }
 
-/// How far two directions lie apart, across north too.
+/// The angle between two directions, across north too.
 double apart(double a, double b) {
     const double d = std::fabs(a - b);
     return std::min(d, std::fabs(360 - d));
@@ -81,9 +81,9 @@ TEST(WindMean, Table) {
         {"north itself", {360}, {2.5}, 360},
         {"one turn more", {720}, {1}, 360},
         {"a hair before north", {359.9999999999}, {1}, 360},
-        {"a hair behind north", {1e-10}, {1}, 360},
+        {"a hair after north", {1e-10}, {1}, 360},
         {"shortly before north", {359.99}, {1}, 359.99},
-        {"shortly behind north", {0.01}, {1}, 0.01},
+        {"just after north", {0.01}, {1}, 0.01},
         {"south", {180}, {7}, 180},
         {"south at any speed", {180, 180}, {0.1, 30}, 180},
         {"zero direction is absent", {0}, {5}, INVALID_VALUE},
@@ -274,7 +274,7 @@ TEST(WindMean, SpeedsTooSmallToBeSquaredFollowTheRule) {
 
 TEST(WindMeans, OfManyBlocksIsTheMeanOfEach) {
     std::mt19937 random(11); // NOLINT(cert-msc51-cpp): the same blocks at every run
-    WindMeans winds;         // one for all, with what it remembers
+    WindMeans winds;         // one for all, with its cache
     for (const std::size_t minutes : {1U, 5U, 7U, 60U, 1440U}) {
         const std::size_t blocks = 5000 / minutes + 2;
         std::vector<double> directions;
@@ -301,7 +301,8 @@ TEST(WindMeans, OfManyBlocksIsTheMeanOfEach) {
 }
 
 TEST(WindMeans, WhatComesAgainIsTheSameAgain) {
-    // Tenths of degrees and of speeds, a turn and more to both sides: far more arguments than are remembered.
+    // Tenths of degrees and of speeds, a turn and more to both sides: far more arguments than the cache
+    // holds.
     std::vector<double> directions;
     std::vector<double> speeds;
     for (int tenths = -4000; tenths <= 7600; ++tenths) {

@@ -307,7 +307,7 @@ TEST(Directions, AreJoinedTheShortWay) {
         {"lone", hourly({90}), "*0,135"},
         {"the first one kept within 540 too", hourly({-12, 12}), "0,92-10,88"},
         {"from above", hourly({552, 180}), "0,118-10,120"},
-        {"behind a gap", hourly({90, 999999, -12, 12}), "*0,135 20,92-30,88"},
+        {"after a gap", hourly({90, 999999, -12, 12}), "*0,135 20,92-30,88"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(directions(row.series).drawn, row.drawn) << row.what;

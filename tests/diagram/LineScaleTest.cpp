@@ -264,7 +264,7 @@ TEST(ValueTicks, HugeAndTinyRangesEndAtOnceAndDoNotCrowd) {
             SCOPED_TRACE(::testing::Message() << range.low << " to " << range.high << " on " << length);
             const double low = std::min(range.low, range.high);
             const double height = std::fabs(range.height());
-            // Neighbouring doubles must be nearer than a dot for distances to be told.
+            // Neighbouring doubles must be nearer than a dot for distances to be distinguished.
             const bool fine = height > 1e-6 && height > 1e-9 * (std::fabs(range.low) + std::fabs(range.high));
             const auto ticks = valueTicks(range, length, 20, {});
             ASSERT_LE(static_cast<double>(ticks.size()), length / 20 + 2);

@@ -100,7 +100,7 @@ class PictureExportTest : public QObject {
         QCOMPARE(QImage(target).size(), QSize(20, 10));
     }
 
-    /// The bitmap is there, the target cannot be written: nothing stays behind.
+    /// The bitmap is there, the target cannot be written: no file is left.
     void aTargetThatCannotBeWrittenLeavesNoBitmap() {
         const TempFolder folder;
         const CurrentFolder here(folder.path());
@@ -137,7 +137,7 @@ class PictureExportTest : public QObject {
         QTimer::singleShot(30, &button, [&button] { QTest::mouseClick(&button, Qt::LeftButton); });
         QTimer::singleShot(80, &button, [&] {
             std::filesystem::remove(blocked);
-            folder.write("blocked/picture.png", "somebody else wrote it");
+            folder.write("blocked/picture.png", "another program wrote it");
         });
         savePicture(QPixmap(10, 10), QString::fromStdString(blocked + "/picture.png"));
         QCOMPARE(clicks, 1);

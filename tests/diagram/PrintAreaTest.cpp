@@ -1,4 +1,4 @@
-// Where on its sheet a page is: what the queue can print on, or what lies within the user's margins.
+// Where on its sheet a page is: what the queue can print on, or what is within the user's margins.
 #include "tests/diagram/PrintedDiagram.h"
 
 #include <QPrinter>

@@ -206,7 +206,7 @@ class PrintFateTest : public QObject {
         QCOMPARE(newJobs(), std::size_t(0));
     }
 
-    // --- what the queue is told ---
+    // --- the options of the job ---
 
     void theQueueGetsNameAndChoices() {
         cups_->start(Queue::BORDERS); // its description has sides and sources

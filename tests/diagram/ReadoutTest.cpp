@@ -1,4 +1,4 @@
-// Which value lies under a pointer, beside another value, a day further.
+// Which value is under a pointer, next to another value, a day further.
 #include "diagram/Readout.h"
 
 #include "diagram/Curve.h"

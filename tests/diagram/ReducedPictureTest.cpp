@@ -22,7 +22,7 @@ namespace {
 constexpr std::uint64_t CASES = 100;
 constexpr Colour PASS_COLOURS[] = {0x0000FF, 0xFF0000, 0x008000};
 
-/// Passes every segment, point and bar to the surface by itself.
+/// Passes every segment, point and bar to the surface separately.
 class OneByOne {
   public:
     OneByOne(Surface& surface, int loneDot)

@@ -143,7 +143,7 @@ TEST(SeriesDrawing, ASingleBarIsAsWideAsItsIntervalWhereThatIsKnown) {
     EXPECT_EQ(right(), 970); // the rest of the range
     diagram.setColumnInterval(1.0 / 24);
     EXPECT_EQ(right(), 389); // an hour
-    diagram.SetArray(1);     // of other columns nobody has told it
+    diagram.SetArray(1);     // the interval of other columns is unknown
     EXPECT_EQ(right(), 970);
     diagram.setColumnInterval(1.0 / 24);
     diagram.Clear();
@@ -185,7 +185,7 @@ TEST(SeriesDrawing, AValueWithoutNeighboursIsASquareThatCanBeSeen) {
     }
 }
 
-/// A minute is as wide as the plot; what lies outside is thousands of dots away.
+/// A minute is as wide as the plot; everything outside is thousands of dots away.
 TEST(SeriesDrawing, ALineFromFarOutsideKeepsItsSlope) {
     constexpr double MINUTE = 1.0 / 1440;
     const struct {

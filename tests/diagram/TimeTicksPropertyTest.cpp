@@ -9,7 +9,7 @@
 
 namespace kelvrum {
 
-/// How a failed case is told.
+/// How a failed case is reported.
 inline std::ostream& operator<<(std::ostream& out, const TimeAxis& axis) {
     out.precision(17);
     return out << axis.range.from << " to " << axis.range.to << " on " << axis.width << ", labels "
@@ -63,11 +63,11 @@ TEST(TimeTicksProperties, EveryLabelStandsRightOfTheOneBeforeByTheLeastDistance)
         for (const TimeTick& t : ticks) {
             const auto apart = [&](const TimeTick& other) { return (t.time - other.time) * perDay; };
             if (tick != nullptr && (t.time <= tick->time || apart(*tick) < axis.minTickGap - ROUNDING)) {
-                return "a tick is " + std::to_string(apart(*tick)) + " behind the one before";
+                return "a tick is " + std::to_string(apart(*tick)) + " after the previous one";
             }
             const double shortest = t.lower.empty() ? 28.0 / 31 : 1; // February beside a full month
             if (t.labelled && label != nullptr && apart(*label) < shortest * axis.minLabelGap - ROUNDING) {
-                return t.upper + " " + t.lower + " is " + std::to_string(apart(*label)) + " behind " +
+                return t.upper + " " + t.lower + " is " + std::to_string(apart(*label)) + " after " +
                        label->upper;
             }
             if (t.time < axis.range.from || t.time > axis.range.to + 1e-6) {

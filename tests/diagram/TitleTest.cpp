@@ -164,7 +164,7 @@ bool isTime(const std::string& text) { return text.size() == 5 && text[2] == ':'
 bool isDate(const std::string& text) { return text.size() == 8 && text[2] == '.' && text[5] == '.'; }
 
 TEST(Total, IsWrittenInTheBottomMarginOfPrecipitationOnly) {
-    constexpr int rowPitch = 10; // rows of labels stand so close
+    constexpr int rowPitch = 10; // rows of labels are this close
     for (const TotalCase& c : TOTALS) {
         for (const std::int32_t kind : {0, 2, 3, 4}) {
             SCOPED_TRACE(::testing::Message() << c.text << ", kind " << kind);

@@ -1,4 +1,4 @@
-// What lies above and below a limit, and for how long, worked through by hand.
+// What is above and below a limit, and for how long, computed by hand.
 #include "tests/evaluation/MadeReadings.h"
 
 #include <gtest/gtest.h>

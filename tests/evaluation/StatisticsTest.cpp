@@ -46,7 +46,7 @@ TEST(CompensatedSums, KeepWhatAnAdditionRoundsOff) {
     for (int i = 0; i < 1'000'000; ++i) {
         tenths.add(0.1);
     }
-    EXPECT_EQ(tenths.value(), 100'000); // a plain sum lies 1e-6 beside it
+    EXPECT_EQ(tenths.value(), 100'000); // a plain sum is off by 1e-6
 }
 
 TEST(Statistics, OfNoValue) {

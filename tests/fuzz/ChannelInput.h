@@ -1,4 +1,4 @@
-// The front of an input of the channel target: what is read, and how the file lies around it.
+// The start of an input of the channel target: what is read, and where the file's bytes are.
 #pragma once
 
 #include "tests/fuzz/Fuzzing.h"
@@ -24,7 +24,7 @@ class ChannelInput {
     //       3     1  bytes after which reading fails, in eighths of the file's first ones
     //       4     2  start, minutes after the place, signed
     //       6     2  end, minutes after the start, signed
-    //       8     2  where the file's own bytes lie, bytes after the place, signed
+    //       8     2  where the file's own bytes are, bytes after the place, signed
     //      10     2  not used
     // clang-format on
     explicit ChannelInput(std::string_view bytes) {
@@ -59,7 +59,7 @@ class ChannelInput {
     }
 
   private:
-    /// Minute of the year around which all lies: its start, its leap day, its end.
+    /// Minute of the year near which everything is: its start, its leap day, its end.
     [[nodiscard]] std::int64_t placeMinute() const {
         return std::array{0, 59 * MINUTES_PER_DAY, 366 * MINUTES_PER_DAY - 64, 1000}.at((flags_ >> 2U) % 4);
     }

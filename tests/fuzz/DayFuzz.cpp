@@ -129,7 +129,7 @@ void checkSeries(const std::vector<DayInterval>& intervals, const DiagramState& 
             require(std::fabs(y1[i]) < INVALID_VALUE && y1[i] != 0, "what is shown is a value");
             require(values-- > 0, "no more values than the intervals have");
         } else {
-            require(i > 0 && y1[i - 1] != INVALID_VALUE, "a gap stands behind a value");
+            require(i > 0 && y1[i - 1] != INVALID_VALUE, "a gap follows a value");
         }
     }
     require(values == 0, "every value of an interval is shown");

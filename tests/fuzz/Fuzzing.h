@@ -27,7 +27,7 @@ inline bool isUtf8(std::string_view text) {
     return check.valid();
 }
 
-/// An input that is used up from its front. What is missing after its end reads as zeros.
+/// An input that is consumed from its start. Bytes after its end read as zeros.
 class Input {
   public:
     Input(const std::uint8_t* data, std::size_t size)

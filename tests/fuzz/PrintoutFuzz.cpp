@@ -65,7 +65,7 @@ void checkRow(std::string_view row, std::string_view columns, double lastWidth) 
     const auto placed = placeRow(row, columns, lastWidth, widthOf);
     require(placed.size() == std::min(cells.size(), entries.size()), "each cell with an entry is placed");
     for (std::size_t i = 0; i < placed.size(); ++i) {
-        require(placed[i].x == parseColumnEntry(entries[i]).millimetres, "a cell stands at its entry");
+        require(placed[i].x == parseColumnEntry(entries[i]).millimetres, "a cell is at its entry");
         checkCell(cells[i], entries[i]);
     }
 }
@@ -77,7 +77,7 @@ void checkPages(const Table& table, Extent paper, double scale) {
     });
     require(!pages.empty() && pages.size() <= table.rows + 1, "no page is without a row, but for the first");
     for (const auto& page : pages) {
-        require(!page->texts().empty() && page->texts().back().at.y >= 0, "texts stand on their page");
+        require(!page->texts().empty() && page->texts().back().at.y >= 0, "texts are on their page");
     }
 }
 

@@ -1,4 +1,4 @@
-// What stands on printed pages, read from a PDF document.
+// The text of printed pages, read from a PDF document.
 #pragma once
 
 #include <QImage>

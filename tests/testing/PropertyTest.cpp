@@ -18,7 +18,7 @@ class ForAll : public ::testing::Test {
     void SetUp() override {
         if (propertySetting("KELVRUM_PROPERTY_SEED", 0) != 0 ||
             propertySetting("KELVRUM_PROPERTY_COUNT", 0) != 0) {
-            GTEST_SKIP() << "other cases are asked for";
+            GTEST_SKIP() << "other cases are requested";
         }
     }
 };
@@ -51,7 +51,7 @@ TEST_F(ForAll, TellsTheShortestListThatBreaks) {
         return made;
     };
     const auto shrink = [](const std::vector<int>& made) { return smallerLists(made, SMALLER); };
-    // Broken by two elements above 50, wherever they stand.
+    // Broken by two elements above 50, at any position.
     const auto check = [](const std::vector<int>& made) {
         std::string all;
         int above = 0;

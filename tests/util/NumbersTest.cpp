@@ -95,7 +95,7 @@ TEST(Numbers, LeadingNumber) {
     EXPECT_EQ(leadingNumber("1" + std::string(400, '0') + "e-5"), ENDLESS);
     EXPECT_EQ(leadingNumber("0." + std::string(400, '0') + "1e5"), 0);
     EXPECT_EQ(leadingNumber("0." + std::string(400, '0') + "1e+800"), ENDLESS);
-    EXPECT_EQ(leadingNumber(std::string_view("12345", 3)), 123) << "reads behind the view";
+    EXPECT_EQ(leadingNumber(std::string_view("12345", 3)), 123) << "reads beyond the view";
     EXPECT_EQ(leadingNumber(std::string_view("1\0002", 3)), 1);
 }
 
@@ -132,7 +132,7 @@ TEST(Numbers, WholeNumber) {
     for (const auto& c : cases) {
         EXPECT_EQ(wholeNumber(c.text), c.value) << c.text;
     }
-    EXPECT_EQ(wholeNumber(std::string_view("12x", 2)), 12.0) << "reads behind the view";
+    EXPECT_EQ(wholeNumber(std::string_view("12x", 2)), 12.0) << "reads beyond the view";
     EXPECT_EQ(wholeNumber(std::string_view("12\0", 3)), std::nullopt);
 }
 

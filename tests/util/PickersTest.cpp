@@ -1,4 +1,4 @@
-// The pickers under the hands of a user: a typed change is one finished edit.
+// The pickers as a user operates them: a typed change is one finished edit.
 #include "util/Pickers.h"
 
 #include <QCalendarWidget>
@@ -109,7 +109,7 @@ class PickersTest : public QObject {
             QCOMPARE(desk.date.date(), dateOf(shown));
             QCOMPARE(desk.dates.count(), 0);
             QTest::keyClick(&desk.date, end);
-            while (end == Qt::Key_Tab && desk.date.hasFocus()) { // by the sections behind
+            while (end == Qt::Key_Tab && desk.date.hasFocus()) { // through the remaining sections
                 QTest::keyClick(&desk.date, end);
             }
             QCOMPARE(desk.date.text(), result);
