@@ -13,7 +13,20 @@ linter=$(command -v clang-tidy-14 || command -v clang-tidy)
 stamps=build/tidy
 mkdir -p "$stamps"
 sed -E 's/ -Winvalid-pch//; s/( -Xclang)? -include(-pch)?( -Xclang)? [^ ]*cmake_pch\.hxx[^ "]*//g' \
-    build/debug/compile_commands.json >"$stamps/compile_commands.json"
+    build/debug/compile_commands.json |
+    awk '
+        BEGIN { print "[" }
+        /^\{/ { entry = "" }
+        { entry = entry $0 "\n" }
+        /"file":/ { file = $0; sub(/,$/, "", file) }
+        /^\}/ && !(file in seen) { # a file of several targets is looked at once
+            seen[file] = 1
+            sub(/,?\n$/, "", entry)
+            printf "%s%s", separator, entry
+            separator = ",\n"
+        }
+        END { print "\n]" }
+    ' >"$stamps/compile_commands.json"
 
 # The sources in our own folders, as relative paths.
 known_sources() {
