@@ -1,4 +1,4 @@
-// Names and places of the channel data files.
+// Names and paths of the channel data files.
 #pragma once
 
 #include "config/StationConfig.h"

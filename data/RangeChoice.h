@@ -1,4 +1,4 @@
-// Ranges that are chosen at once: a band of the plot, a zoom around a time, a preset, the place of a value.
+// Ranges chosen in one step: a band of the plot, a zoom around a time, a preset, the place of a value.
 // All times are whole minutes afterwards, as the pickers hold them.
 #pragma once
 

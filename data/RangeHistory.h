@@ -1,4 +1,4 @@
-// The ranges that were shown, to go back and forward through as in a browser.
+// The history of shown ranges, with back and forward as in a browser.
 #pragma once
 
 #include "util/DateTime.h"
@@ -14,7 +14,7 @@ class RangeHistory {
   public:
     static constexpr std::size_t LIMIT = 100;
 
-    /// A range came into view. It becomes the current one and cuts what was ahead; the range that is current
+    /// A range was shown. It becomes the current one and drops the ranges ahead; a range that is current
     /// already changes nothing.
     void shown(const TimeRange& range);
 

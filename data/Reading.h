@@ -11,7 +11,7 @@
 
 namespace kelvrum {
 
-/// What is to be read.
+/// What to read.
 struct ReadRequest {
     std::int32_t channel = 0;
     std::string suffix; // part of the file name, usually empty
@@ -27,11 +27,11 @@ struct IntervalValue {
     bool operator==(const IntervalValue&) const = default;
 };
 
-/// Called between the steps of a long reading; false gives the reading up.
+/// Called between the steps of a long reading; false cancels the reading.
 using ReadingStep = std::function<bool()>;
 
-/// Runs the step, if there is one; false when it gives the reading up. The step may let windows paint, which
-/// slows the computing that follows down unless the vector registers are cleaned.
+/// Runs the step, if there is one; false when it cancels the reading. The step may let windows paint, which
+/// slows down the computation that follows unless the vector registers are cleaned.
 inline bool runStep(const ReadingStep& step) {
     const bool goOn = !step || step();
     cleanVectorRegisters();
@@ -40,8 +40,8 @@ inline bool runStep(const ReadingStep& step) {
 
 /// How a reading ended.
 enum class ReadStatus {
-    complete, // to its end or to an error, which ends it as the file's end does; nothing is thrown
-    givenUp,  // a step said so; drop what was delivered so far
+    complete, // to its end or to an error, which ends it like the file's end; nothing is thrown
+    givenUp,  // cancelled by a step; drop what was delivered so far
 };
 
 } // namespace kelvrum

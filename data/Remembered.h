@@ -1,4 +1,4 @@
-// Results of a function of one number, kept for the arguments that come again.
+// A cache of the results of a function of one number, for arguments that recur.
 #pragma once
 
 #include <bit>
@@ -11,8 +11,8 @@ namespace kelvrum {
 
 /// Returns what Function{}(argument) returns, bit for bit, but calls it only for arguments that are new. An
 /// instrument delivers few different values (whole degrees, tenths of metres per second), so nearly all of
-/// them have come before. Where most are new all the same, the cache pauses for some uses. Each argument has
-/// one place among `PLACES` and takes it from whichever was there.
+/// them have occurred before. When most are new nevertheless, the cache pauses for some uses. Each argument
+/// has one place among `PLACES` and takes it from whichever was there.
 template<typename Function, std::size_t PLACES = 8192>
 class Remembered {
   public:
@@ -52,15 +52,15 @@ class Remembered {
     static constexpr std::uint64_t SPREAD = 0x9E3779B97F4A7C15; // 2^64 divided by the golden ratio
     static constexpr int SHIFT = 64 - std::countr_zero(PLACES);
 
-    static constexpr int PAUSE = 7; // uses: short enough to learn many values, long enough to cost little
+    static constexpr int PAUSE = 7; // uses: short enough to cache many values, long enough to cost little
 
     struct Place {
-        std::uint64_t argument; // its bits: 0 and -0 are two, and no number equals itself
+        std::uint64_t argument; // its bits: 0 and -0 differ, and a NaN equals itself
         Result result;
     };
 
     std::vector<Place> places_;
-    int pause_ = 0; // uses until the next look
+    int pause_ = 0; // uses until the next attempt
 };
 
 } // namespace kelvrum

@@ -29,7 +29,7 @@ double directionOf(double x, double y, double r) {
     return d < 0 ? d + 360 : d;
 }
 
-/// North is reported as 360, never as 0 nor as a hair beside it.
+/// North is reported as 360, never as 0 or a value next to it.
 bool isNorth(double d) {
     constexpr double TOLERANCE = 1e-9;
     return d <= TOLERANCE || d >= 360 - TOLERANCE;
@@ -97,7 +97,7 @@ class WindVectors {
     }
 
   private:
-    // In the place of a sum of speeds, which is above 0.
+    // Instead of a sum of speeds, which is above 0.
     static constexpr double NOT_USED = 0;
     static constexpr double DOUBTFUL = -1;
 
@@ -258,7 +258,8 @@ void WindMeans::of(std::span<const double> directions, std::span<const double> s
     if (!memory_) {
         memory_ = std::make_unique<Memory>();
     }
-    constexpr std::size_t PIECE_MINUTES = 1024; // worked on together, so that they stay in the fast memory
+    constexpr std::size_t PIECE_MINUTES =
+        1024; // processed together, so that they stay in the processor's cache
     const std::size_t most = std::max<std::size_t>(PIECE_MINUTES / std::max<std::size_t>(minutes, 1), 1);
     for (std::size_t block = 0; block < results.size(); block += most) {
         const std::size_t blocks = std::min(most, results.size() - block);

@@ -14,7 +14,7 @@ double windMean(std::span<const double> directions, std::span<const double> spee
 
 /// windMean, minute by minute: after each minute the running vector is turned into direction and magnitude
 /// and back. windMean carries the vector as X and Y instead and falls back to this for blocks in which the
-/// two ways would round differently; nowhere do they lie more than 1e-7 degrees apart.
+/// two ways would round differently; they never differ by more than 1e-7 degrees.
 double windMeanByMinutes(std::span<const double> directions, std::span<const double> speeds);
 
 /// Means of many blocks, with memory that is kept from one call to the next: a third of a megabyte.

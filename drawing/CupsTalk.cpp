@@ -55,7 +55,7 @@ class Options {
     cups_option_t* list_ = nullptr;
 };
 
-/// No password is requested: this thread has no window, and the default would ask on a terminal.
+/// Never asks for a password: this thread has no window, and the default would ask on a terminal.
 const char* noPassword(const char*, http_t*, const char*, const char*, void*) { return nullptr; }
 
 /// Ends a wait.
@@ -72,7 +72,7 @@ Connection connect() {
     return http;
 }
 
-/// Whether the last exchange ended because nothing came.
+/// Whether the last exchange timed out.
 bool wasSilent(http_t* http) {
     const int error = httpError(http);
     return error == EWOULDBLOCK || error == EAGAIN || error == ETIMEDOUT ||
@@ -114,7 +114,7 @@ int numberOf(ipp_t* message, const char* name) {
     return found != nullptr ? ippGetInteger(found, 0) : 0;
 }
 
-/// The first of several texts that says anything.
+/// The first text that is not empty.
 std::string firstOf(ipp_t* message, std::initializer_list<const char*> names) {
     for (const char* name : names) {
         if (std::string text = textOf(message, name); !text.empty()) {
@@ -129,7 +129,7 @@ Message ask(http_t* http, Message request, std::initializer_list<const char*> wa
     std::vector<const char*> names(wanted);
     ippAddStrings(request.get(), IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes",
                   static_cast<int>(names.size()), nullptr, names.data());
-    return Message(cupsDoRequest(http, request.release(), "/")); // the request is theirs to delete
+    return Message(cupsDoRequest(http, request.release(), "/")); // CUPS deletes the request
 }
 
 // --- sending ---
@@ -196,7 +196,7 @@ bool makeTemporaryQueue(http_t* http, const std::string& name) {
 
 // --- the fate ---
 
-/// What the queue itself says of its state.
+/// The queue's own description of its state.
 struct QueueState {
     bool stopped = false;
     bool refuses = false;

@@ -1,4 +1,4 @@
-// The conversation with CUPS. It blocks and therefore runs in a thread of its own.
+// The communication with CUPS. It blocks and therefore runs in its own thread.
 #pragma once
 
 #include "drawing/PrintQueue.h"
@@ -7,11 +7,11 @@
 
 namespace kelvrum {
 
-/// Written by the talking thread, but for `withdrawn`, which its caller sets.
+/// Written by the helper thread, except for `withdrawn`, which the caller sets.
 struct TalkProgress {
     std::atomic<double> sent = 0;        // part of the document, 0 to 1
-    std::atomic<unsigned> changes = 0;   // counts what went on
-    std::atomic<bool> withdrawn = false; // no job is wanted any more
+    std::atomic<unsigned> changes = 0;   // counts the changes
+    std::atomic<bool> withdrawn = false; // the job is no longer wanted
 };
 
 /// See PrintQueue.

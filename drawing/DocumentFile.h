@@ -1,4 +1,4 @@
-// The file that a document is made in.
+// The file that a document is written to.
 #pragma once
 
 #include "util/FileReplacement.h"
@@ -21,8 +21,8 @@ class DocumentFile : public QIODevice {
   public:
     /// In the folder for temporary files.
     DocumentFile();
-    /// For a target, which gets the contents with `finish` only. An ordinary target is replaced as a whole,
-    /// what is no file (a device) is written into.
+    /// For a target, which gets the contents only with `finish`. An ordinary target is replaced as a whole,
+    /// anything else (a device) is written to.
     explicit DocumentFile(const QString& target);
     ~DocumentFile() override;
 

@@ -1,4 +1,4 @@
-// What a print job is called in the queue.
+// The name of a print job in the queue.
 #pragma once
 
 #include "util/DateTime.h"

@@ -20,7 +20,7 @@ struct PageArea {
     bool operator==(const PageArea&) const = default;
 };
 
-/// What a queue leaves blank at the edges of its sheets, and what the user wants to be left blank.
+/// The margins that a queue needs on its sheets, and those that the user wants.
 struct PageMargins {
     QMarginsF smallest;              // millimetres, of a sheet in portrait
     std::optional<QMarginsF> chosen; // millimetres of the page as it is read, whatever its orientation

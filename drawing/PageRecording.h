@@ -1,4 +1,4 @@
-// A page that is kept as what was drawn on it, until it is printed or dropped.
+// A recorded page, kept until it is printed or dropped.
 #pragma once
 
 #include "drawing/PainterSurface.h"

@@ -1,4 +1,4 @@
-// A PDF document that is made page by page on a device of ours.
+// A PDF document, written page by page to our own device.
 #pragma once
 
 #include "drawing/PageArea.h"
@@ -21,11 +21,11 @@ class PdfDocument {
     /// The device must be open for writing and outlive the document. Its errors are its own: ask it.
     PdfDocument(QIODevice& device, const Style& style);
 
-    /// Ends the page before and starts one. The surface is there until the next page; nothing when the
+    /// Ends the current page and starts a new one. The surface is valid until the next page; nothing when the
     /// toolkit fails.
     Surface* startPage(const PageArea& area);
 
-    /// Completes the document; false when the toolkit fails. A document without this is no whole one.
+    /// Completes the document; false when the toolkit fails. Without this call the document is incomplete.
     bool finish();
 
   private:

@@ -1,4 +1,4 @@
-// A part of another surface that is drawn on like a surface of its own.
+// A part of another surface, used like a surface of its own.
 #pragma once
 
 #include "drawing/Surface.h"

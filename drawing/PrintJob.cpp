@@ -33,7 +33,7 @@ QString behindColon(const QueueAnswer& answer) {
     return answer.words.empty() ? QString() : QStringLiteral(": ") + QString::fromStdString(answer.words);
 }
 
-/// Throws what the user has to know of a job's fate.
+/// Throws if the user must be informed of a job's fate.
 void checkFate(const QueueAnswer& answer, const QString& printer) {
     using Fate = QueueAnswer::Fate;
     const QString words = behindColon(answer);
@@ -75,7 +75,7 @@ QMarginsF marginsOf(const QPrinter& printer) {
     return millimetres(printer.pageLayout(), &QPageLayout::margins);
 }
 
-/// The margins that the toolkit gives a printer by itself.
+/// The toolkit's default margins for a printer.
 QMarginsF toolkitMargins(const QPrinter& printer) {
     QPrinter fresh(QPrinter::HighResolution);
     if (!printer.printerName().isEmpty()) {

@@ -47,7 +47,7 @@ struct PrintReceipt {
     QString place; // "an den Drucker „X“" or "in die Datei „Y“"
 };
 
-/// The printer session. Nothing reaches the printer before `end`, so that an abandoned job leaves nothing
+/// The printer session. Nothing reaches the printer before `end`, so an abandoned job leaves nothing
 /// behind. The printer and its settings are kept from one job to the next; the printer dialog's file output
 /// (PDF) counts as a printer.
 class PrintJob {
@@ -82,7 +82,7 @@ class PrintJob {
     bool setUp(const std::function<bool(QPrinter&)>& dialog);
 
     /// Whether the next job goes into a file whose name is not known yet: the name that the set-up dialog
-    /// gave serves for one job.
+    /// returned is used for one job.
     [[nodiscard]] bool needsFile();
     /// A name for that file, to be offered to the user, and the name that the user has chosen.
     [[nodiscard]] QString proposedFile();
@@ -94,7 +94,7 @@ class PrintJob {
     /// Whether pages are waiting.
     [[nodiscard]] bool isOpen() const { return !sheets_.empty(); }
 
-    /// Opens the job when it is not open, and starts a page. Its units are millimetres, its size is what the
+    /// Opens the job if it is not open, and starts a page. Its units are millimetres, its size is what the
     /// printer can print on, or what lies within the user's margins. Throws PrintError without a printer. The
     /// page lives until the job ends or is abandoned.
     Surface& newPage(QPageLayout::Orientation orientation);
@@ -105,7 +105,7 @@ class PrintJob {
     /// A page to measure on, which belongs to no job.
     [[nodiscard]] std::unique_ptr<Surface> trialPage(QPageLayout::Orientation orientation);
 
-    /// Sends the pages as one job, asks what became of it and closes it. Throws PrintError when the document
+    /// Sends the pages as one job, waits for its outcome and closes it. Throws PrintError when the document
     /// cannot be written, or when the print system is gone, refuses the job or cannot print it, and
     /// PrintCancelled; the job is closed all the same.
     void end();
@@ -113,7 +113,7 @@ class PrintJob {
     /// Drops the pages and closes the job.
     void abandon();
 
-    /// Where the last job that `end` brought to its end went.
+    /// The destination of the last job that `end` completed.
     [[nodiscard]] const PrintReceipt& receipt() const { return receipt_; }
 
   private:

@@ -1,4 +1,4 @@
-// The system's print queues: sending a finished document, and what became of it.
+// The system's print queues: sending a finished document, and its outcome.
 #pragma once
 
 #include <filesystem>
@@ -17,7 +17,7 @@ struct QueueJob {
     std::vector<std::pair<std::string, std::string>> options; // names and values as CUPS knows them
 };
 
-/// What became of a job.
+/// The outcome of a job.
 struct QueueAnswer {
     enum class Fate {
         printed,     // printed, or accepted and no longer listed

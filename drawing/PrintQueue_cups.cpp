@@ -34,7 +34,7 @@ std::optional<QueueAnswer> awaitAnswer(Exchange& exchange) {
     return exchange.answer;
 }
 
-/// Runs `talk` in a thread of its own, which ends by itself when the caller gives up.
+/// Runs `talk` in its own thread, which ends on its own when the caller gives up.
 template<typename Talk>
 QueueAnswer runBeside(Talk talk, const QueueStep& step) {
     const auto exchange = std::make_shared<Exchange>();
@@ -60,7 +60,7 @@ QueueAnswer runBeside(Talk talk, const QueueStep& step) {
             return {QueueAnswer::Fate::withdrawn, 0, {}}; // the thread cancels what may still become a job
         }
         if (!withdrawn && Clock::now() - lastChange > PATIENCE) {
-            exchange->progress.withdrawn = true; // what still comes of it is not wanted
+            exchange->progress.withdrawn = true; // any late result is ignored
             return {};
         }
         if (!withdrawn && step && !step(exchange->progress.sent)) {

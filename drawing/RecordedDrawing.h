@@ -1,4 +1,4 @@
-// A drawing kept as what was drawn: the pages of a print job until they are sent, and what tests look at.
+// A recorded drawing: the pages of a print job until they are sent, and drawings that tests inspect.
 #pragma once
 
 #include "drawing/Surface.h"
@@ -95,7 +95,7 @@ class RecordingSurface : public Surface {
     RecordingSurface(Extent size, double scale, std::unique_ptr<TextMeter> meter);
 
     [[nodiscard]] const RecordedDrawing& drawing() const { return drawing_; }
-    /// Forgets what was drawn. The font is the default one again.
+    /// Clears the recording and resets the font to the default.
     void restart();
 
     [[nodiscard]] Extent size() const override { return size_; }

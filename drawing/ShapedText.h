@@ -1,4 +1,4 @@
-// Numbers and times laid out quickly: lists consist of little else.
+// Fast layout of numbers and times, which lists mostly consist of.
 #pragma once
 
 #include <QFont>

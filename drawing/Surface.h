@@ -1,4 +1,4 @@
-// What is drawn on: a picture on the screen, a printed page, a recording.
+// The drawing surface: a picture on the screen, a printed page, a recording.
 #pragma once
 
 #include "drawing/Colour.h"

@@ -1,4 +1,4 @@
-// Bands, zooms, presets and jumps: ranges chosen at once.
+// Bands, zooms, presets and jumps: ranges chosen in one step.
 #include "data/RangeChoice.h"
 
 #include "util/Format.h"
