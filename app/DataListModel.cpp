@@ -8,7 +8,31 @@ namespace kelvrum {
 namespace {
 /// Smaller values are shown as 0: they represent a measured zero.
 constexpr double SHOWN_AS_ZERO = 1e-200;
+
+std::string timeText(const IntervalValue& row, const LocaleTexts& texts) { return rowTime(row.start, texts); }
+
+std::string valueText(const IntervalValue& row, const LocaleTexts& texts) {
+    return shownNumber(std::fabs(row.value) > SHOWN_AS_ZERO ? row.value : 0, texts);
+}
+
+std::string recordText(const DayRows& records, std::size_t row, std::size_t column,
+                       const LocaleTexts& texts) {
+    return column == 0 ? rowTime(records.times[row], texts)
+                       : shownNumber(records.values[row * records.channels + column - 1], texts);
+}
+
 } // namespace
+
+std::string ListRows::text(std::size_t row) const {
+    if (records.times.empty()) {
+        return timeText(values[row], texts) + '|' + valueText(values[row], texts);
+    }
+    std::string cells;
+    for (std::size_t column = 0; column < columns; ++column) {
+        cells.append(column > 0 ? "|" : "").append(recordText(records, row, column, texts));
+    }
+    return cells;
+}
 
 DataListModel::DataListModel(LocaleTexts texts, QObject* parent)
     : QAbstractTableModel(parent)
@@ -77,13 +101,9 @@ QString DataListModel::text(int row, int column) const {
     const auto r = static_cast<std::size_t>(row);
     const auto c = static_cast<std::size_t>(column);
     if (!records_.times.empty()) {
-        return QString::fromStdString(
-            c == 0 ? rowTime(records_.times[r], texts_)
-                   : shownNumber(records_.values[r * records_.channels + c - 1], texts_));
+        return QString::fromStdString(recordText(records_, r, c, texts_));
     }
-    const auto [time, value] = rows_[r];
-    return QString::fromStdString(c == 0 ? rowTime(time, texts_)
-                                         : shownNumber(std::fabs(value) > SHOWN_AS_ZERO ? value : 0, texts_));
+    return QString::fromStdString(c == 0 ? timeText(rows_[r], texts_) : valueText(rows_[r], texts_));
 }
 
 QVariant DataListModel::data(const QModelIndex& index, int role) const {

@@ -8,9 +8,24 @@
 
 #include <QAbstractTableModel>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace kelvrum {
+
+/// The rows of a data list as they were when they were copied.
+struct ListRows {
+    LocaleTexts texts;
+    std::vector<IntervalValue> values; // either these ...
+    DayRows records;                   // ... or these
+    std::size_t columns = 0;
+
+    [[nodiscard]] std::size_t count() const {
+        return records.times.empty() ? values.size() : records.times.size();
+    }
+    /// A row's cells, separated by "|".
+    [[nodiscard]] std::string text(std::size_t row) const;
+};
 
 /// Keeps numbers only; texts are made for the cells that are on the screen.
 class DataListModel : public QAbstractTableModel {
@@ -47,6 +62,8 @@ class DataListModel : public QAbstractTableModel {
 
     /// The text of a cell, as it is shown.
     [[nodiscard]] QString text(int row, int column) const;
+
+    [[nodiscard]] ListRows copy() const { return {texts_, rows_, records_, columns_.size()}; }
 
   private:
     LocaleTexts texts_;

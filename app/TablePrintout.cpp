@@ -14,6 +14,7 @@ namespace {
 constexpr double LEFT_MARGIN = 20;
 constexpr double FIRST_LINE = 10;
 constexpr double LOWER_MARGIN = 10;
+constexpr double RIGHT_MARGIN = 10;
 constexpr double BEHIND_HEADER = 5;
 
 // These texts set the widths of the columns.
@@ -22,6 +23,7 @@ constexpr std::string_view VALUE_SAMPLE = "12345678901234 [ert]";
 
 const Font TITLE_FONT{"Arial", 12, true, false};
 const Font TEXT_FONT{"Arial", 10, false, false};
+const Font FOOT_FONT{"Arial", 8, false, false};
 
 /// True within a UTF-8 character, after its first byte.
 bool isContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
@@ -59,82 +61,17 @@ std::string entryText(char mark, double millimetres) {
     return text + plainNumber(millimetres);
 }
 
-/// Prints lines from the top of the first page on and goes to a new page when the next one would not fit.
-class TablePrinter {
-  public:
-    TablePrinter(const Table& table, const std::function<Surface&()>& newPage)
-        : table_(table)
-        , newPage_(newPage)
-        , page_(&newPage()) {}
+double millimetres(const Surface& surface, int dots) { return dots / surface.scale(); }
 
-    void run() {
-        page_->setPen(BLACK);
-        printTitle();
-        page_->setFont(TEXT_FONT);
-        setUpColumns();
-        printHeader();
-        for (std::size_t row = 0; row < table_.rows; ++row) {
-            if (y_ + lineHeight_ > pageHeight() - LOWER_MARGIN) {
-                page_ = &newPage_();
-                page_->setPen(BLACK);
-                page_->setFont(TEXT_FONT);
-                y_ = FIRST_LINE;
-                printHeader();
-            }
-            printRow(table_.rowText(row));
-        }
-    }
+int dots(const Surface& surface, double length) {
+    return static_cast<int>(roundHalfEven(length * surface.scale()));
+}
 
-  private:
-    [[nodiscard]] double millimetres(int dots) const { return dots / page_->scale(); }
-    [[nodiscard]] int dots(double length) const {
-        return static_cast<int>(roundHalfEven(length * page_->scale()));
-    }
-    [[nodiscard]] double pageHeight() const { return millimetres(page_->size().height); }
-    [[nodiscard]] double widthOf(std::string_view text) const {
-        return millimetres(page_->textExtent(text).width);
-    }
+double widthOn(Surface& surface, std::string_view text) {
+    return millimetres(surface, surface.textExtent(text).width);
+}
 
-    void printTitle() {
-        page_->setFont(TITLE_FONT);
-        page_->text({dots(LEFT_MARGIN), dots(FIRST_LINE)}, table_.title);
-        const double line = millimetres(page_->textExtent("").height);
-        y_ = FIRST_LINE + 2 * line; // the title and an empty line
-    }
-
-    void setUpColumns() {
-        lineHeight_ = millimetres(page_->textExtent("").height);
-        valueWidth_ = std::floor(widthOf(VALUE_SAMPLE)) + 1;
-        double position = LEFT_MARGIN;
-        columns_ = entryText(0, position);
-        position += std::floor(widthOf(TIME_SAMPLE)) + 1;
-        for (std::size_t i = 0; i < table_.valueColumns; ++i) {
-            columns_.append("|").append(entryText('>', position));
-            position += valueWidth_;
-        }
-    }
-
-    void printHeader() {
-        printRow(table_.header);
-        y_ += BEHIND_HEADER;
-    }
-
-    void printRow(const std::string& row) {
-        const auto width = [this](std::string_view text) { return widthOf(text); };
-        for (const PlacedCell& cell : placeRow(row, columns_, valueWidth_, width)) {
-            page_->text({dots(cell.x), dots(y_)}, cell.text);
-        }
-        y_ += lineHeight_;
-    }
-
-    const Table& table_;
-    const std::function<Surface&()>& newPage_;
-    Surface* page_;
-    double y_ = 0; // of the next line, millimetres
-    double lineHeight_ = 0;
-    double valueWidth_ = 0;
-    std::string columns_;
-};
+double lineHeightOn(Surface& surface) { return millimetres(surface, surface.textExtent("").height); }
 
 } // namespace
 
@@ -189,8 +126,93 @@ std::vector<PlacedCell> placeRow(std::string_view row, std::string_view columns,
     return placed;
 }
 
+TablePages::TablePages(const Table& table, Surface& trial)
+    : table_(table) {
+    trial.setFont(TITLE_FONT);
+    belowTitle_ = FIRST_LINE + 2 * lineHeightOn(trial); // the title and an empty line
+    trial.setFont(TEXT_FONT);
+    lineHeight_ = lineHeightOn(trial);
+    valueWidth_ = std::floor(widthOn(trial, VALUE_SAMPLE)) + 1;
+    double position = LEFT_MARGIN;
+    columns_ = entryText(0, position);
+    position += std::floor(widthOn(trial, TIME_SAMPLE)) + 1;
+    for (std::size_t i = 0; i < table.valueColumns; ++i) {
+        columns_.append("|").append(entryText('>', position));
+        position += valueWidth_;
+    }
+    const double lowest = millimetres(trial, trial.size().height) - LOWER_MARGIN;
+    rowsOnFirst_ = rowsBelow(firstRowOf(0), lowest);
+    rowsOnOthers_ = std::max<std::size_t>(1, rowsBelow(firstRowOf(1), lowest)); // so that it comes to an end
+    if (table.rows > rowsOnFirst_) {
+        count_ += (table.rows - rowsOnFirst_ + rowsOnOthers_ - 1) / rowsOnOthers_;
+    }
+}
+
+/// How many rows end above the lower margin when the first one begins at y.
+std::size_t TablePages::rowsBelow(double y, double lowest) const {
+    std::size_t rows = 0;
+    while (rows < table_.rows && y + lineHeight_ <= lowest) {
+        y += lineHeight_;
+        ++rows;
+    }
+    return rows;
+}
+
+/// Where the first row of a page begins, below the header.
+double TablePages::firstRowOf(std::size_t page) const {
+    return (page == 0 ? belowTitle_ : FIRST_LINE) + lineHeight_ + BEHIND_HEADER;
+}
+
+void TablePages::draw(std::size_t page, Surface& surface) const {
+    surface.setPen(BLACK);
+    if (page == 0) {
+        surface.setFont(TITLE_FONT);
+        surface.text({dots(surface, LEFT_MARGIN), dots(surface, FIRST_LINE)}, table_.title);
+        if (!table_.note.empty()) {
+            surface.setFont(FOOT_FONT);
+            surface.text({dots(surface, LEFT_MARGIN), dots(surface, (FIRST_LINE + belowTitle_) / 2)},
+                         table_.note);
+        }
+    }
+    surface.setFont(TEXT_FONT);
+    double y = firstRowOf(page);
+    drawRow(table_.header, page == 0 ? belowTitle_ : FIRST_LINE, surface);
+    const std::size_t first = page == 0 ? 0 : rowsOnFirst_ + (page - 1) * rowsOnOthers_;
+    const std::size_t end = std::min(table_.rows, first + (page == 0 ? rowsOnFirst_ : rowsOnOthers_));
+    for (std::size_t row = first; row < end; ++row) {
+        drawRow(table_.rowText(row), y, surface);
+        y += lineHeight_;
+    }
+    drawFoot(page, surface);
+}
+
+void TablePages::drawRow(const std::string& row, double y, Surface& surface) const {
+    const auto width = [&surface](std::string_view text) { return widthOn(surface, text); };
+    for (const PlacedCell& cell : placeRow(row, columns_, valueWidth_, width)) {
+        surface.text({dots(surface, cell.x), dots(surface, y)}, cell.text);
+    }
+}
+
+void TablePages::drawFoot(std::size_t page, Surface& surface) const {
+    if (table_.foot.empty()) {
+        return;
+    }
+    constexpr double ABOVE_EDGE = 7; // of the upper edge of the line
+    surface.setFont(FOOT_FONT);
+    const int y = surface.size().height - dots(surface, ABOVE_EDGE);
+    surface.text({dots(surface, LEFT_MARGIN), y}, table_.foot);
+    const std::string number = "Seite " + std::to_string(page + 1) + " von " + std::to_string(count_);
+    const int right = surface.size().width - dots(surface, RIGHT_MARGIN);
+    surface.text({right - surface.textExtent(number).width, y}, number);
+}
+
 void printTable(const Table& table, const std::function<Surface&()>& newPage) {
-    TablePrinter(table, newPage).run();
+    Surface& first = newPage();
+    const TablePages pages(table, first);
+    pages.draw(0, first);
+    for (std::size_t page = 1; page < pages.count(); ++page) {
+        pages.draw(page, newPage());
+    }
 }
 
 } // namespace kelvrum

@@ -50,10 +50,39 @@ struct Table {
     std::size_t valueColumns = 1;
     std::size_t rows = 0;
     std::function<std::string(std::size_t row)> rowText; // cells separated by "|"
+    std::string note = {};                               // below the title, once
+    std::string foot = {}; // in the lower margin of each page, with the page's number; empty: no foot
+};
+
+/// A table on as many pages as it needs. Each page can be drawn by itself.
+class TablePages {
+  public:
+    /// `trial` is a page to measure on; all pages are alike. The table must outlive the pages.
+    TablePages(const Table& table, Surface& trial);
+
+    [[nodiscard]] std::size_t count() const { return count_; }
+
+    /// Draws a page, counted from 0, on a surface of the trial page's size.
+    void draw(std::size_t page, Surface& surface) const;
+
+  private:
+    [[nodiscard]] std::size_t rowsBelow(double y, double lowest) const;
+    [[nodiscard]] double firstRowOf(std::size_t page) const;
+    void drawRow(const std::string& row, double y, Surface& surface) const;
+    void drawFoot(std::size_t page, Surface& surface) const;
+
+    const Table& table_;
+    std::string columns_;
+    double valueWidth_ = 0;
+    double lineHeight_ = 0;
+    double belowTitle_ = 0; // where the header of the first page is
+    std::size_t rowsOnFirst_ = 0;
+    std::size_t rowsOnOthers_ = 1;
+    std::size_t count_ = 1;
 };
 
 /// Prints a table on as many pages as it needs; each further page repeats the header line. `newPage` starts a
-/// page and gives its surface in millimetres. Columns beyond the paper's right edge are not wrapped.
+/// page and returns its surface in millimetres. Columns beyond the paper's right edge are not wrapped.
 void printTable(const Table& table, const std::function<Surface&()>& newPage);
 
 } // namespace kelvrum

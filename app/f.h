@@ -7,6 +7,7 @@
 #include "config/StationConfig.h"
 #include "correction/Recalculation.h"
 #include "data/DataReader.h"
+#include "diagram/PageNotes.h"
 #include "drawing/Colour.h"
 #include "drawing/PrintJob.h"
 #include "util/DateTime.h"
@@ -15,6 +16,7 @@
 #include <QAccessible>
 #include <QMainWindow>
 #include <cstdint>
+#include <exception>
 #include <map>
 #include <span>
 #include <string>
@@ -134,7 +136,14 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     void setUpPrinterAndPrint();
     void showBatchPrint();
     void openBatchPrint();
+    void printDiagram();
     void printList();
+    bool chooseFile();
+    void say(const std::exception& error);
+    [[nodiscard]] std::string nameOfView() const;
+    [[nodiscard]] std::string printingDate() const;
+    [[nodiscard]] std::string shownRange() const;
+    [[nodiscard]] PageNotes pageNotes() const;
 
     // --- f_project.cpp: opening projects ---
     void chooseConfFile();

@@ -2,31 +2,51 @@
 #include "app/ChannelChoice.h"
 #include "app/DataListModel.h"
 #include "app/DateFrame.h"
+#include "app/IntervalFrame.h"
 #include "app/TablePrintout.h"
 #include "app/ViewArea.h"
 #include "app/ViewSwitch.h"
 #include "app/f.h"
 #include "batchprint/fCPrint.h"
 #include "config/ChannelList.h"
+#include "diagram/PolarDiagram.h"
 #include "diagram/PolarSys.h"
+#include "drawing/JobName.h"
+#include "drawing/PrintWait.h"
 #include "util/BusyPointer.h"
 
 #include <QCoreApplication>
 #include <QPrinter>
 #include <exception>
+#include <memory>
+#include <string>
 
 namespace kelvrum {
 
-/// Shows a message when the system has no printer or the current one has no name.
+namespace {
+
+constexpr std::size_t PAGES_UNASKED = 20; // a list of more pages is printed only when the user says so
+
+} // namespace
+
+void f::say(const std::exception& error) {
+    environment_.dialogs->message(this, QString::fromUtf8(error.what()), QStringLiteral("Drucken"));
+}
+
+/// Shows a message when the system has no printer, the current one has no name or the print system is silent.
 bool f::printerReady() {
     try {
+        const PrintWait wait(printJob_, *this);
         if (printJob_.hasPrinter()) {
             return true;
         }
-        environment_.dialogs->message(this, QStringLiteral("Driver missing"), QStringLiteral("Printer"));
-    } catch (const PrintError& error) { // the print system does not answer
-        environment_.dialogs->message(this, QString::fromUtf8(error.what()), QStringLiteral("Drucken"));
+    } catch (const PrintCancelled&) {
+        return false;
+    } catch (const PrintError& error) {
+        say(error);
+        return false;
     }
+    environment_.dialogs->message(this, QStringLiteral("Driver missing"), QStringLiteral("Printer"));
     return false;
 }
 
@@ -39,28 +59,91 @@ void f::printNow() {
     if (!printerReady()) {
         return;
     }
-    QString failure;
+    printJob_.setName(nameOfView());
+    if (!chooseFile()) {
+        return;
+    }
     try {
-        const BusyPointer busy;
         if (optView->diagramSelected()) {
-            bool finish = true;
-            view_->diagram().PrintDiag(finish);
+            printDiagram();
         } else {
             printList();
         }
+    } catch (const PrintCancelled&) {
+        printJob_.abandon();
     } catch (const std::exception& error) {
         printJob_.abandon();
-        failure = QString::fromUtf8(error.what());
+        say(error);
     }
-    if (!failure.isEmpty()) {
-        environment_.dialogs->message(this, failure, QStringLiteral("Drucken"));
+}
+
+/// Asks for the name of the PDF file, where one is printed into; false when the user cancels.
+bool f::chooseFile() {
+    if (!printJob_.needsFile()) {
+        return true;
     }
+    const QString file = environment_.dialogs->choosePdf(this, printJob_.proposedFile());
+    printJob_.setFile(file);
+    return !file.isEmpty();
+}
+
+void f::printDiagram() {
+    const BusyPointer busy;
+    const PrintWait wait(printJob_, *this);
+    view_->diagram().setPageNotes(pageNotes());
+    bool finish = true;
+    view_->diagram().PrintDiag(finish);
+}
+
+std::string f::nameOfView() const {
+    const ChannelInfo& channel = station_.ChannelTable.at(selChan->channel());
+    const bool allChannels = !optView->diagramSelected() && station_.Kind == ConfigKind::binary;
+    return jobName(station_.Title, allChannels ? "Datenliste" : channel.Name, range(), environment_.texts);
+}
+
+std::string f::printingDate() const {
+    const QDate today = environment_.today();
+    return formatDateTime(dateSerial(today.year(), today.month(), today.day()), environment_.texts.shortDate,
+                          environment_.texts);
+}
+
+std::string f::shownRange() const {
+    const auto shown = [this](DateTime t) {
+        const LocaleTexts& texts = environment_.texts;
+        return formatDateTime(t, texts.shortDate, texts) + ", " + formatDateTime(t, "hh:mm", texts) + " Uhr";
+    };
+    return shown(range().from) + " bis " + shown(range().to);
+}
+
+PageNotes f::pageNotes() const {
+    PageNotes notes;
+    if (!station_.DeviceNumber.empty()) {
+        notes.left = "Gerätenummer " + station_.DeviceNumber;
+    }
+    notes.right = "Gedruckt am " + printingDate();
+    const PolarSys& KS = view_->diagram();
+    if (KS.DiagTyp() == KIND_POLAR) {
+        notes.polarFoot = shownRange() + ", Intervall: " + interval_->caption().toStdString() + ", " +
+                          std::to_string(KS.sampleCount()) + " Intervalle, davon " +
+                          std::to_string(classify(KS).calm) + " Kalmen. Angaben in Prozent";
+    }
+    return notes;
 }
 
 void f::setUpPrinterAndPrint() {
     loader_.whenIdle("menSelP", [this] {
+        try {
+            const PrintWait wait(printJob_, *this);
+            printJob_.requireAnswer();
+        } catch (const PrintCancelled&) {
+            return;
+        } catch (const PrintError& error) {
+            say(error);
+            return;
+        }
         // Cancelling ends it silently.
-        if (environment_.dialogs->setUpPrinter(this, printJob_.printer())) {
+        if (printJob_.setUp(
+                [this](QPrinter& printer) { return environment_.dialogs->setUpPrinter(this, printer); })) {
             printNow();
         }
     });
@@ -74,6 +157,7 @@ void f::openBatchPrint() {
     if (!printerReady()) {
         return;
     }
+    view_->diagram().setPageNotes(pageNotes());
     const auto read = [this](const ReadRequest& request, const DiagramSettings& settings) {
         const ReadingStep step = [] {
             QCoreApplication::processEvents();
@@ -87,22 +171,35 @@ void f::openBatchPrint() {
     dialog.exec();
 }
 
+/// Prints a copy of the rows, unless the user does not want so many pages.
 void f::printList() {
-    const DataListModel& rows = view_->rows();
+    const ListRows rows = view_->rows().copy();
     Table table;
     table.title = station_.Title;
     table.header = tableHeader(station_, selChan->channel());
     table.valueColumns = listedChannels(station_).size();
-    table.rows = static_cast<std::size_t>(rows.rowCount());
-    table.rowText = [&rows](std::size_t row) {
-        std::string text;
-        for (int column = 0; column < rows.columnCount(); ++column) {
-            text.append(column > 0 ? "|" : "").append(rows.text(static_cast<int>(row), column).toStdString());
-        }
-        return text;
-    };
+    table.rows = rows.count();
+    table.rowText = [&rows](std::size_t row) { return rows.text(row); };
+    table.note = "Zeit: Beginn des Intervalls, ohne Sommerzeit";
+    table.foot = shownRange();
+    if (station_.Kind != ConfigKind::binary) { // whose list shows the records themselves
+        table.foot += ", Intervall: " + interval_->caption().toStdString();
+    }
+    table.foot += ", gedruckt am " + printingDate();
+
     const auto orientation = printJob_.printer().pageLayout().orientation();
-    printTable(table, [&]() -> Surface& { return printJob_.newPage(orientation); });
+    const std::unique_ptr<Surface> trial = printJob_.trialPage(orientation);
+    const TablePages pages(table, *trial);
+    const QString question =
+        QStringLiteral("Die Liste hat %1 Seiten. Möchten Sie sie drucken?").arg(pages.count());
+    if (pages.count() > PAGES_UNASKED &&
+        !environment_.dialogs->ask(this, question, QStringLiteral("Drucken"))) {
+        return;
+    }
+    const BusyPointer busy;
+    const PrintWait wait(printJob_, *this);
+    printJob_.addPages(pages.count(), orientation,
+                       [&pages](std::size_t page, Surface& surface) { pages.draw(page, surface); });
     printJob_.end();
 }
 

@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+class QLabel;
 class QProgressBar;
 class QPushButton;
 
@@ -85,7 +86,9 @@ class fCPrint : public QDialog {
     // --- fCPrint_print.cpp: the print run ---
     std::exception_ptr tryPages(const TimeRange& range);
     void report(const std::exception_ptr& failure);
+    bool chooseFile(const TimeRange& range);
     void printPages(const TimeRange& range);
+    void showResult();
     void readRow(const BatchRow& row, const TimeRange& range);
     void setPrinting(bool printing);
 
@@ -98,6 +101,7 @@ class fCPrint : public QDialog {
     PeriodWidget* period_ = nullptr;
     std::vector<BatchRow*> rows_;
     QProgressBar* PBar = nullptr;
+    QLabel* lResult = nullptr; // in the bar's place: what the last run has printed
     QPushButton* SaveButton = nullptr;
     QPushButton* OKButton = nullptr;
     QPushButton* CancelButton = nullptr;

@@ -130,6 +130,10 @@ void fCPrint::buildFoot(int width) {
     PBar->setTextVisible(false);
     PBar->setAccessibleName(QStringLiteral("Fortschritt des Drucks"));
     PBar->hide();
+    constexpr int LINE_HEIGHT = 16;
+    lResult = makeControl<QLabel>(this, QStringLiteral("lResult"),
+                                  QRect(MARGIN, y - 2, width - 2 * MARGIN, LINE_HEIGHT));
+    lResult->hide();
     y += BAR_HEIGHT + 8;
 
     const auto button = [&](const char* name, int x, const char* caption, const char* tip) {

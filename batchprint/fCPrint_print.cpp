@@ -2,13 +2,17 @@
 #include "batchprint/BatchRow.h"
 #include "batchprint/fCPrint.h"
 #include "diagram/PolarSys.h"
+#include "drawing/JobName.h"
 #include "drawing/PrintJob.h"
+#include "drawing/PrintWait.h"
 
 #include <QCoreApplication>
+#include <QLabel>
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <exception>
+#include <optional>
 
 namespace kelvrum {
 
@@ -112,8 +116,13 @@ void fCPrint::printRows() {
                                windowTitle());
         return; // the busy cursor stays set on purpose
     }
+    if (!chooseFile(range)) {
+        busy_.reset();
+        return;
+    }
     const QPointer<QWidget> focused = focusWidget();
     setPrinting(true);
+    lResult->hide();
     PBar->setValue(1);
     PBar->show();
     QCoreApplication::processEvents(); // the bar appears
@@ -130,7 +139,34 @@ void fCPrint::printRows() {
     busy_.reset();
     if (failure) {
         report(failure);
+    } else {
+        showResult();
     }
+}
+
+/// Names the job and asks for the PDF file, where one is printed into; false when the user cancels.
+bool fCPrint::chooseFile(const TimeRange& range) {
+    owner_.job.setName(jobName(owner_.station.Title, windowTitle().toStdString(), range, owner_.texts));
+    if (!owner_.job.needsFile()) {
+        return true;
+    }
+    const QString file = owner_.dialogs.choosePdf(this, owner_.job.proposedFile());
+    owner_.job.setFile(file);
+    return !file.isEmpty();
+}
+
+/// Says how many pages went where.
+void fCPrint::showResult() {
+    const PrintReceipt& receipt = owner_.job.receipt();
+    if (lastChecked() < 0) {
+        return; // nothing was printed
+    }
+    const QString text = receipt.pages == 1
+                             ? QStringLiteral("Eine Seite %1 gedruckt.").arg(receipt.place)
+                             : QStringLiteral("%1 Seiten %2 gedruckt.").arg(receipt.pages).arg(receipt.place);
+    lResult->setText(text);
+    lResult->setToolTip(text); // the name of a file may be long
+    lResult->show();
 }
 
 /// The one error handler of the run; the error comes back when there was one.
@@ -151,6 +187,9 @@ void fCPrint::report(const std::exception_ptr& failure) {
     } catch (const BatchRow::NotANumber& wrong) {
         say(QString::fromUtf8(wrong.what()));
         wrong.row.leadTo(wrong.field);
+    } catch (const PrintCancelled&) {
+        lResult->setText(QStringLiteral("Der Druck wurde abgebrochen."));
+        lResult->show();
     } catch (const std::exception& error) {
         say(QString::fromUtf8(error.what()));
     } catch (...) {
@@ -169,6 +208,10 @@ void fCPrint::printPages(const TimeRange& range) {
             readRow(*rows_[slot], range);
             PBar->setValue(i * STEPS + 2);
             bool finish = i == last;
+            std::optional<PrintWait> wait; // while the job is made and sent
+            if (finish) {
+                wait.emplace(owner_.job, *this);
+            }
             owner_.diagram.PrintDiag(finish);
         }
         PBar->setValue((i + 1) * STEPS);

@@ -18,6 +18,9 @@ namespace kelvrum {
 
 namespace {
 
+/// The picture whose proportions the page has, in pixels: on a square the rose is round.
+constexpr Extent POLAR_PAGE{500, 500};
+
 /// Whether a kind of diagram draws anything.
 bool isDrawn(std::int32_t kind) { return kind >= KIND_LINE && kind <= KIND_LINE_4; }
 
@@ -46,10 +49,11 @@ void PolarSys::PrintDiag(bool& finish) {
     try {
         Surface& page = job->newPage(QPageLayout::Landscape);
         if (DiagTyp() == KIND_POLAR) {
-            printPolarDiagram(page, {width(), height()}, *this, texts_);
+            printPolarDiagram(page, POLAR_PAGE, *this, texts_);
         } else {
             drawLineDiagram(page, *this, DiagramLayout::page(), texts_);
         }
+        drawPageNotes(page, notes_, DiagTyp() == KIND_POLAR);
         if (finish) {
             job->end();
         }

@@ -3,6 +3,7 @@
 
 #include "diagram/DiagramState.h"
 #include "diagram/LineDiagram.h"
+#include "diagram/PageNotes.h"
 #include "diagram/PolarDiagram.h"
 #include "util/Format.h"
 
@@ -10,6 +11,7 @@
 #include <QWidget>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace kelvrum {
 
@@ -28,6 +30,9 @@ class PolarSys : public QWidget, public DiagramState {
 
     /// The job that PrintDiag prints into, as long as it is there.
     void setPrintJob(const PrintJob& job);
+
+    /// What PrintDiag writes below the diagram; nothing at first.
+    void setPageNotes(PageNotes notes) { notes_ = std::move(notes); }
 
     /// Draws the diagram on a new page of the print job, landscape. With `finish` the job is ended
     /// afterwards; otherwise it stays open for further pages. Throws PrintError, or what the drawing throws;
@@ -74,6 +79,7 @@ class PolarSys : public QWidget, public DiagramState {
 
     LocaleTexts texts_;
     std::weak_ptr<PrintJob> printJob_;
+    PageNotes notes_;
     QPixmap pb_;
     bool stale_ = true; // the picture is to be drawn before it is shown
     int drawings_ = 0;

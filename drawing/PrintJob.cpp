@@ -120,8 +120,7 @@ bool PrintJob::toFile() {
     return !dialogFile_.isEmpty();
 }
 
-/// The toolkit would wait without an end for a print system that does not answer.
-void PrintJob::checkAnswer() {
+void PrintJob::requireAnswer() {
     checkFate(PrintQueue::probe([this](double) { return !step_ || step_({}); }), {});
 }
 
@@ -129,7 +128,7 @@ bool PrintJob::hasPrinter() {
     if (toFile()) {
         return true;
     }
-    checkAnswer();
+    requireAnswer();
     const QStringList names = QPrinterInfo::availablePrinterNames();
     if (names.isEmpty()) {
         return false;
@@ -141,7 +140,6 @@ bool PrintJob::hasPrinter() {
 }
 
 bool PrintJob::setUp(const std::function<bool(QPrinter&)>& dialog) {
-    checkAnswer();
     const QMarginsF before = marginsOf(printer());
     if (!dialog(printer())) {
         return false;

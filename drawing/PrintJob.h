@@ -73,12 +73,15 @@ class PrintJob {
     /// answer.
     [[nodiscard]] bool hasPrinter();
 
+    /// Throws PrintError when the print system does not answer: nothing may be done with the printer then,
+    /// since the toolkit would wait without an end.
+    void requireAnswer();
+
     /// The printer with its settings.
     QPrinter& printer();
 
     /// Runs the printer set-up dialog, which says whether the user has accepted, and takes over what it has
     /// changed. Margins count from then on only when the user has set them: the toolkit brings its own.
-    /// Throws PrintError when the print system does not answer.
     bool setUp(const std::function<bool(QPrinter&)>& dialog);
 
     /// Whether the next job goes into a file whose name is not known yet: the name that the set-up dialog
@@ -124,7 +127,6 @@ class PrintJob {
         DrawPage play;
     };
 
-    void checkAnswer();
     [[nodiscard]] bool toFile();
     [[nodiscard]] PageArea areaOf(QPageLayout::Orientation orientation);
     void open();

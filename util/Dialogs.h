@@ -35,6 +35,13 @@ class Dialogs {
     /// A message with an OK button.
     virtual void message(QWidget* parent, const QString& text, const QString& title);
 
+    /// A question with the answers "Ja" and "Nein"; Nein is the answer of the enter key.
+    virtual bool ask(QWidget* parent, const QString& text, const QString& title);
+
+    /// The name of a PDF file to be written, `proposed` being offered; an empty text when the user cancels.
+    /// An existing file has been confirmed by the user.
+    virtual QString choosePdf(QWidget* parent, const QString& proposed);
+
     /// The printer set-up dialog, which changes the printer's settings; false when the user cancels.
     virtual bool setUpPrinter(QWidget* parent, QPrinter& printer);
 };

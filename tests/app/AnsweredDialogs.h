@@ -29,6 +29,15 @@ class AnsweredDialogs : public Dialogs {
         return folder;
     }
 
+    bool ask(QWidget* /*parent*/, const QString& text, const QString& title) override {
+        questions.push_back(title + QStringLiteral(": ") + text);
+        return yes;
+    }
+    QString choosePdf(QWidget* /*parent*/, const QString& proposed) override {
+        proposedFiles.push_back(proposed);
+        return pdf;
+    }
+
     void message(QWidget* /*parent*/, const QString& text, const QString& title) override {
         messages.push_back(title + QStringLiteral(": ") + text);
     }
@@ -42,9 +51,13 @@ class AnsweredDialogs : public Dialogs {
     QString file;   // the next answers
     QString folder; //
     bool printerChosen = true;
+    bool yes = true;                          // the answer to questions
+    QString pdf;                              // the name of the next PDF file
     std::function<void(QPrinter&)> onPrinter; // what the user sets
     std::vector<Question> asked;              // in order
     QStringList messages;                     // "title: text", in order
+    QStringList questions;                    // the same
+    QStringList proposedFiles;
 };
 
 } // namespace kelvrum::testing

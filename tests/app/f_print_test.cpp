@@ -1,19 +1,27 @@
 // Printing what the window shows, and several channels in one job, on a real print queue.
+#include "diagram/PolarDiagram.h"
 #include "diagram/PolarSys.h"
 #include "diagram/SeriesTable.h"
 #include "tests/app/WindowFixture.h"
 #include "tests/testing/PrintedDocument.h"
 #include "tests/testing/PrivateCups.h"
 
+#include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPageSize>
 #include <QPrinter>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 #include <cmath>
 #include <memory>
 #include <utility>
@@ -66,6 +74,7 @@ class f_print_test : public QObject {
     }
     void init() {
         cups_->start();
+        cups_->resume();
         before_ = cups_->documents().size();
     }
     void cleanupTestCase() { cups_.reset(); }
@@ -210,6 +219,7 @@ class f_print_test : public QObject {
         for (const PrintedPage& page : pages) {
             QCOMPARE(page.find(QStringLiteral("Uhrzeit")).size(), 1U);
             QVERIFY(page.has(QStringLiteral("Staub [µg/m³]")));
+            bool inFoot = false; // which is in the lower margin
             for (const PrintedWord& word : page.words) {
                 bool number = false;
                 const int value = word.text.toInt(&number);
@@ -217,10 +227,225 @@ class f_print_test : public QObject {
                     QCOMPARE(value, next);
                     ++next;
                 }
-                QVERIFY(word.box.bottom() < page.size.height() - 9);
+                inFoot = inFoot || word.box.top() > page.size.height() - 8;
+                QVERIFY(inFoot || word.box.bottom() < page.size.height() - 9);
             }
         }
         QCOMPARE(next, 10'000 + 7 * 1440);
+        QCOMPARE(fixture.dialogs->questions,
+                 QStringList{QStringLiteral("Drucken: Die Liste hat %1 Seiten. Möchten Sie sie drucken?")
+                                 .arg(pages.size())});
+    }
+
+    /// Without a yes nothing is printed.
+    void aLongListIsAskedAbout() {
+        const WindowFixture fixture(longStation());
+        fixture.chooseChannel(DUST_ROW);
+        fixture.click("optView(1)");
+        fixture.dialogs->yes = false;
+        fixture.trigger("menPrint");
+        QCOMPARE(fixture.dialogs->questions.size(), 1);
+        fixture.chooseInterval(4); // hours: one page
+        fixture.trigger("menPrint");
+        QCOMPARE(fixture.dialogs->questions.size(), 1);
+        QCOMPARE(documents().size(), 1U);
+        QCOMPARE(cups_->newestJob()[QStringLiteral("job-name")],
+                 QStringLiteral("Kläranlage Nord – Staub – 18.06.2020"));
+    }
+
+    /// The real question: the enter key says no.
+    void noIsTheDefault() {
+        Dialogs dialogs;
+        QWidget window;
+        for (const auto& [key, answer] : {std::pair(Qt::Key_Return, false), {Qt::Key_Escape, false}}) {
+            bool yes = true;
+            QTimer::singleShot(50, &window,
+                               [key = key] { QTest::keyClick(QApplication::activeModalWidget(), key); });
+            yes = dialogs.ask(&window, QStringLiteral("Möchten Sie?"), QStringLiteral("Drucken"));
+            QCOMPARE(yes, answer);
+        }
+        QTimer::singleShot(50, &window, [] {
+            for (auto* button : QApplication::activeModalWidget()->findChildren<QPushButton*>()) {
+                if (button->text() == QStringLiteral("&Ja")) {
+                    button->click();
+                }
+            }
+        });
+        QVERIFY(dialogs.ask(&window, QStringLiteral("Möchten Sie?"), QStringLiteral("Drucken")));
+    }
+
+    /// What the pages of a list tell about themselves.
+    void theFootOfAList() {
+        const WindowFixture fixture(longStation());
+        fixture.chooseChannel(DUST_ROW);
+        fixture.chooseInterval(1);
+        fixture.click("optView(1)");
+        fixture.trigger("menPrint");
+        const auto pages = printedPages(documents().back());
+        QVERIFY(pages.size() > 1);
+        const QString foot = QStringLiteral("18.06.2020, 00:00 Uhr bis 19.06.2020, 00:00 Uhr, "
+                                            "Intervall: 5 Minuten, gedruckt am 18.06.2020");
+        for (std::size_t i = 0; i < pages.size(); ++i) {
+            const auto found = pages[i].find(foot);
+            QCOMPARE(found.size(), 1U);
+            QVERIFY(std::fabs(found[0].box.left() - 20) < 0.5);
+            QVERIFY(found[0].box.top() > pages[i].size.height() - 10);
+            const auto number = pages[i].find(QStringLiteral("Seite %1 von %2").arg(i + 1).arg(pages.size()));
+            QCOMPARE(number.size(), 1U);
+            QVERIFY(std::fabs(number[0].box.right() - (pages[i].size.width() - 10)) < 0.5);
+            QCOMPARE(pages[i].find(QStringLiteral("Zeit: Beginn des Intervalls, ohne Sommerzeit")).size(),
+                     i == 0 ? 1U : 0U);
+        }
+    }
+
+    /// A diagram's page bears the printing date and the device number, below the plot.
+    void theFootOfADiagram() {
+        const WindowFixture fixture;
+        fixture.chooseChannel(DUST_ROW);
+        fixture.trigger("menPrint");
+        const auto page = printedPages(documents().back()).at(0);
+        const auto left = page.find(QStringLiteral("Gerätenummer 17"));
+        const auto right = page.find(QStringLiteral("Gedruckt am 18.06.2020"));
+        QCOMPARE(left.size(), 1U);
+        QCOMPARE(right.size(), 1U);
+        QVERIFY(std::fabs(left[0].box.left() - 20) < 0.5);
+        QVERIFY(std::fabs(right[0].box.right() - (page.size.width() - 13)) < 0.5);
+        for (const auto& word : {left[0], right[0]}) {
+            QVERIFY(word.box.top() > page.size.height() - 20 && word.box.bottom() < page.size.height() - 10);
+        }
+    }
+
+    /// The rose of a page is round, whatever the window's shape.
+    void thePolarPage() {
+        const WindowFixture fixture;
+        fixture.chooseChannel(1);
+        fixture.chooseInterval(3);
+        auto& ks = fixture.the<PolarSys>("KS");
+        fixture.the<QMenu>("menKS").findChild<QAction*>(QStringLiteral("menPolar"))->trigger();
+        QCOMPARE(ks.DiagTyp(), int(KIND_POLAR));
+        fixture.trigger("menPrint");
+        QCOMPARE(fixture.dialogs->messages, QStringList());
+        const auto page = printedPages(documents().back()).at(0);
+        const auto west = page.find(QStringLiteral("W")).at(0).box;
+        const auto east = page.find(QStringLiteral("E")).at(0).box;
+        const auto north = page.find(QStringLiteral("N")).at(0).box;
+        const auto south = page.find(QStringLiteral("S")).at(0).box;
+        QVERIFY(std::fabs((east.right() - west.left()) - (south.bottom() - north.top())) < 15);
+        QVERIFY(page.has(
+            QStringLiteral("18.06.2020, 00:00 Uhr bis 19.06.2020, 00:00 Uhr, Intervall: 15 Minuten, ") +
+            QString::number(ks.sampleCount()) + QStringLiteral(" Intervalle, davon ") +
+            QString::number(classify(ks).calm) + QStringLiteral(" Kalmen. Angaben in Prozent")));
+        QVERIFY(page.has(QStringLiteral("Gedruckt am 18.06.2020")));
+    }
+
+    /// File output is a printer for the run: the set-up dialog's name serves once, then each job asks.
+    void printingIntoAFile() {
+        const TempFolder folder;
+        const QString first = QString::fromStdString(folder.at("Erste.pdf"));
+        const WindowFixture fixture;
+        fixture.chooseChannel(DUST_ROW);
+        cups_->stop();
+        fixture.dialogs->onPrinter = [&](QPrinter& printer) {
+            printer.setOutputFormat(QPrinter::PdfFormat);
+            printer.setOutputFileName(first);
+        };
+        fixture.trigger("menSelP");
+        QCOMPARE(fixture.dialogs->messages, QStringList());
+        QCOMPARE(fixture.dialogs->proposedFiles, QStringList());
+        QCOMPARE(printedPages(first).size(), 1U);
+        fixture.dialogs->pdf = QString(); // cancelled
+        fixture.trigger("menPrint");
+        const QString proposed =
+            QString::fromStdString(folder.at("Kläranlage Nord – Staub – 18.06.2020.pdf"));
+        QCOMPARE(fixture.dialogs->proposedFiles, QStringList{proposed});
+        fixture.dialogs->pdf = proposed;
+        fixture.trigger("menPrint");
+        QCOMPARE(printedPages(proposed).size(), 1U);
+        fixture.dialogs->pdf = QStringLiteral("/dev/full");
+        fixture.trigger("menPrint");
+        QCOMPARE(fixture.dialogs->messages,
+                 QStringList{QStringLiteral("Drucken: Die Datei „/dev/full“ konnte nicht geschrieben werden: "
+                                            "No space left on device.")});
+        cups_->start();
+        QCOMPARE(documents().size(), 0U);
+    }
+
+    /// A print system that does not answer gives a message, and the window goes on.
+    void aSilentPrintSystem() {
+        const WindowFixture fixture;
+        cups_->hang();
+        fixture.trigger("menPrint");
+        QCOMPARE(
+            fixture.dialogs->messages,
+            QStringList{QStringLiteral("Drucken: Das Drucksystem antwortet nicht. Bitte versuchen Sie es "
+                                       "später noch einmal.")});
+        cups_->start();
+        fixture.trigger("menPrint");
+        QCOMPARE(documents().size(), 1U);
+    }
+
+    void aRefusedListSaysWhy() {
+        const WindowFixture fixture;
+        fixture.chooseInterval(4);
+        fixture.click("optView(1)");
+        cups_->reject(QStringLiteral("Papier wird gewechselt"));
+        fixture.trigger("menPrint");
+        cups_->resume();
+        QCOMPARE(fixture.dialogs->messages.size(), 1);
+        QVERIFY(fixture.dialogs->messages[0].contains(QStringLiteral("Papier wird gewechselt")));
+        QVERIFY(QGuiApplication::overrideCursor() == nullptr);
+    }
+
+    /// 10,000 pages, cancelled at page 5,000: no job, no file, and a window that goes on. Until then it takes
+    /// no input.
+    void aCancelledList() {
+        const QStringList filesBefore =
+            QDir(QDir::tempPath()).entryList({QStringLiteral("kelvrum-*.pdf")}, QDir::Files);
+        MadeStation made = madeStation();
+        made.minutes[7].assign(366 * 1440, 12.5);
+        const WindowFixture fixture(made);
+        fixture.chooseChannel(DUST_ROW);
+        fixture.arrange({QStringLiteral("01.01.2020 00:00"), QStringLiteral("31.12.2020 00:00")}, 0);
+        fixture.click("optView(1)");
+        const int rows = fixture.the<QTableView>("lView").model()->rowCount();
+        bool cancelled = false;
+        int closed = 0;
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, this, [&] {
+            auto* dialog = fixture.window->findChild<QProgressDialog*>(QStringLiteral("PrintProgress"));
+            if (dialog == nullptr || cancelled) {
+                return;
+            }
+            fixture.click("optView(0)"); // taken by nothing
+            closed += fixture.window->close() ? 1 : 0;
+            if (dialog->value() >= 5000) {
+                cancelled = true;
+                QVERIFY(dialog->maximum() > 10'000);
+                auto* button = dialog->findChild<QPushButton*>();
+                QCOMPARE(button->text(), QStringLiteral("Abbrechen"));
+                QTest::mouseClick(button, Qt::LeftButton);
+            }
+        });
+        timer.start(50);
+        fixture.dialogs->onPrinter = [](QPrinter& printer) {
+            printer.setPageSize(QPageSize(QPageSize::A5)); // makes more of them
+        };
+        fixture.trigger("menSelP");
+        timer.stop();
+        QVERIFY(cancelled);
+        QCOMPARE(closed, 0);
+        QCOMPARE(fixture.dialogs->messages, QStringList());
+        QVERIFY(fixture.window->isVisible());
+        QVERIFY(fixture.the<QAbstractButton>("optView(1)").isChecked());
+        QCOMPARE(fixture.the<QTableView>("lView").model()->rowCount(), rows);
+        QVERIFY(QGuiApplication::overrideCursor() == nullptr);
+        QCOMPARE(cups_->openJobs(), 0U);
+        QCOMPARE(documents().size(), 0U);
+        QCOMPARE(QDir(QDir::tempPath()).entryList({QStringLiteral("kelvrum-*.pdf")}, QDir::Files),
+                 filesBefore);
+        fixture.click("optView(0)");
+        fixture.trigger("menPrint");
+        QCOMPARE(documents().size(), 1U);
     }
 
     /// Two channels in one job of two pages; the view is as it was before.
@@ -235,9 +460,10 @@ class f_print_test : public QObject {
         auto& ks = fixture.the<PolarSys>("KS");
         fixture.click("Option1");
         const int count = ks.DataCount();
+        QString result;
         fixture.inWindowOf(
             [&] { fixture.trigger("menCPrint"); },
-            [](QWidget& dialog) {
+            [&result](QWidget& dialog) {
                 QCOMPARE(dialog.windowTitle(), QStringLiteral("Sammeldruck"));
                 for (const char* row : {"chKanal(0)", "chKanal(5)", "chAuto(0)", "chShowLines(0)"}) {
                     auto* box = dialog.findChild<QCheckBox*>(QString::fromUtf8(row));
@@ -256,8 +482,13 @@ class f_print_test : public QObject {
                 auto* print = dialog.findChild<QPushButton*>(QStringLiteral("OKButton"));
                 QVERIFY(print->isEnabled());
                 QTest::mouseClick(print, Qt::LeftButton);
+                auto* said = dialog.findChild<QLabel*>(QStringLiteral("lResult"));
+                result = said->isVisible() ? said->text() : QString();
             });
         QCOMPARE(fixture.dialogs->messages, QStringList());
+        QCOMPARE(result, QStringLiteral("2 Seiten an den Drucker „Testdrucker“ gedruckt."));
+        QCOMPARE(cups_->newestJob()[QStringLiteral("job-name")],
+                 QStringLiteral("Kläranlage Nord – Sammeldruck – 18.06.2020"));
         const auto found = documents();
         QCOMPARE(found.size(), 1U);
         const auto pages = printedPages(found[0]);
