@@ -1,6 +1,7 @@
 // What the main window needs from its environment. Tests supply their own.
 #pragma once
 
+#include "util/DateTime.h"
 #include "util/Dialogs.h"
 #include "util/FileSource.h"
 #include "util/Format.h"
@@ -18,6 +19,9 @@ struct Environment {
     LocaleTexts texts;            // how numbers and dates are shown
     FileOpener open = openFile;   // how the station's files are opened
     std::shared_ptr<Dialogs> dialogs = std::make_shared<Dialogs>(); // how the user is asked
+    /// The time of day as stations count it, without summer time. Intervals that begin later are not
+    /// evaluated.
+    std::function<DateTime()> now = [] { return LAST_DATE; };
 };
 
 } // namespace kelvrum

@@ -1,6 +1,7 @@
 #include "app/SystemLocale.h"
 
 #include <QString>
+#include <QTimeZone>
 
 namespace kelvrum {
 
@@ -24,6 +25,14 @@ LocaleTexts localeTexts(const QLocale& locale) {
         }
     }
     return texts;
+}
+
+DateTime stationTime(const QDateTime& moment) {
+    const QDateTime standard = moment.toOffsetFromUtc(moment.timeZone().standardTimeOffset(moment));
+    const QDate date = standard.date();
+    const QTime time = standard.time();
+    return dateSerial(date.year(), date.month(), date.day()) +
+           timeSerial(time.hour(), time.minute(), time.second());
 }
 
 } // namespace kelvrum

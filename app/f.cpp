@@ -40,6 +40,7 @@ f::f(Environment environment)
     setCentralWidget(client_);
     buildParts();
     buildReading();
+    buildEvaluation();
     buildKeys();
     connectMenu();
     connectParts();

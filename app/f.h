@@ -41,6 +41,7 @@ class ScrollFrame;
 class ViewArea;
 class ViewSwitch;
 class ZoomFrame;
+struct EvaluationText;
 
 /// The start object and only long-lived window: one channel of one station over a time range, as a data list
 /// or as a diagram. It owns the StationConfig and its parts, each of which keeps its controls and their
@@ -144,6 +145,11 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     [[nodiscard]] std::string printingDate() const;
     [[nodiscard]] std::string shownRange() const;
     [[nodiscard]] PageNotes pageNotes() const;
+
+    // --- f_evaluation.cpp ---
+    void buildEvaluation();
+    void openEvaluation();
+    void printEvaluation(const EvaluationText& text, QWidget& window);
 
     // --- f_project.cpp: opening projects ---
     void chooseConfFile();

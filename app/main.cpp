@@ -13,6 +13,7 @@ int main(int argc, char* argv[]) {
 
     kelvrum::Environment environment;
     environment.today = QDate::currentDate;
+    environment.now = [] { return kelvrum::stationTime(QDateTime::currentDateTime()); };
     environment.programFolder =
         kelvrum::programFolder(QCoreApplication::applicationDirPath(),
                                QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));

@@ -13,7 +13,7 @@ void showViews(const SampleFolder& station, const QString& pictures);
 /// The scale, the limits, every kind of diagram and the menu of kinds.
 void showDiagrams(const SampleFolder& station, const QString& pictures);
 
-/// Project selection, batch print, correction factor.
+/// Project selection, correction factor, evaluation, batch print.
 void showDialogs(const SampleFolder& station, const QString& pictures);
 
 /// A printed diagram.

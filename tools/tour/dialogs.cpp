@@ -38,6 +38,20 @@ void correction(const SampleFolder& station, const QString& pictures) {
                       });
 }
 
+void evaluation(const SampleFolder& station, const QString& pictures) {
+    const Stage stage(station);
+    stage.chooseChannel("Staub PM10");
+    stage.chooseInterval("15 Minuten");
+    stage.click("Check1");
+    stage.type("Text3", "25");
+    stage.type("Text4", "35");
+    Stage::inWindowOf([&] { stage.the<QAction>("menAuswertung").trigger(); },
+                      [&](QWidget& dialog) {
+                          QTest::qWait(500); // until it has read
+                          saveDialog(dialog, pictures, "evaluation");
+                      });
+}
+
 /// Ticks a box of a row, as a click does.
 void tick(const QWidget& dialog, const char* box, int row) {
     const QString name = QStringLiteral("%1(%2)").arg(QString::fromUtf8(box)).arg(row);
@@ -102,6 +116,7 @@ void batchPrint(const SampleFolder& station, const QString& pictures) {
 void showDialogs(const SampleFolder& station, const QString& pictures) {
     projects(station, pictures);
     correction(station, pictures);
+    evaluation(station, pictures);
     batchPrint(station, pictures);
 }
 

@@ -1,0 +1,162 @@
+#include "app/EvaluationPrintout.h"
+
+#include "app/TablePrintout.h"
+#include "util/Numbers.h"
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+namespace kelvrum {
+
+namespace {
+
+// Millimetres.
+constexpr double LEFT_MARGIN = 20;
+constexpr double FIRST_LINE = 10;
+constexpr double LOWER_MARGIN = 10;
+constexpr double BELOW_HEADER = 2;
+constexpr double BETWEEN_COLUMNS = 4;
+
+const Font TITLE_FONT{"Arial", 12, true, false};
+const Font HEADING_FONT{"Arial", 10, true, false};
+const Font TEXT_FONT{"Arial", 10, false, false};
+
+std::string joined(const std::vector<std::string>& cells) {
+    std::string row;
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        row += (i > 0 ? "|" : "") + cells[i];
+    }
+    return row;
+}
+
+/// Prints lines from the top of the first page on and goes to a new page when the next one would not fit.
+class EvaluationPrinter {
+  public:
+    explicit EvaluationPrinter(const std::function<Surface&()>& newPage)
+        : newPage_(newPage) {
+        startPage();
+        lineHeight_ = millimetres(page_->textExtent("").height);
+    }
+
+    void printTitle(const std::string& title) { printHeading(title, TITLE_FONT); }
+
+    /// Names and values in two columns.
+    void printEntries(const std::vector<EvaluationEntry>& entries) {
+        double names = 0;
+        for (const EvaluationEntry& entry : entries) {
+            names = std::max(names, widthOf(entry.label));
+        }
+        const double valueAt = LEFT_MARGIN + names + BETWEEN_COLUMNS;
+        const std::string columns = plainNumber(LEFT_MARGIN) + "|" + plainNumber(valueAt);
+        for (const EvaluationEntry& entry : entries) {
+            if (!hasRoom(1)) {
+                startPage();
+            }
+            printRow(joined({entry.label, entry.value}), columns, millimetres(page_->size().width) - valueAt);
+        }
+        y_ += lineHeight_;
+    }
+
+    void printTable(const EvaluationTable& table) {
+        constexpr int LEAST_LINES = 6; // else the table begins on the next page
+        if (!hasRoom(LEAST_LINES)) {
+            startPage();
+        }
+        printHeading(table.title, HEADING_FONT);
+        const std::vector<double> widths = columnWidths(table);
+        double position = LEFT_MARGIN;
+        std::string columns;
+        for (std::size_t i = 0; i < widths.size(); ++i) {
+            columns += (i > 0 ? "|>" : "") + plainNumber(position);
+            position += widths[i];
+        }
+        printHeader(table, columns, widths.back());
+        for (const auto& row : table.rows) {
+            if (!hasRoom(1)) {
+                startPage();
+                printHeader(table, columns, widths.back());
+            }
+            printRow(joined(row), columns, widths.back());
+        }
+        y_ += lineHeight_;
+    }
+
+  private:
+    [[nodiscard]] double millimetres(int dots) const { return dots / page_->scale(); }
+    [[nodiscard]] int dots(double length) const {
+        return static_cast<int>(roundHalfEven(length * page_->scale()));
+    }
+    [[nodiscard]] double widthOf(std::string_view text) const {
+        return millimetres(page_->textExtent(text).width);
+    }
+    [[nodiscard]] bool hasRoom(int lines) const {
+        return y_ + lines * lineHeight_ <= millimetres(page_->size().height) - LOWER_MARGIN;
+    }
+
+    void startPage() {
+        page_ = &newPage_();
+        page_->setPen(BLACK);
+        page_->setFont(TEXT_FONT);
+        y_ = FIRST_LINE;
+    }
+
+    /// A line in its own font and an empty one.
+    void printHeading(const std::string& text, const Font& font) {
+        page_->setFont(font);
+        page_->text({dots(LEFT_MARGIN), dots(y_)}, text);
+        y_ += 1.5 * millimetres(page_->textExtent("").height);
+        page_->setFont(TEXT_FONT);
+    }
+
+    void printHeader(const EvaluationTable& table, const std::string& columns, double lastWidth) {
+        printRow(joined(table.header), columns, lastWidth);
+        y_ += BELOW_HEADER;
+    }
+
+    void printRow(const std::string& row, const std::string& columns, double lastWidth) {
+        const auto width = [this](std::string_view text) { return widthOf(text); };
+        for (const PlacedCell& cell : placeRow(row, columns, lastWidth, width)) {
+            page_->text({dots(cell.x), dots(y_)}, cell.text);
+        }
+        y_ += lineHeight_;
+    }
+
+    /// Each column is as wide as its widest cell.
+    [[nodiscard]] std::vector<double> columnWidths(const EvaluationTable& table) const {
+        std::vector<double> widths(table.header.size(), 0);
+        const auto widen = [&](const std::vector<std::string>& row) {
+            for (std::size_t i = 0; i < widths.size(); ++i) {
+                widths[i] = std::max(widths[i], widthOf(row[i]) + BETWEEN_COLUMNS);
+            }
+        };
+        widen(table.header);
+        for (const auto& row : table.rows) {
+            widen(row);
+        }
+        return widths;
+    }
+
+    const std::function<Surface&()>& newPage_;
+    Surface* page_ = nullptr;
+    double y_ = 0; // of the next line, millimetres
+    double lineHeight_ = 0;
+};
+
+} // namespace
+
+void printEvaluationText(const EvaluationText& text, const std::string& station,
+                         const std::function<Surface&()>& newPage) {
+    EvaluationPrinter printer(newPage);
+    printer.printTitle(text.title);
+    std::vector<EvaluationEntry> entries = {{"Station", station}};
+    entries.insert(entries.end(), text.summary.begin(), text.summary.end());
+    entries.push_back({"Grenzwerte", text.limits});
+    entries.push_back({"Hinweis", text.foot});
+    printer.printEntries(entries);
+    for (const EvaluationTable& table : text.tables) {
+        printer.printTable(table);
+    }
+}
+
+} // namespace kelvrum

@@ -1,0 +1,18 @@
+// An evaluation on paper, on any surface.
+#pragma once
+
+#include "drawing/Surface.h"
+#include "evaluation/EvaluationText.h"
+
+#include <functional>
+#include <string>
+
+namespace kelvrum {
+
+/// Prints title, summary and tables on as many pages as they need. A table begins with its title and header;
+/// each further page of it repeats the header. `newPage` starts a page and returns its surface in
+/// millimetres.
+void printEvaluationText(const EvaluationText& text, const std::string& station,
+                         const std::function<Surface&()>& newPage);
+
+} // namespace kelvrum

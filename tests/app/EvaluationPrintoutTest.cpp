@@ -1,0 +1,94 @@
+// An evaluation on paper: its lines in order, and the header of a long table on each of its pages.
+#include "app/EvaluationPrintout.h"
+
+#include "tests/drawing/TestSurface.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kelvrum {
+
+namespace {
+
+using testing::TestSurface;
+
+/// Pages of 297 x 210 mm at 10 dots for a millimetre; a character is 6 mm wide and a line 12 mm high.
+struct Pages {
+    std::vector<std::unique_ptr<TestSurface>> pages;
+
+    Surface& next() {
+        pages.push_back(std::make_unique<TestSurface>(Extent{2970, 2100}, 10));
+        return *pages.back();
+    }
+    [[nodiscard]] std::vector<std::string> textsOf(std::size_t page) const {
+        std::vector<std::string> texts;
+        for (const auto& text : pages[page]->texts()) {
+            const std::size_t start = text.text.find_first_not_of(' ');
+            texts.push_back(start == std::string::npos ? "" : text.text.substr(start));
+        }
+        return texts;
+    }
+};
+
+EvaluationText textWith(std::size_t rows) {
+    EvaluationText text;
+    text.title = "Auswertung: Staub";
+    text.summary = {{"Intervalle", "24"}, {"Minimum", "1,00 mg"}};
+    text.limits = "Ohne.";
+    text.foot = "Zeit.";
+    EvaluationTable table{"Nach Tagen", {"Tag", "n"}, {}};
+    for (std::size_t row = 0; row < rows; ++row) {
+        table.rows.push_back({"t" + std::to_string(row), std::to_string(row)});
+    }
+    text.tables = {table};
+    return text;
+}
+
+void print(const EvaluationText& text, Pages& pages) {
+    printEvaluationText(text, "Deponie", [&]() -> Surface& { return pages.next(); });
+}
+
+TEST(EvaluationPrintout, TitleSummaryAndTable) {
+    Pages pages;
+    print(textWith(1), pages);
+    ASSERT_EQ(pages.pages.size(), 1U);
+    EXPECT_EQ(pages.textsOf(0),
+              (std::vector<std::string>{"Auswertung: Staub", "Station", "Deponie", "Intervalle", "24",
+                                        "Minimum", "1,00 mg", "Grenzwerte", "Ohne.", "Hinweis", "Zeit.",
+                                        "Nach Tagen", "Tag", "n", "t0", "0"}));
+}
+
+TEST(EvaluationPrintout, ALongTableRepeatsItsHeaderAndKeepsTheMargin) {
+    constexpr std::size_t ROWS = 300;
+    Pages pages;
+    print(textWith(ROWS), pages);
+    ASSERT_GT(pages.pages.size(), 2U);
+    std::size_t rows = 0;
+    for (std::size_t page = 0; page < pages.pages.size(); ++page) {
+        const auto texts = pages.textsOf(page);
+        if (page > 0) {
+            EXPECT_EQ(texts[0], "Tag");
+        }
+        for (const std::string& text : texts) {
+            rows += text == "t" + std::to_string(rows) ? 1 : 0;
+        }
+        for (const auto& text : pages.pages[page]->texts()) {
+            EXPECT_LE(text.at.y + text.extent.height, 2000);
+        }
+    }
+    EXPECT_EQ(rows, ROWS);
+}
+
+TEST(EvaluationPrintout, WithoutRowsTheHeaderStaysAlone) {
+    Pages pages;
+    print(textWith(0), pages);
+    EXPECT_EQ(pages.pages.size(), 1U);
+    EXPECT_EQ(pages.textsOf(0).back(), "n");
+}
+
+} // namespace
+
+} // namespace kelvrum

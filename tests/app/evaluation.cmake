@@ -1,0 +1,2 @@
+# The window "Auswertung".
+kelvrum_window_test(f_evaluation_test SOURCES f_evaluation_test.cpp USES kelvrum_window_testing)
