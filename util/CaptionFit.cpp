@@ -156,7 +156,7 @@ void fitCaptions(QWidget& window) {
         }
     }
     for (const auto& [control, fitting] : smaller) {
-        // What lies in a frame keeps its own font.
+        // Children of a frame keep their own font.
         for (QWidget* child : control->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
             if (qobject_cast<QGroupBox*>(control) != nullptr) {
                 setPixels(*child, pixelsOf(child->font()));

@@ -1,4 +1,4 @@
-// Texts without regard to the case of letters, whatever their script and the machine's locale.
+// Case-insensitive texts, in any script and independent of the locale.
 #pragma once
 
 #include <string>

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int FONT_PIXELS = 11;
 
-/// Keeps the wheel from a control without the focus; whatever lies around the control gets it.
+/// Keeps the wheel from a control without the focus; its parent gets the wheel instead.
 class PassingWheel : public QObject {
   public:
     using QObject::QObject;

@@ -1,4 +1,4 @@
-// How the windows make their controls and put texts and numbers into them.
+// Creates the windows' controls and puts texts and numbers into them.
 #pragma once
 
 #include <QComboBox>
@@ -28,8 +28,8 @@ std::optional<double> numberIn(const QLineEdit& field);
 /// Writes a number into a field; one that is too long shows its start.
 void showNumber(QLineEdit& field, double v);
 
-/// The wheel changes a picker or a choice only while that has the focus, not on its way over the window, and
-/// does not bring it the focus.
+/// The wheel changes a picker or a choice only while it has the focus, not while the user scrolls past it,
+/// and does not bring it the focus.
 void ignorePassingWheel(QWidget& control);
 
 /// A control with its object name, at its place in its parent.

@@ -1,5 +1,5 @@
 // Date-times as the stations count them: days since 30 December 1899, the time of day as fraction.
-// Nothing here knows a time zone or summer time.
+// Time zones and daylight saving time are ignored.
 #pragma once
 
 #include <cstdint>
@@ -35,11 +35,11 @@ struct CalendarTime {
     int dayOfYear = 0;
 };
 
-/// Takes t apart after rounding it to the nearest millisecond, a half to the even neighbour. What lies
+/// Takes t apart after rounding it to the nearest millisecond, a half to the even neighbour. What is
 /// outside of the calendar is moved to its first or last day; a NaN counts as 0.
 CalendarTime calendarTime(DateTime t);
 
-/// The calendar time that is shown for t: rounded to the nearest second.
+/// The calendar time displayed for t: rounded to the nearest second.
 CalendarTime shownTime(DateTime t);
 
 /// Whole minutes since 1899-12-30 00:00: calendarTime(t) rounded to the nearest minute, a half to the even

@@ -31,7 +31,7 @@ void setUpFileDialog(QFileDialog& dialog, const QString& title, const QString& f
     dialog.setWindowTitle(title);
     dialog.setDirectory(folder);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setOption(QFileDialog::HideNameFilterDetails); // the patterns are for the machine
+    dialog.setOption(QFileDialog::HideNameFilterDetails); // the patterns are not meant for users
     dialog.setNameFilters(patterns);
 }
 

@@ -11,7 +11,7 @@ class QWidget;
 
 namespace kelvrum {
 
-/// What a file dialog offers: a description and the exact name of the files, in any case of letters.
+/// A file type of a dialog: its description and the exact name of the files, in any case of letters.
 struct FileFilter {
     QString description;
     QString fileName;

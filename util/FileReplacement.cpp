@@ -72,7 +72,7 @@ FileReplacement::FileReplacement(const fs::path& target, std::error_code& error)
     if (fs::exists(before_)) {
         error = checkWritable(target_, before_);
         if (!error) {
-            target_ = fs::canonical(target_, error); // a link stays one
+            target_ = fs::canonical(target_, error); // a link is kept
         }
     }
     if (!error) {
@@ -90,7 +90,7 @@ std::error_code FileReplacement::makeFresh() {
     if (error) {
         fresh_.clear();
     } else {
-        static_cast<void>(file_.lock()); // where there are no locks, leftovers stay
+        static_cast<void>(file_.lock()); // without locks, leftover files stay
     }
     return error;
 }

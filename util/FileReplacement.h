@@ -11,9 +11,9 @@
 
 namespace kelvrum {
 
-/// Gives the file of a station path new contents: they are written beside it, and take its place when they
-/// are complete and on the disk, with its rights; a link stays one. When anything fails the old file stays as
-/// it was; the result is the system's reason, and empty after success. A write-protected file is not
+/// Gives the file of a station path new contents: they are written next to it, and replace it when they
+/// are complete and on the disk, with its permissions; a link is kept. When anything fails the old file stays
+/// as it was; the result is the system's reason, and empty after success. A write-protected file is not
 /// replaced.
 [[nodiscard]] std::error_code replaceFile(std::string_view path, std::span<const std::byte> bytes);
 
@@ -21,14 +21,14 @@ namespace kelvrum {
 /// target's place with `commit`; without that it is removed and the target stays as it was.
 class FileReplacement {
   public:
-    /// `error` says why the target, a native path, cannot be replaced. Fresh files that programs which were
-    /// killed have left in the folder are removed.
+    /// `error` says why the target, a native path, cannot be replaced. Fresh files that killed programs
+    /// have left in the folder are removed.
     FileReplacement(const std::filesystem::path& target, std::error_code& error);
     FileReplacement(const FileReplacement&) = delete;
     FileReplacement& operator=(const FileReplacement&) = delete;
     ~FileReplacement();
 
-    /// Where the contents are to be written: an empty file, whose name no other replacement has.
+    /// Where to write the contents: an empty file with a unique name.
     [[nodiscard]] const std::filesystem::path& fresh() const { return fresh_; }
 
     /// Writes all of the contents.

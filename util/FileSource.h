@@ -18,10 +18,10 @@ class FileSource {
     FileSource& operator=(const FileSource&) = delete;
     virtual ~FileSource() = default;
 
-    /// Length of the file in bytes; 0 when it cannot be told.
+    /// Length of the file in bytes; 0 when it is unknown.
     virtual std::uint64_t size() = 0;
 
-    /// Reads from a byte offset on and returns how many bytes it got; fewer than asked for only at the end
+    /// Reads from a byte offset on and returns the number of bytes read; fewer than requested only at the end
     /// of the file or when reading fails.
     virtual std::size_t read(std::uint64_t offset, std::span<std::byte> into) = 0;
 };

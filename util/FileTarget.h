@@ -18,7 +18,7 @@ class FileTarget {
     FileTarget& operator=(const FileTarget&) = delete;
     virtual ~FileTarget() = default;
 
-    /// Writes at a byte offset; what lies outside stays as it is, a gap before it reads as zeros. Returns the
+    /// Writes at a byte offset; other bytes stay as they are, a gap before it reads as zeros. Returns the
     /// system's reason when not all was written.
     [[nodiscard]] virtual std::error_code write(std::uint64_t offset, std::span<const std::byte> bytes) = 0;
 };

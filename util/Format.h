@@ -17,14 +17,14 @@ struct LocaleTexts {
 
 /// Writes v by a format such as "######0.00" or "########0.0#": "0" is a digit that is always shown, "#" one
 /// that is shown when needed. A half of the decimal value (15 significant digits) is rounded away from zero;
-/// "-0" never appears. What is no number gives an empty text.
+/// "-0" never appears. NaN and infinities give an empty text.
 std::string formatNumber(double v, std::string_view format, const LocaleTexts& texts);
 
 /// Writes t, rounded to the nearest second, by a format of the letters d, dd, m, mm, yy, yyyy, hh, ss; "m"
 /// and "mm" after hours are minutes, "/" is the locale's date separator, all else stands for itself.
 std::string formatDateTime(DateTime t, std::string_view format, const LocaleTexts& texts);
 
-/// v as an ordinary decimal number in the user's locale: plainNumber with its decimal separator.
+/// v as a plain decimal number in the user's locale: plainNumber with its decimal separator.
 std::string shownNumber(double v, const LocaleTexts& texts);
 
 /// The same of a single-precision number, with no more digits than it has.

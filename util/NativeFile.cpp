@@ -58,7 +58,7 @@ int openFlags(NativeFile::Open how) {
 
 int openNative(const std::filesystem::path& path, NativeFile::Open how, bool isPrivate) {
     constexpr mode_t OWNER = S_IRUSR | S_IWUSR;
-    constexpr mode_t ALL = OWNER | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH; // the system takes some of it away
+    constexpr mode_t ALL = OWNER | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH; // reduced by the umask
     return ::open(path.c_str(), openFlags(how), isPrivate ? OWNER : ALL);
 }
 

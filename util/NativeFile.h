@@ -1,4 +1,4 @@
-// A file by the calls of the system. Every failure is the error that the call gave.
+// A file accessed by system calls. Every failure is the error of the call.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +13,7 @@ class NativeFile {
   public:
     enum class Open {
         existing,      // to read and to write; fails when there is none
-        createMissing, // the same, and makes the file when there is none
+        createMissing, // the same, and creates the file when there is none
         createNew,     // fails when there is one, a link too
     };
 
@@ -22,7 +22,7 @@ class NativeFile {
     NativeFile& operator=(const NativeFile&) = delete;
     ~NativeFile() { close(); }
 
-    /// A file that is made can be read by its owner alone when `isPrivate`, else by whom the system lets.
+    /// A created file is readable only by its owner when `isPrivate`, else as the system's defaults say.
     [[nodiscard]] std::error_code open(const std::filesystem::path& path, Open how, bool isPrivate = false);
 
     /// Writes all bytes from an offset on. After an error some of them may have been written.
@@ -31,8 +31,8 @@ class NativeFile {
     /// Returns when the contents are on the disk.
     [[nodiscard]] std::error_code sync();
 
-    /// Takes the file for this object until it is closed. False when another holds it, or when the file
-    /// system knows no such thing.
+    /// Locks the file for this object until it is closed. False when it is locked already, or when the file
+    /// system has no locks.
     [[nodiscard]] bool lock();
 
     void close();

@@ -1,5 +1,5 @@
 // Paths are kept as the station writes them, with "\" or "/" as separator. Here, and only here, they become
-// paths of the machine.
+// native paths.
 #pragma once
 
 #include <filesystem>
@@ -11,27 +11,27 @@
 namespace kelvrum {
 
 /// The file existence test. The path is lower-cased; a bare drive letter ("a" or "a:") becomes the drive's
-/// root; true when the machine knows attributes of what it names. An empty path does not exist, nor does a
+/// root; true when the system has attributes for it. An empty path does not exist, nor does a
 /// path with a drive letter on a system without drives.
 bool fileExists(std::string_view path);
 
-/// The machine's path of a station path: both separators are understood, and each component that does not
+/// The native path of a station path: both separators are accepted, and each component that does not
 /// exist as written is matched without regard to the case of letters, in any script (the first in byte order
 /// when several match).
 /// Components that do not exist at all stay as written. Nothing for an empty path, for one with a NUL in it
 /// and, on a system without drives, for a path with a drive letter.
 std::optional<std::filesystem::path> nativePath(std::string_view path);
 
-/// The station path of a machine path (UTF-8, separators as the machine has them).
+/// The station path of a native path (UTF-8, native separators).
 std::string stationPath(const std::filesystem::path& path);
 
-/// The machine's path of a station path as a text; empty when there is none.
+/// The native path of a station path as text; empty when there is none.
 std::string nativeText(std::string_view path);
 
-/// The folder around a folder, as a text of the machine; for an empty text that around the current folder.
+/// The parent of a folder, as a native path; for an empty text the parent of the current folder.
 std::string folderAround(std::string_view folder);
 
-/// True when a folder text stands for itself and is not relative to the project: it begins with two
+/// True when a folder is absolute and not relative to the project: it begins with two
 /// backslashes or holds a ":"; on a system without drives also when it begins with "/".
 bool isAbsoluteFolder(std::string_view folder);
 

@@ -35,7 +35,7 @@ class PeriodWidget : public QWidget {
     PeriodWidget(const LocaleTexts& texts, const Places& places, QWidget* parent = nullptr);
     ~PeriodWidget() override;
 
-    /// The period as it was set or finished last; what is being typed does not count yet.
+    /// The period as last set or finished; an unfinished entry does not count yet.
     [[nodiscard]] TimeRange value() const;
 
     /// Shows a period, cut to the minute. Raises no signal.
@@ -49,7 +49,7 @@ class PeriodWidget : public QWidget {
     [[nodiscard]] int minutes(Side side) const;
     void setMinutes(Side side, int minutes);
 
-    /// Takes over what is being typed, for an action that does not take the focus away; may raise `edited`.
+    /// Applies an unfinished entry, for an action that does not take the focus away; may raise `edited`.
     void finish();
 
     [[nodiscard]] DatePicker& datePicker(Side side) const;

@@ -45,7 +45,7 @@ bool TypedPicker<Edit>::eventFilter(QObject* watched, QEvent* event) {
     }
     if (watched == Edit::lineEdit() && event->type() == QEvent::KeyPress) {
         event->accept();
-        this->event(event); // keys belong to the picker, whoever they are sent to
+        this->event(event); // keys belong to the picker, whichever widget receives them
         return true;
     }
     return Edit::eventFilter(watched, event);
@@ -69,7 +69,7 @@ bool TypedPicker<Edit>::event(QEvent* event) {
 template<typename Edit>
 void TypedPicker<Edit>::keyPressEvent(QKeyEvent* event) {
     if (typing_.isActive() && Edit::lineEdit()->text() != shown_) {
-        typing_.end(); // the value was set meanwhile
+        typing_.end(); // the value was set in the meantime
     }
     switch (event->key()) {
     case Qt::Key_Return:
@@ -118,7 +118,7 @@ void TypedPicker<Edit>::focusOutEvent(QFocusEvent* event) {
     Edit::focusOutEvent(event);
 }
 
-/// The tab key goes from section to section and leaves behind the last one.
+/// The tab key goes from section to section and leaves after the last one.
 template<typename Edit>
 bool TypedPicker<Edit>::focusNextPrevChild(bool next) {
     if (typing_.isActive() && typing_.move(next ? +1 : -1)) {
@@ -129,7 +129,7 @@ bool TypedPicker<Edit>::focusNextPrevChild(bool next) {
     return Edit::focusNextPrevChild(next);
 }
 
-/// What is being typed stands as it is: it is judged at its end.
+/// An unfinished entry is kept as it is: it is validated at its end.
 template<typename Edit>
 QValidator::State TypedPicker<Edit>::validate(QString& text, int& position) const {
     return typing_.isActive() && text == shown_ ? QValidator::Intermediate : Edit::validate(text, position);
@@ -188,7 +188,7 @@ void TypedPicker<Edit>::show() {
     }
 }
 
-/// Whether a key belongs to the typing; it is done then.
+/// Whether a key belongs to the entry; it has been handled then.
 template<typename Edit>
 bool TypedPicker<Edit>::typed(const QKeyEvent& event) {
     const bool erases = event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete;
@@ -278,8 +278,8 @@ QValidator::State DatePicker::validate(QString& text, int& position) const {
 void DatePicker::mousePressEvent(QMouseEvent* event) {
     finish();
     TypedPicker<QDateEdit>::mousePressEvent(event);
-    if (auto* calendar = findChild<QCalendarWidget*>()) { // made when it is first folded out
-        // The popup around the calendar would take every day that is walked over. The chosen one reaches it
+    if (auto* calendar = findChild<QCalendarWidget*>()) { // created when it is first opened
+        // The popup around the calendar would apply every day that is passed. The chosen one reaches it
         // as `activated` or `clicked`.
         disconnect(calendar, &QCalendarWidget::selectionChanged, calendar->parentWidget(), nullptr);
         calendar->setDateEditEnabled(false); // digits would count from today

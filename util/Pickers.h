@@ -27,7 +27,7 @@ class TypedPicker : public Edit {
   protected:
     TypedPicker(const QString& format, QWidget* parent);
 
-    /// Takes over what was typed, if it makes sense.
+    /// Applies what was typed, if it is valid.
     virtual void take(const SectionTyping& typed) = 0;
 
     bool event(QEvent* event) override;

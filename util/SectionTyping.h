@@ -29,9 +29,9 @@ class SectionTyping {
     /// Digits, and any other characters as separators. As many numbers as there are sections, or more, begin
     /// with the first one.
     void type(std::string_view characters);
-    /// Takes back the digit that was typed last, or the last one of the section.
+    /// Removes the digit that was typed last, or the last one of the section.
     void eraseDigit();
-    /// Empties the section; one that was reached by itself loses nothing: as eraseDigit then.
+    /// Empties the section; if it was reached automatically, nothing is lost: acts as eraseDigit then.
     void eraseSection();
     /// Empties all sections and goes to the first one.
     void eraseAll();
@@ -41,16 +41,16 @@ class SectionTyping {
     void moveToLast();
 
     [[nodiscard]] std::size_t section() const { return section_; }
-    /// What is to be shown.
+    /// The text to show.
     [[nodiscard]] std::string text() const;
-    /// Where the section stands in that text, and how long it is there.
+    /// Position and length of the section in that text.
     [[nodiscard]] std::size_t sectionStart() const;
     [[nodiscard]] std::size_t sectionLength() const { return sections_[section_].text.size(); }
     /// Whether the next digit replaces the section.
     [[nodiscard]] bool isFresh() const { return fresh_; }
 
     /// The number of a section; nothing when it is empty or there is no such section. A year of one or two
-    /// digits lies in 1970 to 2069.
+    /// digits is in 1970 to 2069.
     [[nodiscard]] std::optional<int> number(Unit unit) const;
 
   private:
@@ -69,7 +69,7 @@ class SectionTyping {
     std::string behind_; // the text after the last section
     std::size_t section_ = 0;
     bool fresh_ = true;
-    bool handedOver_ = false; // by itself, and the separator may still be typed
+    bool handedOver_ = false; // automatically, and the separator may still be typed
     bool closed_ = false;     // a separator was typed after the last section
     bool active_ = false;
 };

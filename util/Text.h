@@ -45,7 +45,7 @@ std::string cleanFixedText(std::string_view bytes);
 class Utf8Check {
   public:
     void feed(std::string_view bytes);
-    /// Whether all that was fed so far, taken as the whole text, is valid.
+    /// Whether the bytes so far form a valid text.
     [[nodiscard]] bool valid() const { return valid_ && pending_ == 0; }
 
   private:

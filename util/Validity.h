@@ -8,10 +8,10 @@ namespace kelvrum {
 /// Marks "no value" everywhere in the program.
 inline constexpr double INVALID_VALUE = 99999900.0;
 
-/// Stands for a measured zero, so that it is never taken for an empty slot (which reads as 0).
+/// Represents a measured zero, so that it is never taken for an empty slot (which reads as 0).
 inline constexpr double ZERO_VALUE = 1e-300;
 
-/// The bounds that the readers and the limit fields hand to `validate`.
+/// The bounds that the readers and the limit fields pass to `validate`.
 inline constexpr double UPPER_BOUND = 99999999.0;
 inline constexpr double LOWER_BOUND = -99999999.0;
 
@@ -19,7 +19,7 @@ inline constexpr double LOWER_BOUND = -99999999.0;
 /// exactly 0. A reading of zero is a missing one on purpose: unwritten slots read as 0.
 inline bool isPresent(double v) { return std::fabs(v) < INVALID_VALUE && v != 0; }
 
-/// The validity test: INVALID_VALUE for NaN, for a magnitude of 99999900 or more and for what lies outside
+/// The validity test: INVALID_VALUE for NaN, for a magnitude of 99999900 or more and for values outside
 /// of the bounds; ZERO_VALUE for exactly 0; otherwise v.
 inline double validate(double v, double upper = UPPER_BOUND, double lower = LOWER_BOUND) {
     if (!(std::fabs(v) < INVALID_VALUE) || v > upper || v < lower) {
