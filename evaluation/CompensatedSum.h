@@ -9,7 +9,7 @@ class CompensatedSum {
   public:
     void add(double v) {
         const double sum = sum_ + v;
-        const double added = sum - sum_; // the part of v that arrived
+        const double added = sum - sum_; // the part of v that was added
         rounded_ += (sum_ - (sum - added)) + (v - added);
         sum_ = sum;
     }

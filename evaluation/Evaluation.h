@@ -1,4 +1,4 @@
-// The evaluation of a reading: how complete it is, its statistics, what lay above the limits, and all of it
+// The evaluation of a reading: how complete it is, its statistics, what was above the limits, and all of it
 // by calendar. Figures that do not exist are empty.
 #pragma once
 
@@ -34,10 +34,10 @@ class Evaluator {
     explicit Evaluator(const EvaluationRequest& request);
 
     /// The next intervals that were read, by ascending number; those that are left out have no value. What
-    /// does not lie in the range, begins after now, or is out of order is ignored.
+    /// is not in the range, begins after now, or is out of order is ignored.
     void add(std::span<const IntervalReading> intervals);
 
-    /// The figures of all that was added. To be called once.
+    /// The figures of everything that was added. Call it once.
     [[nodiscard]] Evaluation result();
 
   private:

@@ -1,4 +1,4 @@
-// What is evaluated: a reading, interval by interval, and how it is to be looked at.
+// The input of an evaluation: a reading, interval by interval, and its options.
 #pragma once
 
 #include "util/DateTime.h"

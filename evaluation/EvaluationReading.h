@@ -1,4 +1,4 @@
-// Reading what is evaluated: the intervals of the picture, with what else an evaluation needs of them.
+// Reads the input of an evaluation: the intervals of the picture, with everything else that it needs.
 #pragma once
 
 #include "config/StationConfig.h"
@@ -16,8 +16,8 @@ namespace kelvrum {
 EvaluatedKind evaluatedKind(const StationConfig& station, std::int32_t channel);
 
 /// Passes the intervals of a request to `consume`, many at a time, by ascending number. Values are those that
-/// the list and the diagram show; intervals that the reading does not reach are left out. An end that does
-/// not lie after the start gives none.
+/// the list and the diagram show; intervals that the reading does not reach are left out. An end that is
+/// not after the start gives none.
 ///
 /// Present minutes are counted as averaging counts them: a magnitude below 99999900 and not exactly 0. A
 /// minute of a wind direction is present when its direction and its speed are, since only then it counts in

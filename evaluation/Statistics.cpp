@@ -68,7 +68,7 @@ void sortPercentiles(std::span<double> values, std::span<const std::size_t> perc
 }
 
 double percentile(std::span<const double> values, std::size_t percent) {
-    // In whole numbers the position is exact: 0.05 · 100 as doubles lies beside 5.
+    // In whole numbers the position is exact: as doubles, 0.05 · 100 is not exactly 5.
     const std::size_t position = (values.size() - 1) * percent;
     const std::size_t rank = position / WHOLE;
     const auto part = static_cast<double>(position % WHOLE) / static_cast<double>(WHOLE);
@@ -84,7 +84,7 @@ Statistics StatisticsTally::result(const IntervalGrid& grid) {
     result.minimum = minimum_.result(grid);
     result.maximum = maximum_.result(grid);
     result.sum = sum_.value();
-    // Rounding must not carry the mean of equal values beside them.
+    // Rounding must not make the mean of equal values differ from them.
     result.mean = std::clamp(sum_.value() / static_cast<double>(values_.size()), result.minimum->value,
                              result.maximum->value);
     result.deviation = deviationOf(values_, *result.mean);

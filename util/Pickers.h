@@ -13,9 +13,9 @@ namespace kelvrum {
 QString pickerFormat(const LocaleTexts& texts);
 
 /// A picker whose typed change is one finished edit: it counts, as a whole, with the return key, with the
-/// loss of the focus and before a step or a click. Until then the value stays as it was; the escape key gives
-/// it back. What is no date or time is not taken. Typing over the whole selected text begins with the first
-/// section, and a click chooses the section to type into.
+/// loss of the focus and before a step or a click. Until then the value stays as it was; the escape key
+/// restores it. Invalid dates and times are discarded. Typing over the whole selected text begins with the
+/// first section, and a click chooses the section to type into.
 template<typename Edit>
 class TypedPicker : public Edit {
   public:

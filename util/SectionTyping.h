@@ -10,8 +10,8 @@
 namespace kelvrum {
 
 /// The sections of a date or time while the user types: nothing is checked before the entry is complete, so a
-/// day may be typed that only the month typed after it has. A section that is full passes to the next one by
-/// itself; the separator that many type all the same means that step and not one more.
+/// day may be typed that only the month typed after it has. A full section moves on to the next one
+/// automatically; a separator typed nevertheless means that step and no further one.
 class SectionTyping {
   public:
     enum class Unit { day, month, year, hour, minute };

@@ -1,4 +1,4 @@
-// What the benchmarks of the window share: the year in view, and what a small program says of its memory.
+// Shared by the benchmarks of the window: the year in view, and the output of a program's memory use.
 #pragma once
 
 #include <QCoreApplication>

@@ -8,14 +8,14 @@
 
 namespace kelvrum::bench {
 
-/// One line of the closing table: a figure beside the sum of others.
+/// One line of the final table: a figure compared with the sum of others.
 struct Ratio {
     std::string what;
     std::string figure;              // name of a benchmark
     std::vector<std::string> beside; // names of the benchmarks whose times are added up
 };
 
-/// Adds a line to the closing table; to be called while the program starts.
+/// Adds a line to the final table; call it while the program starts.
 bool addRatio(Ratio ratio);
 
 /// Collects what was measured and shows it at the end.

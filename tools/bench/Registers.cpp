@@ -57,7 +57,7 @@ const bool RATIOS =
 void afterPainting(benchmark::State& state) {
     state.PauseTiming();
     static QImage picture(64, 64, QImage::Format_RGB32);
-    QPainter(&picture).fillRect(picture.rect(), Qt::white); // the last that a window does before it rests
+    QPainter(&picture).fillRect(picture.rect(), Qt::white); // the last step of a window before it is idle
     state.ResumeTiming();
 }
 

@@ -63,7 +63,7 @@ void dayList(benchmark::State& state) {
     state.counters["bytes_a_row"] = static_cast<double>(bytes) / static_cast<double>(rows);
 }
 
-// In this order each year is laid but once.
+// In this order each year is written only once.
 BENCHMARK(plainDays)->Arg(0)->Unit(benchmark::kMillisecond);
 BENCHMARK(dayDiagram)->ArgsProduct({{0}, {1, 60}})->Unit(benchmark::kMillisecond);
 BENCHMARK(dayList)->Arg(0)->Unit(benchmark::kMillisecond);

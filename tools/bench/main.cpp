@@ -8,8 +8,8 @@
 
 namespace {
 
-/// What other programs on the machine take falls on all figures alike, and short runs let the best of several
-/// be one that nothing disturbed. Options of the command line come later and count instead.
+/// Load from other programs affects all figures alike, and short runs let the best of several
+/// be an undisturbed one. Command line options come later and take precedence.
 std::vector<char*> withDefaults(int argc, char* argv[]) {
     static std::array<std::string, 3> defaults = {"--benchmark_repetitions=9", "--benchmark_min_time=0.02",
                                                   "--benchmark_enable_random_interleaving=true"};

@@ -12,10 +12,12 @@ namespace kelvrum::bench {
 
 namespace {
 
-/// The program says its memory when its window is painted: that line ends the measurement, not the process.
+/// The program prints its memory use when its window is painted: that line ends the measurement, not the
+/// process.
 void start(benchmark::State& state, const char* program, const QStringList& further = {}) {
     using Clock = std::chrono::steady_clock;
-    constexpr std::chrono::milliseconds PAUSE{30}; // the display still clears up behind the program before
+    constexpr std::chrono::milliseconds PAUSE{
+        30}; // the display is still cleaning up after the previous program
     const QString path =
         QCoreApplication::applicationDirPath() + QLatin1Char('/') + QString::fromUtf8(program);
     const QStringList arguments = QStringList(QString::fromStdString(station().folder())) + further;

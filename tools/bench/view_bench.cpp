@@ -1,6 +1,6 @@
-// A whole view in the real window, from the file to the painted picture, beside the sum of what it cannot do
-// without: the reading, one pass that finds the extremes of each column of dots, their lines,
-// and a picture painted on a window.
+// A whole view in the real window, from the file to the painted picture, compared with the sum of its
+// necessary parts: the reading, one pass that finds the extremes of each column of dots, their lines, and a
+// picture painted on a window.
 #include "app/f.h"
 #include "diagram/PolarSys.h"
 #include "tools/bench/BenchStation.h"

@@ -16,12 +16,12 @@ struct Order {
     StationPlan plan;
 };
 
-/// What the arguments (without the program's name) ask for; `now` is the moment when they name none. Nothing
-/// when they make no sense: `problem` says why then.
+/// The plan that the arguments (without the program's name) describe; `now` is the default end. Nothing
+/// when they are invalid: `problem` says why then.
 std::optional<Order> parseOrder(std::span<const std::string> arguments, DateTime now, std::string& problem);
 
-/// The whole program but its clock: its exit code is 0 when the station is written, 1 when it cannot be, 2
-/// when the arguments make no sense. Messages go to `messages`.
+/// The whole program except its clock. The exit code is 0 when the station is written, 1 when it cannot be, 2
+/// when the arguments are invalid. Messages go to `messages`.
 int makeStation(std::span<const std::string> arguments, DateTime now, std::ostream& messages);
 
 } // namespace kelvrum::sample

@@ -15,7 +15,7 @@ constexpr Minute LONGEST_GAP = 8 * DAY;
 
 std::vector<Front> frontsOf(const StationPlan& plan) {
     Random random(plan.seed, Stream::fronts);
-    // Laid from the end to the beginning: the last front has its fixed place.
+    // Placed from the end to the beginning: the last front has a fixed time.
     const Minute lastDay = (plan.end() - 1) / DAY * DAY;
     std::vector<Front> fronts;
     Minute begin = lastDay - DAY + 14 * HOUR + random.minutes(0, 2 * HOUR);

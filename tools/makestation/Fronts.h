@@ -14,10 +14,10 @@ struct Front {
 };
 
 /// The fronts of a plan in time order. The last one passes on the afternoon before the last day, so that
-/// yesterday's wind always has one to show. The first one lies before the plan's begin.
+/// yesterday's wind always has one to show. The first one is before the plan's begin.
 std::vector<Front> frontsOf(const StationPlan& plan);
 
-/// Where a minute lies between the fronts.
+/// The position of a minute between the fronts.
 struct Season {
     double passing = 0; // 0 to 1 while the last front passes, then 1
     double since = 0;   // 0 when the last front has passed, to 1 when the next one begins

@@ -9,7 +9,7 @@ namespace kelvrum::sample {
 
 inline constexpr const char* PROJECT_NAME = "Kläranlage Nord";
 
-/// The first line of the file; it marks a station that may be laid anew.
+/// The first line of the file; it marks a station that may be replaced.
 inline constexpr const char* SAMPLE_MARK = "# Beispielstation";
 
 /// The content of QEL.ini, UTF-8.

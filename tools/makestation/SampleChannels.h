@@ -43,7 +43,7 @@ struct SampleChannel {
     double limit2;
     bool derived;  // calculated from other channels: a VIRT line
     double step;   // resolution of the written values; 0 = as calculated
-    double spread; // how far minimum and maximum of a wide record lie from the mean, at most
+    double spread; // greatest distance of minimum and maximum of a wide record from the mean
 };
 
 /// In ascending order of the channel numbers.

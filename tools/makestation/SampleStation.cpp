@@ -9,13 +9,13 @@ namespace kelvrum::sample {
 namespace {
 
 /// The value at the sensor's resolution. A file cannot hold a measured zero, since that is an empty slot:
-/// the smallest step stands for it, but a calm and a dry minute are written as 0.
+/// the smallest step represents it, but a calm and a dry minute are written as 0.
 double resolved(double value, double step, bool mayBeZero) {
     const double steps = std::round(value / step);
     if (steps == 0) {
         return mayBeZero ? 0 : std::copysign(step, value);
     }
-    // Divided where the number of parts is whole: 3 tenths are written as 0.3, not as a hair beside it.
+    // Divided where the number of parts is whole: 3 tenths are written as exactly 0.3.
     return step < 1 ? steps / std::round(1 / step) : steps * step;
 }
 

@@ -1,4 +1,4 @@
-// Lays a whole sample station into a folder.
+// Writes a whole sample station to a folder.
 #pragma once
 
 #include "tools/makestation/StationPlan.h"
@@ -8,7 +8,7 @@
 namespace kelvrum::sample {
 
 /// Writes the station's data files and then its configuration, so that a station with a configuration is a
-/// whole one. The folder is made when missing; files of the same names are replaced, others stay. The ini
+/// complete. The folder is created if missing; files of the same names are replaced, others stay. The ini
 /// form gets an empty "faktoren.cfg" too. Throws WriteError.
 void writeStation(const std::filesystem::path& folder, const StationPlan& plan);
 

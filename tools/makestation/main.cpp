@@ -1,4 +1,4 @@
-// Writes a sample station: the one place of it that reads a clock.
+// Writes a sample station; the only place that reads a clock.
 #include "tools/makestation/CommandLine.h"
 
 #include <ctime>

@@ -12,13 +12,13 @@ class QWidget;
 
 namespace kelvrum::tour {
 
-/// A window as it is seen, with whatever it has folded out over itself: menus, lists, calendars.
+/// A window as displayed, with its open menus, lists and calendars.
 QImage pictureOf(QWidget& window);
 
-/// The same without what is folded out, with this many dots for each of its pixels.
+/// The same without popups, with this many dots for each of its pixels.
 QImage enlarged(QWidget& window, int dotsPerPixel);
 
-/// A picture with a plain title bar above it and a thin line around it, as a window stands on a screen.
+/// A picture with a plain title bar above it and a thin line around it, like a window on a screen.
 QImage framed(const QImage& picture, const QString& title);
 
 /// Where a numbered mark belongs: the middle of a disc, in dots of the picture.

@@ -1,4 +1,4 @@
-// The real main window on a sample station, under a clock that stands still, and helpers to operate it with.
+// The real main window on a sample station, with a fixed clock, and helpers to operate it.
 #pragma once
 
 #include "app/f.h"
@@ -57,7 +57,7 @@ class Stage {
     void chooseKind(const char* action) const;
     /// Takes the focus from all controls, so that no picture shows one by chance.
     void rest() const;
-    /// Where a control stands in the window.
+    /// The place of a control in the window.
     [[nodiscard]] QRect placeOf(const char* name) const { return driver().placeOf(name); }
     /// Runs `open`, which opens a modal window, and `look` on that window; then closes it.
     static void inWindowOf(const std::function<void()>& open, const std::function<void(QWidget&)>& look) {

@@ -13,7 +13,7 @@ namespace {
 
 QImage whole(const Stage& stage) { return framed(pictureOf(stage.window()), stage.title()); }
 
-/// The diagram alone, whole: in the window the scroll bar lies over its foot.
+/// The whole diagram on its own: in the window the scroll bar covers its bottom edge.
 QImage diagram(const Stage& stage) {
     const auto& ks = stage.the<PolarSys>("KS");
     if (ks.DataCount() == 0 && ks.sampleCount() == 0) {

@@ -70,7 +70,7 @@ void choose(const QWidget& dialog, int row, const char* interval) {
     box->setCurrentText(QString::fromUtf8(interval));
 }
 
-/// The dialog is handed what the main window hands it; that one asks for a printer before, which may be
+/// The dialog gets the same arguments as from the main window, which first checks for a printer, which may be
 /// missing where pictures are taken.
 void batchPrint(const SampleFolder& station, const QString& pictures) {
     const Stage stage(station);

@@ -1,4 +1,4 @@
-// A printed page, drawn by the road of the print job into a picture instead of to a printer.
+// A printed page, drawn like a page of the print job, but into a picture.
 #include "app/SystemLocale.h"
 #include "diagram/LineDiagram.h"
 #include "diagram/PolarSys.h"

@@ -61,7 +61,7 @@ void averages(const SampleFolder& station, const QString& pictures) {
     stage.click("Option1");
     auto& box = stage.the<QComboBox>("selInterval");
     box.showPopup();
-    QTest::qWait(300); // until the list has folded out
+    QTest::qWait(300); // until the list is open
     save(framed(pictureOf(stage.window()), stage.title()), pictures, QStringLiteral("averages"));
     box.hidePopup();
 }
