@@ -54,7 +54,7 @@ struct Table {
     std::string foot = {}; // in the lower margin of each page, with the page's number; empty: no foot
 };
 
-/// A table on as many pages as it needs. Each page can be drawn by itself.
+/// A table on as many pages as it needs. Each page can be drawn separately.
 class TablePages {
   public:
     /// `trial` is a page to measure on; all pages are alike. The table must outlive the pages.

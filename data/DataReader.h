@@ -47,7 +47,7 @@ class DataReader {
                           const DiagramSettings& settings, DiagramState& diagram, const ReadingStep& step);
 
     /// Diagram reader: fills the shared table from the channel's file, tells the control the count and sets
-    /// its headlines, unit and, when asked for, auxiliary lines. A missing file gives a count of 0.
+    /// its headlines, unit and, when requested, auxiliary lines. A missing file gives a count of 0.
     ReadStatus readDiagram(const StationConfig& station, const ReadRequest& request,
                            const DiagramSettings& settings, DiagramState& diagram, const ReadingStep& step);
 

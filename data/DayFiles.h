@@ -15,7 +15,7 @@
 
 namespace kelvrum {
 
-/// The date at the front of a day file's name, for example "20200618": the day of t's minute.
+/// The date at the start of a day file's name, for example "20200618": the day of t's minute.
 std::string dayName(DateTime t);
 
 /// Name of the day file of a date, for example "20200618.KMH".

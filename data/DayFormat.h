@@ -18,7 +18,7 @@ inline constexpr std::size_t WIDE_FIELD = 12;  //     three of them: mean, minim
 inline constexpr std::size_t MINIMUM_AT = 4;
 inline constexpr std::size_t MAXIMUM_AT = 8;
 
-/// Length of the date (yyyymmdd) at the front of a day file's name, and its extension in capitals.
+/// Length of the date (yyyymmdd) at the start of a day file's name, and its extension in capitals.
 inline constexpr std::size_t DATE_LENGTH = 8;
 inline constexpr std::string_view EXTENSION = ".KMH";
 

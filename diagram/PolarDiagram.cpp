@@ -155,7 +155,7 @@ class Drawing {
             const Dot at{size_.width / 2 - extent.width / 2,
                          geometry_.yCentre - geometry_.dy(i) - extent.height};
             if (geometry_.dy(i) >=
-                upwardReach(classes)) { // the spoke behind would hide the decimal separator
+                upwardReach(classes)) { // the spoke underneath would hide the decimal separator
                 const int xc = geometry_.xCentre;
                 const std::array<Box, 1> behind = {
                     Box{xc - units(1), at.y, xc + units(1) + 1, at.y + extent.height}};

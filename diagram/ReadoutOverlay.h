@@ -61,7 +61,7 @@ class ReadoutOverlay : public QWidget {
     /// The value of series 1 that is read out.
     [[nodiscard]] std::optional<double> readValue() const;
 
-    /// Whether a point of the control lies in the plot of a line diagram.
+    /// Whether a point of the control is in the plot of a line diagram.
     [[nodiscard]] bool isInPlot(const QPointF& place) const;
     /// The time of a point of the control, of points beside the plot that of its edge; nothing without a line
     /// diagram or its time scale.

@@ -48,7 +48,7 @@ Extent ReadoutOverlay::fieldSize() const {
             dots(metrics.height() * static_cast<int>(lines_.size()) + 2 * PADDING)};
 }
 
-/// A ring at each value of a column that lies in the plot.
+/// A ring at each value of a column within the plot.
 void ReadoutOverlay::addRings(Marks& marks, const ReadValue& value) {
     const LineDrawing& line = *diagram_.lineShown();
     const auto add = [&](double v, const ValueRange& range) {

@@ -80,7 +80,7 @@ class PrintJob {
     /// The printer with its settings.
     QPrinter& printer();
 
-    /// Runs the printer set-up dialog, which says whether the user has accepted, and takes over what it has
+    /// Runs the printer set-up dialog, returns whether the user has accepted, and applies what it has
     /// changed. Margins count from then on only when the user has set them: the toolkit brings its own.
     bool setUp(const std::function<bool(QPrinter&)>& dialog);
 

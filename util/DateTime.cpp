@@ -51,7 +51,7 @@ CalendarTime fromMilliseconds(std::int64_t ms) {
     return result;
 }
 
-/// Reads a run of digits of minDigits to maxDigits and takes it off the front of text.
+/// Reads a run of minDigits to maxDigits digits and removes it from the start of text.
 std::optional<int> takeNumber(std::string_view& text, std::size_t minDigits, std::size_t maxDigits) {
     std::size_t n = 0;
     while (n < text.size() && n < maxDigits && text[n] >= '0' && text[n] <= '9') {

@@ -45,7 +45,7 @@ bool isBelowOne(std::string_view number) {
            static_cast<long long>(point) - static_cast<long long>(first) + exponent <= 0;
 }
 
-/// Reads sign, digits, point, digits, exponent from the very front of the text.
+/// Reads sign, digits, point, digits, exponent from the very start of the text.
 Scanned scanNumber(std::string_view text) {
     std::size_t at = 0;
     const bool negative = !text.empty() && text[0] == '-';

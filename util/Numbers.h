@@ -8,7 +8,7 @@
 
 namespace kelvrum {
 
-/// The number at the front of a text: blanks and tabs before it are skipped, it may have a sign, a fraction
+/// The number at the start of a text: blanks and tabs before it are skipped, it may have a sign, a fraction
 /// and an exponent, and ends at the first character that does not belong to it. No number gives 0; one
 /// beyond the range of a double gives an infinity, one too small for it 0.
 double leadingNumber(std::string_view text);

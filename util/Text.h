@@ -31,7 +31,7 @@ struct Utf8Character {
     std::size_t length = 0; // bytes; 0 where the text is no valid UTF-8
 };
 
-/// The character at the front of a text.
+/// The first character of a text.
 Utf8Character firstCharacter(std::string_view text);
 
 /// Windows-1252 bytes as UTF-8. The five codes without a character become the control of the same number.

@@ -193,7 +193,7 @@ class f_load_test : public QObject {
         fixture.chooseChannel(2);
         QCOMPARE(fixture.the<QLineEdit>("Text3").text(), QStringLiteral("50"));
         QCOMPARE(fixture.the<QLineEdit>("Text4").text(), QStringLiteral("150.5"));
-        QCOMPARE(fixture.the<PolarSys>("KS").Hilfslinie1(), 0.0); // not asked for
+        QCOMPARE(fixture.the<PolarSys>("KS").Hilfslinie1(), 0.0); // not requested
 
         fixture.click("Check1");
         QCOMPARE(fixture.the<PolarSys>("KS").Hilfslinie1(), 50.0);

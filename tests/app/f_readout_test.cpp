@@ -174,7 +174,7 @@ class f_readout_test : public QObject {
         hand.key(Qt::Key_Right);
         hand.key(Qt::Key_Right);
         hand.key(Qt::Key_Right);
-        hand.key(Qt::Key_Right); // 06:00 lies in the gap of the day before
+        hand.key(Qt::Key_Right); // 06:00 is in the gap of the day before
         hand.key(Qt::Key_Left, Qt::ControlModifier);
         QCOMPARE(hand.text().left(16), QStringLiteral("18.06.2020 07:00"));
     }

@@ -190,7 +190,7 @@ TEST(DiagramReader, AuxiliaryLines) {
         double first, second;
     };
     const Row rows[] = {
-        {{}, 11, 12}, // not asked for: untouched
+        {{}, 11, 12}, // not requested: unchanged
         {AuxiliaryLines{5, -7.5}, 5, -7.5},
         {AuxiliaryLines{0, 123456789}, 1e-300, 99999900},
         {AuxiliaryLines{-123456789, 99999900}, 99999900, 99999900},

@@ -51,7 +51,7 @@ class TestDiagram : public DiagramState {
     TestDiagram() { seriesTable().clear(); }
     ~TestDiagram() override { seriesTable().clear(); }
 
-    /// What the setters asked for, in order: "changed KEY", "repaint", "repaint at once", "background".
+    /// What the setters requested, in order: "changed KEY", "repaint", "repaint at once", "background".
     std::vector<std::string> events;
 
     /// The events since the last call.

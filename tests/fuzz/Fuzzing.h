@@ -1,4 +1,4 @@
-// What the fuzz targets share: numbers taken off the front of an input, and promises that end the program
+// Shared by the fuzz targets: numbers taken from the start of an input, and promises that end the program
 // when they are broken.
 #pragma once
 

@@ -106,7 +106,7 @@ TEST(SectionTyping, AWholeDateBeginsWithTheFirstSection) {
     typing.eraseSection();
     EXPECT_EQ(typing.text(), ".5.1999");
     typing.type("23");
-    typing.eraseSection(); // reached by itself: the digit before
+    typing.eraseSection(); // reached automatically: the digit before
     EXPECT_EQ(typing.text(), "2.5.1999");
 }
 
