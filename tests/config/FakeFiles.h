@@ -58,7 +58,7 @@ class FakeFile : public FileSource {
 };
 
 /// Every path opens the same fake file of `size` bytes.
-inline FileOpener bigFile(std::string front, std::uint64_t size, char filler, ReadLog* log = nullptr,
+inline FileOpener bigFile(const std::string& front, std::uint64_t size, char filler, ReadLog* log = nullptr,
                           std::uint64_t cut = UINT64_MAX) {
     return [=](std::string_view path) {
         if (log != nullptr) {
