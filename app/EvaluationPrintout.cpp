@@ -59,8 +59,8 @@ class EvaluationPrinter {
     }
 
     void printTable(const EvaluationTable& table) {
-        constexpr int LEAST_LINES = 6; // else the table begins on the next page
-        if (!hasRoom(LEAST_LINES)) {
+        constexpr int MIN_LINES = 6; // else the table begins on the next page
+        if (!hasRoom(MIN_LINES)) {
             startPage();
         }
         printHeading(table.title, HEADING_FONT);

@@ -137,7 +137,7 @@ void EvaluationWindow::read() {
         QCoreApplication::processEvents();
         return !closed_;
     };
-    if (closed_ || owner_.read(consume, step) == Reading::givenUp || closed_) {
+    if (closed_ || owner_.read(consume, step) == ReadStatus::givenUp || closed_) {
         return;
     }
     all_ = all.result();

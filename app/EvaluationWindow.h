@@ -30,8 +30,8 @@ class EvaluationWindow : public QDialog {
         EvaluationSubject subject;
         LocaleTexts texts;
         /// Reads what is evaluated.
-        std::function<Reading(const std::function<void(std::span<const IntervalReading>)>& consume,
-                              const ReadingStep& step)>
+        std::function<ReadStatus(const std::function<void(std::span<const IntervalReading>)>& consume,
+                                 const ReadingStep& step)>
             read;
         /// Prints the figures that are shown; reports errors in message boxes of the window.
         std::function<void(const EvaluationText& text, QWidget& window)> print;
