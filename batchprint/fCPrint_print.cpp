@@ -20,61 +20,26 @@ namespace {
 
 constexpr int STEPS = 3; // of the progress bar, for each row
 
-/// The diagram is borrowed for pages: what they set is put back at the end, and the window shows none of it.
+/// The diagram is borrowed for pages: its properties are put back at the end, and the window shows none of
+/// them.
 class BorrowedDiagram {
   public:
     explicit BorrowedDiagram(PolarSys& diagram)
         : diagram_(diagram)
-        , kind_(diagram.DiagTyp())
-        , y1Low_(diagram.Y1Low())
-        , y1High_(diagram.Y1High())
-        , y2Low_(diagram.Y2Low())
-        , y2High_(diagram.Y2High())
-        , xLow_(diagram.XLow())
-        , xHigh_(diagram.XHigh())
-        , line1_(diagram.Hilfslinie1())
-        , line2_(diagram.Hilfslinie2())
-        , mean_(diagram.showMittel())
-        , headLine_(diagram.HeadLine())
-        , headLine2_(diagram.HeadLine2())
-        , unit_(diagram.Einheit())
+        , before_(diagram.properties())
         , updates_(diagram.updatesEnabled()) {
         diagram_.setUpdatesEnabled(false);
     }
     BorrowedDiagram(const BorrowedDiagram&) = delete;
     BorrowedDiagram& operator=(const BorrowedDiagram&) = delete;
     ~BorrowedDiagram() {
-        diagram_.setDiagTyp(kind_);
-        diagram_.setY1Low(y1Low_);
-        diagram_.setY1High(y1High_);
-        diagram_.setY2Low(y2Low_);
-        diagram_.setY2High(y2High_);
-        diagram_.setXLow(xLow_);
-        diagram_.setXHigh(xHigh_);
-        diagram_.setHilfslinie1(line1_);
-        diagram_.setHilfslinie2(line2_);
-        diagram_.setShowMittel(mean_);
-        diagram_.setHeadLine(headLine_);
-        diagram_.setHeadLine2(headLine2_);
-        diagram_.setEinheit(unit_);
+        diagram_.setProperties(before_);
         diagram_.setUpdatesEnabled(updates_);
     }
 
   private:
     PolarSys& diagram_;
-    std::int32_t kind_;
-    double y1Low_;
-    double y1High_;
-    double y2Low_;
-    double y2High_;
-    DateTime xLow_;
-    DateTime xHigh_;
-    double line1_;
-    double line2_;
-    bool mean_;
-    std::string headLine_;
-    std::string headLine2_;
-    std::string unit_;
+    DiagramProperties before_;
     bool updates_;
 };
 

@@ -1,7 +1,5 @@
 #include "diagram/DiagramState.h"
 
-#include "diagram/SavedProperties.h"
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -30,33 +28,41 @@ std::int16_t narrow(std::int32_t value) {
 } // namespace
 
 void DiagramState::initialise() {
-    SavedProperties::defaults(*this);
-    showMittel_ = false;
-    hilfslinie1_ = 0;
-    hilfslinie2_ = 0;
-    ycenter_ = 0;
-    y1MinLow_ = 0;
-    mFont_ = {};
-    for (std::string* text :
-         {&einheit_, &achseText_, &headLine_, &headLine2_, &fussnote_, &richtungRein_, &richtungRaus_}) {
-        text->clear();
-    }
+    setProperties({});
     emptyLists();
 }
 
+DiagramProperties DiagramState::properties() const {
+    DiagramProperties properties = properties_;
+    properties.Enabled = enabledState();
+    return properties;
+}
+
+void DiagramState::setProperties(const DiagramProperties& properties) {
+    properties_ = properties;
+    applyEnabled(properties.Enabled);
+    backgroundChanged();
+}
+
+Series DiagramState::series() const {
+    Series series = seriesInUse(dataCount_);
+    series.interval = columnInterval_;
+    return series;
+}
+
 void DiagramState::setDiagTyp(std::int32_t kind) {
-    diagTyp_ = kind;
+    properties_.DiagTyp = kind;
     markChanged("DiagTyp");
 }
 
 void DiagramState::setBogenmass(std::int32_t unit) {
-    bogenmass_ = unit;
+    properties_.Bogenmass = unit;
     markChanged("Bogenmass");
 }
 
 void DiagramState::setAngelOffset(double angle) {
     if (const auto radians = toRadians(angle)) {
-        angelOffset_ = *radians;
+        properties_.AngelOffset = *radians;
         markChanged("AngelOffset");
         repaintNow();
     }
@@ -66,7 +72,7 @@ void DiagramState::setLongRaster(std::int32_t rings) {
     if (rings < 1) {
         throw InvalidPropertyValue();
     }
-    longRaster_ = rings;
+    properties_.LongRaster = rings;
     markChanged("LongRaster");
     requestRepaint();
 }
@@ -75,84 +81,84 @@ void DiagramState::setRadRaster(std::int32_t classes) {
     if (classes < 1) {
         throw InvalidPropertyValue();
     }
-    radRaster_ = classes;
+    properties_.RadRaster = classes;
     markChanged("RadRaster");
     requestRepaint();
 }
 
 void DiagramState::setY1Low(double value) {
-    y1Low_ = value;
+    properties_.Y1Low = value;
     markChanged("Y1Low");
 }
 
 void DiagramState::setY1High(double value) {
-    y1High_ = value;
+    properties_.Y1High = value;
     markChanged("Y1High");
 }
 
 double DiagramState::Y1MinLow() {
-    setY1Low(y1MinLow_); // the accessor is tied to Y1Low on purpose
+    setY1Low(properties_.Y1MinLow); // the accessor is tied to Y1Low on purpose
     return 0;
 }
 
 void DiagramState::setY1MinLow(double value) {
-    y1MinLow_ = value;
+    properties_.Y1MinLow = value;
     markChanged("Y1Low"); // not "Y1MinLow", on purpose
 }
 
 void DiagramState::setY2Low(double value) {
-    y2Low_ = value;
+    properties_.Y2Low = value;
     markChanged("Y2Low");
 }
 
 void DiagramState::setY2High(double value) {
-    y2High_ = value;
+    properties_.Y2High = value;
     markChanged("Y2High");
 }
 
 void DiagramState::setXLow(DateTime value) {
-    xLow_ = value;
+    properties_.XLow = value;
     markChanged("XLow");
 }
 
 void DiagramState::setXHigh(DateTime value) {
-    xHigh_ = value;
+    properties_.XHigh = value;
     markChanged("XHigh");
 }
 
 void DiagramState::setD1(Colour colour) {
-    d1_ = colour;
+    properties_.D1 = colour;
     markChanged("D1");
 }
 
 void DiagramState::setD2(Colour colour) {
-    d2_ = colour;
+    properties_.D2 = colour;
     markChanged("D2");
 }
 
 void DiagramState::setXaxe(Colour colour) {
-    xaxe_ = colour;
+    properties_.Xaxe = colour;
     markChanged("Xaxe");
 }
 
 void DiagramState::setY1axe(Colour colour) {
-    y1axe_ = colour;
+    properties_.Y1axe = colour;
     markChanged("Y1axe");
 }
 
 void DiagramState::setY2axe(Colour colour) {
-    y2axe_ = colour;
+    properties_.Y2axe = colour;
     markChanged("Y2axe");
 }
 
 void DiagramState::setBgCol(Colour colour) {
-    bgCol_ = colour;
+    properties_.BgCol = colour;
     markChanged("BgCol");
     backgroundChanged();
 }
 
 void DiagramState::setSkalaFont(const Font& font) {
-    mFont_ = font;
+    properties_.SkalaFont = font;
     markChanged("SkalaFont");
 }
 
@@ -162,42 +168,42 @@ void DiagramState::setEnabledState(bool enabled) {
 }
 
 double DiagramState::speed(std::int16_t Index) const {
-    requireIndex(Index, speedList_.size());
-    return speedList_[static_cast<std::size_t>(Index)];
+    requireIndex(Index, samples_.speed.size());
+    return samples_.speed[static_cast<std::size_t>(Index)];
 }
 
 void DiagramState::setSpeed(std::int16_t Index, double value) {
-    requireIndex(Index, speedList_.size());
-    speedList_[static_cast<std::size_t>(Index)] = value;
+    requireIndex(Index, samples_.speed.size());
+    samples_.speed[static_cast<std::size_t>(Index)] = value;
 }
 
 double DiagramState::Direction(std::int16_t Index) const {
-    requireIndex(Index, directionList_.size());
-    return fromRadians(directionList_[static_cast<std::size_t>(Index)]);
+    requireIndex(Index, samples_.direction.size());
+    return fromRadians(samples_.direction[static_cast<std::size_t>(Index)]);
 }
 
 void DiagramState::setDirection(std::int16_t Index, double angle) {
-    requireIndex(Index, directionList_.size());
+    requireIndex(Index, samples_.direction.size());
     if (const auto radians = toRadians(angle)) {
-        directionList_[static_cast<std::size_t>(Index)] = *radians;
+        samples_.direction[static_cast<std::size_t>(Index)] = *radians;
     }
 }
 
-std::int16_t DiagramState::ListCount() const { return narrow(listCount_); }
+std::int16_t DiagramState::ListCount() const { return narrow(samples_.count); }
 
-std::int16_t DiagramState::ListIndex() const { return narrow(listIndex_); }
+std::int16_t DiagramState::ListIndex() const { return narrow(samples_.last); }
 
 void DiagramState::setListIndex(std::int16_t Index) {
-    listIndex_ = Index;
+    samples_.last = Index;
     markChanged("ListIndex");
 }
 
 void DiagramState::emptyLists() {
     columnInterval_ = 0;
-    speedList_.assign(1, 0);
-    directionList_.assign(1, 0);
-    listIndex_ = -1;
-    listCount_ = 0;
+    samples_.speed.assign(1, 0);
+    samples_.direction.assign(1, 0);
+    samples_.last = -1;
+    samples_.count = 0;
     seriesTable().clear();
     dataIndex_ = -1;
     dataCount_ = 0;
@@ -231,18 +237,18 @@ void DiagramState::AddData(DateTime Zeit, double Y1, std::optional<double> Y2,
 void DiagramState::AddItem(double Geschwindigkeit, std::optional<double> Richtung,
                            std::optional<std::int32_t> Index) {
     if (Index) {
-        requireIndex(*Index, speedList_.size());
+        requireIndex(*Index, samples_.speed.size());
     } else {
-        Index = listCount_++;
-        speedList_.resize(static_cast<std::size_t>(listCount_));
-        directionList_.resize(static_cast<std::size_t>(listCount_));
+        Index = samples_.count++;
+        samples_.speed.resize(static_cast<std::size_t>(samples_.count));
+        samples_.direction.resize(static_cast<std::size_t>(samples_.count));
     }
-    listIndex_ = *Index;
+    samples_.last = *Index;
     const auto at = static_cast<std::size_t>(*Index);
-    speedList_[at] = Geschwindigkeit;
+    samples_.speed[at] = Geschwindigkeit;
     if (Richtung) {
         if (const auto radians = toRadians(*Richtung)) {
-            directionList_[at] = *radians;
+            samples_.direction[at] = *radians;
         }
     }
     requestRepaint();
@@ -265,7 +271,7 @@ double DiagramState::NormWinkel(double angle) {
 }
 
 std::optional<double> DiagramState::toRadians(double angle) const {
-    switch (bogenmass_) {
+    switch (properties_.Bogenmass) {
     case UNIT_RADIANS:
         return angle;
     case UNIT_DEGREES:
@@ -278,7 +284,7 @@ std::optional<double> DiagramState::toRadians(double angle) const {
 }
 
 double DiagramState::fromRadians(double angle) const {
-    switch (bogenmass_) {
+    switch (properties_.Bogenmass) {
     case UNIT_RADIANS:
         return angle;
     case UNIT_DEGREES:

@@ -1,10 +1,10 @@
-// The state of the diagram control: properties, polar lists and the use count into the SeriesTable.
-// It knows no window; PolarSys adds one.
+// The diagram control without its window, which PolarSys adds: the given properties with their conversions,
+// errors and quirks as a face over values.
 #pragma once
 
+#include "diagram/DiagramProperties.h"
+#include "diagram/PolarSamples.h"
 #include "diagram/SeriesTable.h"
-#include "drawing/Colour.h"
-#include "drawing/Font.h"
 #include "util/DateTime.h"
 
 #include <cstdint>
@@ -15,23 +15,6 @@
 #include <vector>
 
 namespace kelvrum {
-
-/// What DiagTyp selects. Any other number draws nothing.
-enum DiagramKind : std::int32_t {
-    KIND_LINE = 0,
-    KIND_POLAR = 1,
-    KIND_PRECIPITATION = 2,
-    KIND_DIRECTION = 3,
-    KIND_LINE_4 = 4, // as 0
-};
-
-/// Unit of the angles that cross the interface (Bogenmass).
-enum AngleUnit : std::int32_t { UNIT_RADIANS = 0, UNIT_DEGREES = 1, UNIT_GON = 2 };
-
-/// Y1Low and Y1High both set to this: the left range follows the data.
-inline constexpr double AUTOMATIC_RANGE = 100000005;
-/// Y2Low and Y2High both set to this: the right range follows the data.
-inline constexpr double AUTOMATIC_RIGHT_RANGE = -1;
 
 inline constexpr double TWO_PI = 6.28318530717959;
 inline constexpr double DEGREES_TO_RADIANS = 0.0174532925199433; // pi / 180
@@ -61,85 +44,93 @@ class DiagramState {
     /// All defaults, empty lists, the shared table back to 3 x 1.
     void initialise();
 
+    /// All properties. To borrow a control is to keep them and to set them again: nothing is marked or
+    /// repainted.
+    [[nodiscard]] DiagramProperties properties() const;
+    void setProperties(const DiagramProperties& properties);
+    [[nodiscard]] const PolarSamples& samples() const { return samples_; }
+    /// The columns of the shared table that are in use.
+    [[nodiscard]] Series series() const;
+
     // --- kind and polar grid ---
-    [[nodiscard]] std::int32_t DiagTyp() const { return diagTyp_; }
+    [[nodiscard]] std::int32_t DiagTyp() const { return properties_.DiagTyp; }
     void setDiagTyp(std::int32_t kind);
-    [[nodiscard]] std::int32_t Bogenmass() const { return bogenmass_; }
+    [[nodiscard]] std::int32_t Bogenmass() const { return properties_.Bogenmass; }
     void setBogenmass(std::int32_t unit);
     /// Screen angle of direction 0. Repaints at once.
-    [[nodiscard]] double AngelOffset() const { return fromRadians(angelOffset_); }
+    [[nodiscard]] double AngelOffset() const { return fromRadians(properties_.AngelOffset); }
     void setAngelOffset(double angle);
     /// The same in radians, whatever the unit of Bogenmass.
-    [[nodiscard]] double angelOffsetRadians() const { return angelOffset_; }
+    [[nodiscard]] double angelOffsetRadians() const { return properties_.AngelOffset; }
     /// Number of rings and of direction classes, at least 1; less throws InvalidPropertyValue. Repaint.
-    [[nodiscard]] std::int32_t LongRaster() const { return longRaster_; }
+    [[nodiscard]] std::int32_t LongRaster() const { return properties_.LongRaster; }
     void setLongRaster(std::int32_t rings);
-    [[nodiscard]] std::int32_t RadRaster() const { return radRaster_; }
+    [[nodiscard]] std::int32_t RadRaster() const { return properties_.RadRaster; }
     void setRadRaster(std::int32_t classes);
     /// Inert on purpose: setting does nothing, reading gives no object.
     [[nodiscard]] const void* Xcenter() const { return nullptr; }
     void setXcenter(const void* /*ignored*/) {}
-    [[nodiscard]] std::int32_t Ycenter() const { return ycenter_; }
-    void setYcenter(std::int32_t y) { ycenter_ = y; }
+    [[nodiscard]] std::int32_t Ycenter() const { return properties_.Ycenter; }
+    void setYcenter(std::int32_t y) { properties_.Ycenter = y; }
 
     // --- axes ---
-    [[nodiscard]] double Y1Low() const { return y1Low_; }
+    [[nodiscard]] double Y1Low() const { return properties_.Y1Low; }
     void setY1Low(double value);
-    [[nodiscard]] double Y1High() const { return y1High_; }
+    [[nodiscard]] double Y1High() const { return properties_.Y1High; }
     void setY1High(double value);
     /// Smallest height of the automatic left range. Kept quirk: setting it marks "Y1Low" as changed, and
     /// reading it copies the stored value into Y1Low and yields 0. The drawing takes storedY1MinLow.
     double Y1MinLow();
     void setY1MinLow(double value);
-    [[nodiscard]] double storedY1MinLow() const { return y1MinLow_; }
-    [[nodiscard]] double Y2Low() const { return y2Low_; }
+    [[nodiscard]] double storedY1MinLow() const { return properties_.Y1MinLow; }
+    [[nodiscard]] double Y2Low() const { return properties_.Y2Low; }
     void setY2Low(double value);
-    [[nodiscard]] double Y2High() const { return y2High_; }
+    [[nodiscard]] double Y2High() const { return properties_.Y2High; }
     void setY2High(double value);
-    [[nodiscard]] DateTime XLow() const { return xLow_; }
+    [[nodiscard]] DateTime XLow() const { return properties_.XLow; }
     void setXLow(DateTime value);
-    [[nodiscard]] DateTime XHigh() const { return xHigh_; }
+    [[nodiscard]] DateTime XHigh() const { return properties_.XHigh; }
     void setXHigh(DateTime value);
 
     // --- lines ---
-    [[nodiscard]] bool showMittel() const { return showMittel_; }
-    void setShowMittel(bool show) { showMittel_ = show; }
+    [[nodiscard]] bool showMittel() const { return properties_.showMittel; }
+    void setShowMittel(bool show) { properties_.showMittel = show; }
     /// Auxiliary lines on the left scale; 0 = none.
-    [[nodiscard]] double Hilfslinie1() const { return hilfslinie1_; }
-    void setHilfslinie1(double value) { hilfslinie1_ = value; }
-    [[nodiscard]] double Hilfslinie2() const { return hilfslinie2_; }
-    void setHilfslinie2(double value) { hilfslinie2_ = value; }
+    [[nodiscard]] double Hilfslinie1() const { return properties_.Hilfslinie1; }
+    void setHilfslinie1(double value) { properties_.Hilfslinie1 = value; }
+    [[nodiscard]] double Hilfslinie2() const { return properties_.Hilfslinie2; }
+    void setHilfslinie2(double value) { properties_.Hilfslinie2 = value; }
 
     // --- colours ---
-    [[nodiscard]] Colour D1() const { return d1_; }
+    [[nodiscard]] Colour D1() const { return properties_.D1; }
     void setD1(Colour colour);
-    [[nodiscard]] Colour D2() const { return d2_; }
+    [[nodiscard]] Colour D2() const { return properties_.D2; }
     void setD2(Colour colour);
-    [[nodiscard]] Colour Xaxe() const { return xaxe_; }
+    [[nodiscard]] Colour Xaxe() const { return properties_.Xaxe; }
     void setXaxe(Colour colour);
-    [[nodiscard]] Colour Y1axe() const { return y1axe_; }
+    [[nodiscard]] Colour Y1axe() const { return properties_.Y1axe; }
     void setY1axe(Colour colour);
-    [[nodiscard]] Colour Y2axe() const { return y2axe_; }
+    [[nodiscard]] Colour Y2axe() const { return properties_.Y2axe; }
     void setY2axe(Colour colour);
-    [[nodiscard]] Colour BgCol() const { return bgCol_; }
+    [[nodiscard]] Colour BgCol() const { return properties_.BgCol; }
     void setBgCol(Colour colour);
 
     // --- texts ---
-    [[nodiscard]] const std::string& Einheit() const { return einheit_; }
-    void setEinheit(std::string_view text) { einheit_ = text; }
-    [[nodiscard]] const std::string& AchseText() const { return achseText_; }
-    void setAchseText(std::string_view text) { achseText_ = text; }
-    [[nodiscard]] const std::string& HeadLine() const { return headLine_; }
-    void setHeadLine(std::string_view text) { headLine_ = text; }
-    [[nodiscard]] const std::string& HeadLine2() const { return headLine2_; }
-    void setHeadLine2(std::string_view text) { headLine2_ = text; }
-    [[nodiscard]] const std::string& Fussnote() const { return fussnote_; }
-    void setFussnote(std::string_view text) { fussnote_ = text; }
-    [[nodiscard]] const std::string& RichtungRein() const { return richtungRein_; }
-    void setRichtungRein(std::string_view text) { richtungRein_ = text; }
-    [[nodiscard]] const std::string& RichtungRaus() const { return richtungRaus_; }
-    void setRichtungRaus(std::string_view text) { richtungRaus_ = text; }
-    [[nodiscard]] const Font& SkalaFont() const { return mFont_; }
+    [[nodiscard]] const std::string& Einheit() const { return properties_.Einheit; }
+    void setEinheit(std::string_view text) { properties_.Einheit = text; }
+    [[nodiscard]] const std::string& AchseText() const { return properties_.AchseText; }
+    void setAchseText(std::string_view text) { properties_.AchseText = text; }
+    [[nodiscard]] const std::string& HeadLine() const { return properties_.HeadLine; }
+    void setHeadLine(std::string_view text) { properties_.HeadLine = text; }
+    [[nodiscard]] const std::string& HeadLine2() const { return properties_.HeadLine2; }
+    void setHeadLine2(std::string_view text) { properties_.HeadLine2 = text; }
+    [[nodiscard]] const std::string& Fussnote() const { return properties_.Fussnote; }
+    void setFussnote(std::string_view text) { properties_.Fussnote = text; }
+    [[nodiscard]] const std::string& RichtungRein() const { return properties_.RichtungRein; }
+    void setRichtungRein(std::string_view text) { properties_.RichtungRein = text; }
+    [[nodiscard]] const std::string& RichtungRaus() const { return properties_.RichtungRaus; }
+    void setRichtungRaus(std::string_view text) { properties_.RichtungRaus = text; }
+    [[nodiscard]] const Font& SkalaFont() const { return properties_.SkalaFont; }
     void setSkalaFont(const Font& font);
 
     [[nodiscard]] bool Enabled() const { return enabledState(); }
@@ -156,9 +147,9 @@ class DiagramState {
     [[nodiscard]] std::int16_t ListIndex() const;
     void setListIndex(std::int16_t Index);
     /// The samples themselves for the drawing: magnitudes, and directions in radians.
-    [[nodiscard]] const std::vector<double>& speedList() const { return speedList_; }
-    [[nodiscard]] const std::vector<double>& directionList() const { return directionList_; }
-    [[nodiscard]] std::int32_t sampleCount() const { return listCount_; }
+    [[nodiscard]] const std::vector<double>& speedList() const { return samples_.speed; }
+    [[nodiscard]] const std::vector<double>& directionList() const { return samples_.direction; }
+    [[nodiscard]] std::int32_t sampleCount() const { return samples_.count; }
 
     // --- use of the shared table ---
     [[nodiscard]] std::int32_t DataCount() const { return dataCount_; }
@@ -190,54 +181,18 @@ class DiagramState {
     virtual void repaintNow() {}
     virtual void markChanged(std::string_view /*key*/) {}
     virtual void backgroundChanged() {}
-    [[nodiscard]] virtual bool enabledState() const { return enabled_; }
-    virtual void applyEnabled(bool enabled) { enabled_ = enabled; }
+    [[nodiscard]] virtual bool enabledState() const { return properties_.Enabled; }
+    virtual void applyEnabled(bool enabled) { properties_.Enabled = enabled; }
 
   private:
-    friend class SavedProperties;
-
     /// From and to the unit of Bogenmass. An unknown unit converts nothing: toRadians gives nothing,
     /// fromRadians 0.
     [[nodiscard]] std::optional<double> toRadians(double angle) const;
     [[nodiscard]] double fromRadians(double angle) const;
     void emptyLists();
 
-    std::int32_t diagTyp_ = KIND_LINE;
-    std::int32_t bogenmass_ = UNIT_RADIANS;
-    double angelOffset_ = -1.5707963267949; // radians: direction 0 points up
-    std::int32_t longRaster_ = 10;
-    std::int32_t radRaster_ = 12;
-    std::int32_t ycenter_ = 0;
-    double y1Low_ = 0;
-    double y1High_ = 100;
-    double y1MinLow_ = 0;
-    double y2Low_ = 0;
-    double y2High_ = 100;
-    DateTime xLow_ = 37257;  // 2002-01-01
-    DateTime xHigh_ = 37258; // 2002-01-02
-    bool showMittel_ = false;
-    double hilfslinie1_ = 0;
-    double hilfslinie2_ = 0;
-    Colour d1_ = RED;
-    Colour d2_ = BLUE;
-    Colour xaxe_ = BLACK;
-    Colour y1axe_ = RED;
-    Colour y2axe_ = BLUE;
-    Colour bgCol_ = WHITE;
-    std::string einheit_;
-    std::string achseText_;
-    std::string headLine_;
-    std::string headLine2_;
-    std::string fussnote_;
-    std::string richtungRein_;
-    std::string richtungRaus_;
-    Font mFont_;
-    bool enabled_ = true;
-
-    std::vector<double> speedList_ = {0};
-    std::vector<double> directionList_ = {0}; // radians
-    std::int32_t listCount_ = 0;
-    std::int32_t listIndex_ = -1;
+    DiagramProperties properties_;
+    PolarSamples samples_;
     double columnInterval_ = 0;
     std::int32_t dataCount_ = 0;
     std::int32_t dataIndex_ = -1;

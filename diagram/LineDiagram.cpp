@@ -37,28 +37,29 @@ std::vector<std::string_view> axisCaptions(const std::string& text) {
 /// One drawing: its inputs and what its stages share.
 class Drawing {
   public:
-    Drawing(Surface& surface, DiagramState& state, const DiagramLayout& layout, const LocaleTexts& texts)
+    Drawing(Surface& surface, const DiagramProperties& properties, const Series& series,
+            const DiagramLayout& layout, const LocaleTexts& texts)
         : surface_(surface)
-        , state_(state)
+        , properties_(properties)
         , layout_(layout)
         , texts_(texts)
         , scale_(surface.scale())
         , size_(surface.size())
-        , range_{state.XLow(), state.XHigh()}
+        , range_{properties.XLow, properties.XHigh}
         , plot_(layout, size_, scale_, range_)
-        , series_(seriesInUse(state.DataCount()))
+        , series_(series)
         , ascending_(isAscending(series_.times)) {}
 
     LineDrawing run() {
         scanRanges();
         if (layout_.background) {
-            surface_.clear(state_.BgCol());
+            surface_.clear(properties_.BgCol);
         }
         surface_.setFont(fontOf(layout_.textPoints));
         drawTimeAxis();
-        drawValueAxis(left_, plot_.left, -1, state_.Y1axe());
-        drawValueAxis(right_, plot_.right, +1, state_.Y2axe());
-        LineDrawing result{plot_, left_, right_};
+        drawValueAxis(left_, plot_.left, -1, properties_.Y1axe);
+        drawValueAxis(right_, plot_.right, +1, properties_.Y2axe);
+        LineDrawing result{plot_, left_, right_, automaticRight_};
         if (plot_.hasTimeScale() && plot_.width() > 0 && plot_.height() > 0) {
             surface_.setClip(plot_.clip());
             result.passes = drawSeries();
@@ -74,11 +75,10 @@ class Drawing {
   private:
     void scanRanges() {
         scan_ = scanSeries(series_.y1);
-        left_ = leftRange(state_, scan_);
-        const ValueRange right = rightRange(state_, series_.y2);
-        if (state_.Y2Low() == AUTOMATIC_RIGHT_RANGE && state_.Y2High() == AUTOMATIC_RIGHT_RANGE) {
-            state_.setY2Low(right.low);
-            state_.setY2High(right.high);
+        left_ = leftRange(properties_, scan_);
+        const ValueRange right = rightRange(properties_, series_.y2);
+        if (properties_.Y2Low == AUTOMATIC_RIGHT_RANGE && properties_.Y2High == AUTOMATIC_RIGHT_RANGE) {
+            automaticRight_ = right;
         }
         right_ = withHeight(right);
     }
@@ -87,14 +87,14 @@ class Drawing {
 
     /// SkalaFont, in the layout's size when it has one.
     [[nodiscard]] Font fontOf(const std::optional<double>& points) const {
-        Font font = state_.SkalaFont();
+        Font font = properties_.SkalaFont;
         font.Size = points.value_or(font.Size);
         return font;
     }
 
     void drawTimeAxis() {
         const int base = nearestDot(plot_.bottom);
-        surface_.setPen(state_.Xaxe());
+        surface_.setPen(properties_.Xaxe);
         surface_.line({nearestDot(plot_.left), base}, {nearestDot(plot_.right), base});
         const TimeAxis axis{range_, plot_.width() / scale_, layout_.minLabelGap, layout_.minTickGap};
         for (const TimeTick& tick : timeTicks(axis, texts_)) {
@@ -128,8 +128,8 @@ class Drawing {
     }
 
     int drawSeries() {
-        const std::array<Colour, MAX_PASSES> passColours = {state_.D1(), PASS_MINIMA, PASS_MAXIMA};
-        const std::array<Colour, MAX_PASSES> secondColours = {state_.D2(), state_.D2(), state_.D2()};
+        const std::array<Colour, MAX_PASSES> passColours = {properties_.D1, PASS_MINIMA, PASS_MAXIMA};
+        const std::array<Colour, MAX_PASSES> secondColours = {properties_.D2, properties_.D2, properties_.D2};
         const int passes = drawOne(series_.y1, left_, true, passColours);
         drawOne(series_.y2, right_, false, secondColours);
         return passes;
@@ -145,16 +145,16 @@ class Drawing {
                                    ascending_,
                                    detectPasses,
                                    static_cast<int>(std::ceil(layout_.loneDot * scale_))};
-        return state_.DiagTyp() == KIND_PRECIPITATION
+        return properties_.DiagTyp == KIND_PRECIPITATION
                    ? drawBars(surface_, series, barWidth(), colours)
-                   : drawCurve(surface_, series, state_.DiagTyp() == KIND_DIRECTION, colours);
+                   : drawCurve(surface_, series, properties_.DiagTyp == KIND_DIRECTION, colours);
     }
 
     /// The interval of the series in days. If it is unknown, a single column extends over the rest of the
     /// range.
     [[nodiscard]] double barWidth() const {
-        if (state_.columnInterval() > 0) {
-            return state_.columnInterval();
+        if (series_.interval > 0) {
+            return series_.interval;
         }
         return series_.times.size() == 1 ? range_.to - series_.times[0] : sampleInterval(series_.times);
     }
@@ -171,9 +171,9 @@ class Drawing {
                 level(value, colour);
             }
         };
-        limit(state_.Hilfslinie1(), LIMIT_1);
-        limit(state_.Hilfslinie2(), LIMIT_2);
-        if (state_.showMittel() && scan_.count > 0) {
+        limit(properties_.Hilfslinie1, LIMIT_1);
+        limit(properties_.Hilfslinie2, LIMIT_2);
+        if (properties_.showMittel && scan_.count > 0) {
             level(scan_.sum / static_cast<double>(scan_.count), MEAN);
         }
     }
@@ -181,10 +181,10 @@ class Drawing {
     /// On the screen the total shares the row of dates, the last one above the window's scroll bar. It is at
     /// the very right, on its own background, and covers as little of them as possible.
     void drawTotal() {
-        if (state_.DiagTyp() != KIND_PRECIPITATION) {
+        if (properties_.DiagTyp != KIND_PRECIPITATION) {
             return;
         }
-        const std::string unit = state_.Einheit().empty() ? "" : " " + state_.Einheit();
+        const std::string unit = properties_.Einheit.empty() ? "" : " " + properties_.Einheit;
         const std::string total =
             "Niederschlagssumme = " + formatNumber(scan_.sum, "########0.0#", texts_) + unit;
         const Extent extent = surface_.textExtent(total);
@@ -194,9 +194,9 @@ class Drawing {
         if (layout_.background) {
             const int gap = dots(layout_.rightLabelGap); // a date that is cut does not run into the text
             const std::array<Box, 1> ground = {Box{at.x - gap, at.y, right, at.y + extent.height}};
-            surface_.fill(ground, state_.BgCol());
+            surface_.fill(ground, properties_.BgCol);
         }
-        surface_.setPen(state_.Xaxe());
+        surface_.setPen(properties_.Xaxe);
         surface_.text(at, total);
     }
 
@@ -210,42 +210,42 @@ class Drawing {
         Font bold = fontOf(layout_.titlePoints);
         bold.Bold = true;
         surface_.setFont(bold);
-        const Extent title = surface_.textExtent(state_.HeadLine());
+        const Extent title = surface_.textExtent(properties_.HeadLine);
         if (layout_.titleBand) {
             const std::array<Box, 1> band = {
                 Box{0, 0, size_.width, title.height + dots(layout_.bandBelowTitle)}};
             surface_.fill(band, TITLE_BAND);
         }
         surface_.setPen(BLACK);
-        surface_.text({(size_.width - title.width) / 2, dots(layout_.titleY)}, state_.HeadLine());
+        surface_.text({(size_.width - title.width) / 2, dots(layout_.titleY)}, properties_.HeadLine);
 
         surface_.setFont(fontOf(layout_.title2Points));
-        const Extent second = surface_.textExtent(state_.HeadLine2());
-        surface_.text({(size_.width - second.width) / 2, dots(layout_.title2Y)}, state_.HeadLine2());
+        const Extent second = surface_.textExtent(properties_.HeadLine2);
+        surface_.text({(size_.width - second.width) / 2, dots(layout_.title2Y)}, properties_.HeadLine2);
 
         surface_.setFont(fontOf(layout_.textPoints));
-        const Extent note = surface_.textExtent(state_.Fussnote());
+        const Extent note = surface_.textExtent(properties_.Fussnote);
         surface_.text(
             {nearestDot(plot_.left), size_.height - note.height - dots(layout_.foot + layout_.textGap)},
-            state_.Fussnote());
+            properties_.Fussnote);
         drawAxisTexts();
     }
 
     /// The unit ends at the left axis, above its uppermost label; the first caption follows it inside of
     /// the plot's width, the second one ends at the right axis.
     void drawAxisTexts() {
-        const std::string unit = " " + state_.Einheit();
+        const std::string unit = " " + properties_.Einheit;
         const Extent extent = surface_.textExtent(unit);
         const int y = nearestDot(plot_.top) - extent.height - extent.height / 2 + dots(layout_.unitDrop);
-        surface_.setPen(state_.Y1axe());
+        surface_.setPen(properties_.Y1axe);
         surface_.text({nearestDot(plot_.left) - extent.width, y}, unit);
 
-        const auto captions = axisCaptions(state_.AchseText());
+        const auto captions = axisCaptions(properties_.AchseText);
         if (!captions.empty()) {
             surface_.text({nearestDot(plot_.left) + dots(2 * layout_.longTick), y}, captions[0]);
         }
         if (captions.size() > 1) {
-            surface_.setPen(state_.Y2axe());
+            surface_.setPen(properties_.Y2axe);
             surface_.text({nearestDot(plot_.right) - surface_.textExtent(captions[1]).width, y}, captions[1]);
         }
     }
@@ -271,7 +271,7 @@ class Drawing {
     }
 
     Surface& surface_;
-    DiagramState& state_;
+    const DiagramProperties& properties_;
     const DiagramLayout& layout_;
     const LocaleTexts& texts_;
     double scale_;
@@ -283,14 +283,25 @@ class Drawing {
     SeriesScan scan_;
     ValueRange left_;
     ValueRange right_;
+    std::optional<ValueRange> automaticRight_;
 };
 
 } // namespace
 
-LineDrawing drawLineDiagram(Surface& surface, DiagramState& state, const DiagramLayout& layout,
-                            const LocaleTexts& texts) {
+LineDrawing drawLineDiagram(Surface& surface, const DiagramProperties& properties, const Series& series,
+                            const DiagramLayout& layout, const LocaleTexts& texts) {
     cleanVectorRegisters(); // the drawing begins with passes over the series
-    return Drawing(surface, state, layout, texts).run();
+    return Drawing(surface, properties, series, layout, texts).run();
+}
+
+LineDrawing drawLineDiagram(Surface& surface, DiagramState& control, const DiagramLayout& layout,
+                            const LocaleTexts& texts) {
+    const LineDrawing found = drawLineDiagram(surface, control.properties(), control.series(), layout, texts);
+    if (found.automaticRight) {
+        control.setY2Low(found.automaticRight->low);
+        control.setY2High(found.automaticRight->high);
+    }
+    return found;
 }
 
 } // namespace kelvrum

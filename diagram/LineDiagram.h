@@ -7,6 +7,8 @@
 #include "drawing/Surface.h"
 #include "util/Format.h"
 
+#include <optional>
+
 namespace kelvrum {
 
 /// What a drawing returns.
@@ -14,12 +16,17 @@ struct LineDrawing {
     PlotArea plot;
     ValueRange left; // of the value axes
     ValueRange right;
-    int passes = 1; // passes of series 1 that were drawn: 2 = minima too, 3 = maxima too
+    std::optional<ValueRange>
+        automaticRight; // the right range found when it follows the data, not yet widened
+    int passes = 1;     // passes of series 1 that were drawn: 2 = minima too, 3 = maxima too
 };
 
-/// Draws the first DataCount columns of the shared table. An automatic right range is written back into
-/// Y2Low and Y2High. Without a positive time span there are axes and titles, but no curve.
-LineDrawing drawLineDiagram(Surface& surface, DiagramState& state, const DiagramLayout& layout,
+/// Draws a series. Without a positive time span there are axes and titles, but no curve.
+LineDrawing drawLineDiagram(Surface& surface, const DiagramProperties& properties, const Series& series,
+                            const DiagramLayout& layout, const LocaleTexts& texts);
+
+/// Draws what a control has in use, and writes an automatic right range back into its Y2Low and Y2High.
+LineDrawing drawLineDiagram(Surface& surface, DiagramState& control, const DiagramLayout& layout,
                             const LocaleTexts& texts);
 
 } // namespace kelvrum

@@ -54,17 +54,17 @@ ValueRange withHeight(ValueRange range) {
     return range;
 }
 
-ValueRange leftRange(const DiagramState& state, const SeriesScan& scan) {
-    if (state.Y1Low() != AUTOMATIC_RANGE || state.Y1High() != AUTOMATIC_RANGE) {
-        return withHeight({state.Y1Low(), state.Y1High()});
+ValueRange leftRange(const DiagramProperties& properties, const SeriesScan& scan) {
+    if (properties.Y1Low != AUTOMATIC_RANGE || properties.Y1High != AUTOMATIC_RANGE) {
+        return withHeight({properties.Y1Low, properties.Y1High});
     }
     if (scan.count == 0) {
         return {};
     }
-    const bool fromZero = state.DiagTyp() == KIND_PRECIPITATION;
+    const bool fromZero = properties.DiagTyp == KIND_PRECIPITATION;
     ValueRange range{fromZero ? 0 : scan.minimum, scan.maximum};
-    if (range.height() < state.storedY1MinLow()) {
-        range.high = range.low + state.storedY1MinLow();
+    if (range.height() < properties.Y1MinLow) {
+        range.high = range.low + properties.Y1MinLow;
     }
     const double margin = range.height() * AUTOMATIC_MARGIN;
     range.high += margin;
@@ -74,9 +74,9 @@ ValueRange leftRange(const DiagramState& state, const SeriesScan& scan) {
     return withHeight(range);
 }
 
-ValueRange rightRange(const DiagramState& state, std::span<const double> values) {
-    if (state.Y2Low() != AUTOMATIC_RIGHT_RANGE || state.Y2High() != AUTOMATIC_RIGHT_RANGE) {
-        return {state.Y2Low(), state.Y2High()};
+ValueRange rightRange(const DiagramProperties& properties, std::span<const double> values) {
+    if (properties.Y2Low != AUTOMATIC_RIGHT_RANGE || properties.Y2High != AUTOMATIC_RIGHT_RANGE) {
+        return {properties.Y2Low, properties.Y2High};
     }
     if (values.empty()) {
         return {};

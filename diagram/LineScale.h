@@ -1,7 +1,8 @@
 // From values to axes: what a series holds, the ranges of the value axes and their ticks.
 #pragma once
 
-#include "diagram/DiagramState.h"
+#include "diagram/DiagramProperties.h"
+#include "diagram/SeriesTable.h"
 #include "util/Format.h"
 
 #include <cstdint>
@@ -34,11 +35,11 @@ struct ValueRange {
 };
 
 /// The left range: as set, or from the scan when both bounds carry AUTOMATIC_RANGE. Never of zero height.
-ValueRange leftRange(const DiagramState& state, const SeriesScan& scan);
+ValueRange leftRange(const DiagramProperties& properties, const SeriesScan& scan);
 
 /// The right range of series 2: as set, or from its values when both bounds carry AUTOMATIC_RIGHT_RANGE.
 /// Every stored value counts then, the NoValue marker included, on purpose. Not yet widened to a height.
-ValueRange rightRange(const DiagramState& state, std::span<const double> values);
+ValueRange rightRange(const DiagramProperties& properties, std::span<const double> values);
 
 /// A range of zero height becomes 100 high.
 ValueRange withHeight(ValueRange range);

@@ -38,24 +38,32 @@ void requireProduct(std::int32_t count, int radius) {
 class Drawing {
   public:
     /// `paper` is the background colour of the drawing.
-    Drawing(Surface& surface, DiagramState& state, const LocaleTexts& texts, Colour paper)
+    Drawing(Surface& surface, const DiagramProperties& properties, const PolarSamples& samples,
+            const LocaleTexts& texts, Colour paper)
         : surface_(surface)
-        , state_(state)
+        , properties_(properties)
+        , samples_(samples)
         , texts_(texts)
         , paper_(paper)
         , size_(surface.size())
         , head_(headExtent())
-        , geometry_(size_, head_.height, state.LongRaster(), surface.scale()) {}
+        , geometry_(size_, head_.height, properties.LongRaster, surface.scale()) {}
+
+    /// The y of the centre in drawing units; nothing on an empty surface.
+    [[nodiscard]] std::optional<std::int32_t> yCentre() const {
+        return size_.width > 0 && size_.height > 0
+                   ? std::optional(rounded(geometry_.yCentre / surface_.scale()))
+                   : std::nullopt;
+    }
 
     PolarDrawing run() {
-        PolarDrawing result{geometry_, {}, state_.sampleCount(), startAngle()};
-        if (size_.width > 0 && size_.height > 0) {
-            state_.setYcenter(rounded(geometry_.yCentre / surface_.scale()));
-            surface_.clear(state_.BgCol());
+        PolarDrawing result{geometry_, {}, samples_.count, startAngle(), yCentre()};
+        if (result.yCentre) {
+            surface_.clear(properties_.BgCol);
             surface_.setPen(BLACK);
             drawGrid();
-            if (state_.sampleCount() > 0) {
-                result.classes = classify(state_);
+            if (samples_.count > 0) {
+                result.classes = classify(samples_, properties_.RadRaster);
                 if (result.classes.maxCount > 0) {
                     drawSectors(result.classes);
                 }
@@ -73,26 +81,26 @@ class Drawing {
 
   private:
     [[nodiscard]] Font bold() const {
-        Font font = state_.SkalaFont();
+        Font font = properties_.SkalaFont;
         font.Bold = true;
         return font;
     }
 
     Extent headExtent() {
         surface_.setFont(bold()); // the font of the head line
-        const Extent extent = surface_.textExtent(state_.HeadLine());
-        surface_.setFont(state_.SkalaFont());
+        const Extent extent = surface_.textExtent(properties_.HeadLine);
+        surface_.setFont(properties_.SkalaFont);
         return extent;
     }
 
     /// Drawing units as dots.
     [[nodiscard]] int units(int length) const { return rounded(length * surface_.scale()); }
 
-    [[nodiscard]] double sector() const { return TWO_PI / state_.RadRaster(); }
+    [[nodiscard]] double sector() const { return TWO_PI / properties_.RadRaster; }
     [[nodiscard]] int outerX() const { return geometry_.dx(geometry_.rings); }
     [[nodiscard]] int outerY() const { return geometry_.dy(geometry_.rings); }
     /// The screen angle of direction 0, in radians.
-    [[nodiscard]] double startAngle() const { return state_.angelOffsetRadians(); }
+    [[nodiscard]] double startAngle() const { return properties_.AngelOffset; }
 
     /// Rings, spokes, and the white disc that covers the spokes inside of the first ring.
     void drawGrid() {
@@ -104,7 +112,7 @@ class Drawing {
             surface_.ellipse({xc - dx, yc - dy, xc + dx, yc + dy}, {});
         }
         double a = startAngle();
-        for (std::int32_t k = 0; k < state_.RadRaster(); ++k) {
+        for (std::int32_t k = 0; k < properties_.RadRaster; ++k) {
             surface_.line({xc, yc},
                           {xc + rounded(outerX() * std::cos(a)), yc + rounded(outerY() * std::sin(a))});
             a += sector();
@@ -120,7 +128,7 @@ class Drawing {
         const int yc = geometry_.yCentre;
         double a = startAngle() - sector() / 2;
         surface_.setPen(SECTOR_LINE);
-        for (std::int32_t j = 0; j < state_.RadRaster(); ++j) {
+        for (std::int32_t j = 0; j < properties_.RadRaster; ++j) {
             const std::int32_t c = classes.counts[static_cast<std::size_t>(j)];
             requireProduct(c, rounded(outerX() / surface_.scale()));
             requireProduct(c, rounded(outerY() / surface_.scale()));
@@ -134,7 +142,7 @@ class Drawing {
             a += sector();
             const Dot second = end(a);
             // A sector too small for two different ends would be drawn as the whole circle.
-            const bool tooSmall = first == second && state_.RadRaster() > 1;
+            const bool tooSmall = first == second && properties_.RadRaster > 1;
             const Box box = tooSmall
                                 ? Box{xc, yc, xc, yc}
                                 : Box{rounded(xc - rx), rounded(yc - ry), rounded(xc + rx), rounded(yc + ry)};
@@ -149,7 +157,7 @@ class Drawing {
     void drawRingLabels(const DirectionClasses& classes) {
         for (std::int32_t i = 1; i <= geometry_.rings; ++i) {
             const auto share =
-                static_cast<float>(classes.maxCount * 100 / state_.sampleCount() * i / geometry_.rings);
+                static_cast<float>(classes.maxCount * 100 / samples_.count * i / geometry_.rings);
             const std::string label = formatNumber(decimalValue(share), "#0.0", texts_);
             const Extent extent = surface_.textExtent(label);
             const Dot at{size_.width / 2 - extent.width / 2,
@@ -179,7 +187,7 @@ class Drawing {
     void drawCompass() {
         constexpr int BOLD_FROM = 12; // points
         const int points = rounded(size_.height / surface_.scale()) / 40;
-        Font font = state_.SkalaFont();
+        Font font = properties_.SkalaFont;
         font.Size = points;
         font.Bold = font.Bold || points >= BOLD_FROM;
         surface_.setFont(font);
@@ -189,13 +197,13 @@ class Drawing {
         surface_.text({size_.width / 2 - units(3), size_.height - fs - units(10)}, "S");
         surface_.text({units(9), middle}, "W");
         surface_.text({size_.width - units(18), middle}, "E");
-        surface_.setFont(state_.SkalaFont());
+        surface_.setFont(properties_.SkalaFont);
     }
 
     void drawFootnote() {
-        if (!state_.Fussnote().empty()) {
-            const int width = surface_.textExtent(state_.Fussnote()).width;
-            surface_.text({size_.width - width - units(8), size_.height - units(16)}, state_.Fussnote());
+        if (!properties_.Fussnote.empty()) {
+            const int width = surface_.textExtent(properties_.Fussnote).width;
+            surface_.text({size_.width - width - units(8), size_.height - units(16)}, properties_.Fussnote);
         }
     }
 
@@ -213,12 +221,13 @@ class Drawing {
 
     void drawHeadLine() {
         surface_.setFont(bold());
-        surface_.text({(size_.width - head_.width) / 2, units(3)}, state_.HeadLine());
-        surface_.setFont(state_.SkalaFont());
+        surface_.text({(size_.width - head_.width) / 2, units(3)}, properties_.HeadLine);
+        surface_.setFont(properties_.SkalaFont);
     }
 
     Surface& surface_;
-    DiagramState& state_;
+    const DiagramProperties& properties_;
+    const PolarSamples& samples_;
     const LocaleTexts& texts_;
     Colour paper_;
     Extent size_;
@@ -228,17 +237,17 @@ class Drawing {
 
 } // namespace
 
-DirectionClasses classify(const DiagramState& state) {
-    const double sector = TWO_PI / state.RadRaster();
+DirectionClasses classify(const PolarSamples& samples, std::int32_t classCount) {
+    const double sector = TWO_PI / classCount;
     const double half = sector / 2;
     DirectionClasses classes;
-    classes.counts.assign(static_cast<std::size_t>(state.RadRaster()) + 1, 0);
-    for (std::size_t i = 0; i < static_cast<std::size_t>(state.sampleCount()); ++i) {
-        if (state.speedList()[i] < CALM_BELOW) {
+    classes.counts.assign(static_cast<std::size_t>(classCount) + 1, 0);
+    for (std::size_t i = 0; i < static_cast<std::size_t>(samples.count); ++i) {
+        if (samples.speed[i] < CALM_BELOW) {
             ++classes.calm;
             continue;
         }
-        const double angle = DiagramState::NormWinkel(state.directionList()[i] + half);
+        const double angle = DiagramState::NormWinkel(samples.direction[i] + half);
         ++classes.counts[std::min(static_cast<std::size_t>(angle / sector), classes.counts.size() - 1)];
     }
     const auto fullest = std::max_element(classes.counts.begin(), classes.counts.end() - 1);
@@ -265,11 +274,21 @@ int PolarGeometry::dx(std::int32_t i) const { return rounded(i * stepX); }
 
 int PolarGeometry::dy(std::int32_t i) const { return rounded(i * stepY); }
 
-PolarDrawing drawPolarDiagram(Surface& surface, DiagramState& state, const LocaleTexts& texts) {
-    return Drawing(surface, state, texts, state.BgCol()).run();
+namespace {
+
+/// Draws what a control has in use. Its Ycenter is set first: it stays when an error ends the drawing.
+PolarDrawing drawControl(Surface& surface, DiagramState& control, const LocaleTexts& texts, Colour paper) {
+    const DiagramProperties properties = control.properties();
+    Drawing drawing(surface, properties, control.samples(), texts, paper);
+    if (const auto y = drawing.yCentre()) {
+        control.setYcenter(*y);
+    }
+    return drawing.run();
 }
 
-void printPolarDiagram(Surface& page, Extent picture, DiagramState& state, const LocaleTexts& texts) {
+/// Calls `draw` with the place of the picture on the page, when there is a picture.
+template<typename Draw>
+void placePicture(Surface& page, Extent picture, Draw draw) {
     constexpr double MARGIN = 20;                    // millimetres
     constexpr double POINTS_PER_MM = 72 / 25.4;      // of the page's fonts
     constexpr double PIXELS_PER_POINT = 96.0 / 72.0; // of the picture's fonts
@@ -284,7 +303,22 @@ void printPolarDiagram(Surface& page, Extent picture, DiagramState& state, const
     const Dot corner{(paper.width - size.width) / 2, (paper.height - size.height) / 2};
     const double dotsPerPoint = page.scale() / POINTS_PER_MM;
     PlacedSurface placed(page, corner, size, dotsPerPixel, dotsPerPixel * PIXELS_PER_POINT / dotsPerPoint);
-    Drawing(placed, state, texts, WHITE).run();
+    draw(placed);
+}
+
+} // namespace
+
+PolarDrawing drawPolarDiagram(Surface& surface, const DiagramProperties& properties,
+                              const PolarSamples& samples, const LocaleTexts& texts) {
+    return Drawing(surface, properties, samples, texts, properties.BgCol).run();
+}
+
+PolarDrawing drawPolarDiagram(Surface& surface, DiagramState& control, const LocaleTexts& texts) {
+    return drawControl(surface, control, texts, control.BgCol());
+}
+
+void printPolarDiagram(Surface& page, Extent picture, DiagramState& control, const LocaleTexts& texts) {
+    placePicture(page, picture, [&](Surface& placed) { drawControl(placed, control, texts, WHITE); });
 }
 
 } // namespace kelvrum

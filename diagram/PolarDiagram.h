@@ -6,6 +6,7 @@
 #include "util/Format.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace kelvrum {
@@ -18,8 +19,8 @@ struct DirectionClasses {
     double maxCount = 0;              // of the classes, the spare one left out
 };
 
-/// Classifies the samples of a control into its RadRaster classes.
-DirectionClasses classify(const DiagramState& state);
+/// Classifies samples by their directions.
+DirectionClasses classify(const PolarSamples& samples, std::int32_t classCount);
 
 /// The fixed points of the drawing, in dots.
 struct PolarGeometry {
@@ -41,18 +42,22 @@ struct PolarGeometry {
 /// What a drawing returns.
 struct PolarDrawing {
     PolarGeometry geometry;
-    DirectionClasses classes; // empty without samples
-    std::int64_t samples = 0; // calms included
-    double startAngle = 0;    // screen angle of direction 0, in radians
+    DirectionClasses classes;            // empty without samples
+    std::int64_t samples = 0;            // calms included
+    double startAngle = 0;               // screen angle of direction 0, in radians
+    std::optional<std::int32_t> yCentre; // in drawing units; nothing on an empty surface
 };
 
-/// Draws rings, spokes, sectors, labels, compass letters, frame and head line, and sets the control's
-/// Ycenter. Throws std::overflow_error when a sector's radius passes through more than 32 bits or an angle is
-/// no number.
-PolarDrawing drawPolarDiagram(Surface& surface, DiagramState& state, const LocaleTexts& texts);
+/// Draws rings, spokes, sectors, labels, compass letters, frame and head line. Throws std::overflow_error
+/// when a sector's radius passes through more than 32 bits or an angle is no number.
+PolarDrawing drawPolarDiagram(Surface& surface, const DiagramProperties& properties,
+                              const PolarSamples& samples, const LocaleTexts& texts);
 
-/// Draws the diagram on a printed page (units: millimetres), centred and as large as the margins allow, in
-/// the proportions of a picture of `picture` pixels. Throws as drawPolarDiagram does.
-void printPolarDiagram(Surface& page, Extent picture, DiagramState& state, const LocaleTexts& texts);
+/// Draws the samples of a control and sets its Ycenter, also when it throws then.
+PolarDrawing drawPolarDiagram(Surface& surface, DiagramState& control, const LocaleTexts& texts);
+
+/// The same on a printed page (units: millimetres), centred and as large as the margins allow, in the
+/// proportions of a picture of `picture` pixels.
+void printPolarDiagram(Surface& page, Extent picture, DiagramState& control, const LocaleTexts& texts);
 
 } // namespace kelvrum

@@ -28,67 +28,54 @@ std::string exactNumber(double v) {
 } // namespace
 
 std::span<const SavedProperties::Entry> SavedProperties::entries() {
-    using State = DiagramState;
+    using State = DiagramProperties;
     using Int = std::int32_t;
     static const std::array<Entry, 18> table = {{
-        {"RadRaster", 12, gridCount, [](const State& s) -> double { return s.radRaster_; },
-         [](State& s, double v) { s.radRaster_ = static_cast<Int>(v); }},
-        {"LongRaster", 10, gridCount, [](const State& s) -> double { return s.longRaster_; },
-         [](State& s, double v) { s.longRaster_ = static_cast<Int>(v); }},
-        {"Enabled", 1, boolean, [](const State& s) -> double { return s.enabledState() ? 1 : 0; },
-         [](State& s, double v) { s.applyEnabled(v != 0); }},
-        {"Bogenmass", 0, int32, [](const State& s) -> double { return s.bogenmass_; },
-         [](State& s, double v) { s.bogenmass_ = static_cast<Int>(v); }},
-        {"AngelOffset", -1.5707963267949, number, [](const State& s) { return s.angelOffset_; },
-         [](State& s, double v) { s.angelOffset_ = v; }},
-        {"DiagTyp", 0, int32, [](const State& s) -> double { return s.diagTyp_; },
-         [](State& s, double v) { s.diagTyp_ = static_cast<Int>(v); }},
-        {"Y1Low", 0, number, [](const State& s) { return s.y1Low_; },
-         [](State& s, double v) { s.y1Low_ = v; }},
-        {"Y1High", 100, number, [](const State& s) { return s.y1High_; },
-         [](State& s, double v) { s.y1High_ = v; }},
-        {"Y2Low", 0, number, [](const State& s) { return s.y2Low_; },
-         [](State& s, double v) { s.y2Low_ = v; }},
-        {"Y2High", 100, number, [](const State& s) { return s.y2High_; },
-         [](State& s, double v) { s.y2High_ = v; }},
-        {"XLow", 37257, number, [](const State& s) { return s.xLow_; },
-         [](State& s, double v) { s.xLow_ = v; }},
-        {"XHigh", 37258, number, [](const State& s) { return s.xHigh_; },
-         [](State& s, double v) { s.xHigh_ = v; }},
-        {"D1", RED, colour, [](const State& s) -> double { return s.d1_; },
-         [](State& s, double v) { s.d1_ = static_cast<Colour>(v); }},
-        {"D2", BLUE, colour, [](const State& s) -> double { return s.d2_; },
-         [](State& s, double v) { s.d2_ = static_cast<Colour>(v); }},
-        {"Xaxe", BLACK, colour, [](const State& s) -> double { return s.xaxe_; },
-         [](State& s, double v) { s.xaxe_ = static_cast<Colour>(v); }},
-        {"Y1axe", RED, colour, [](const State& s) -> double { return s.y1axe_; },
-         [](State& s, double v) { s.y1axe_ = static_cast<Colour>(v); }},
-        {"Y2axe", BLUE, colour, [](const State& s) -> double { return s.y2axe_; },
-         [](State& s, double v) { s.y2axe_ = static_cast<Colour>(v); }},
-        {"BgCol", WHITE, colour, [](const State& s) -> double { return s.bgCol_; },
-         [](State& s, double v) {
-             s.bgCol_ = static_cast<Colour>(v);
-             s.backgroundChanged();
-         }},
+        {"RadRaster", gridCount, [](const State& s) -> double { return s.RadRaster; },
+         [](State& s, double v) { s.RadRaster = static_cast<Int>(v); }},
+        {"LongRaster", gridCount, [](const State& s) -> double { return s.LongRaster; },
+         [](State& s, double v) { s.LongRaster = static_cast<Int>(v); }},
+        {"Enabled", boolean, [](const State& s) -> double { return s.Enabled ? 1 : 0; },
+         [](State& s, double v) { s.Enabled = v != 0; }},
+        {"Bogenmass", int32, [](const State& s) -> double { return s.Bogenmass; },
+         [](State& s, double v) { s.Bogenmass = static_cast<Int>(v); }},
+        {"AngelOffset", number, [](const State& s) { return s.AngelOffset; },
+         [](State& s, double v) { s.AngelOffset = v; }},
+        {"DiagTyp", int32, [](const State& s) -> double { return s.DiagTyp; },
+         [](State& s, double v) { s.DiagTyp = static_cast<Int>(v); }},
+        {"Y1Low", number, [](const State& s) { return s.Y1Low; }, [](State& s, double v) { s.Y1Low = v; }},
+        {"Y1High", number, [](const State& s) { return s.Y1High; }, [](State& s, double v) { s.Y1High = v; }},
+        {"Y2Low", number, [](const State& s) { return s.Y2Low; }, [](State& s, double v) { s.Y2Low = v; }},
+        {"Y2High", number, [](const State& s) { return s.Y2High; }, [](State& s, double v) { s.Y2High = v; }},
+        {"XLow", number, [](const State& s) { return s.XLow; }, [](State& s, double v) { s.XLow = v; }},
+        {"XHigh", number, [](const State& s) { return s.XHigh; }, [](State& s, double v) { s.XHigh = v; }},
+        {"D1", colour, [](const State& s) -> double { return s.D1; },
+         [](State& s, double v) { s.D1 = static_cast<Colour>(v); }},
+        {"D2", colour, [](const State& s) -> double { return s.D2; },
+         [](State& s, double v) { s.D2 = static_cast<Colour>(v); }},
+        {"Xaxe", colour, [](const State& s) -> double { return s.Xaxe; },
+         [](State& s, double v) { s.Xaxe = static_cast<Colour>(v); }},
+        {"Y1axe", colour, [](const State& s) -> double { return s.Y1axe; },
+         [](State& s, double v) { s.Y1axe = static_cast<Colour>(v); }},
+        {"Y2axe", colour, [](const State& s) -> double { return s.Y2axe; },
+         [](State& s, double v) { s.Y2axe = static_cast<Colour>(v); }},
+        {"BgCol", colour, [](const State& s) -> double { return s.BgCol; },
+         [](State& s, double v) { s.BgCol = static_cast<Colour>(v); }},
     }};
     return table;
 }
 
-void SavedProperties::defaults(DiagramState& state) {
-    for (const Entry& entry : entries()) {
-        entry.set(state, entry.standard);
-    }
-}
+double SavedProperties::Entry::standard() const { return get(DiagramProperties()); }
 
-std::string SavedProperties::save(const DiagramState& state) {
+std::string SavedProperties::save(const DiagramProperties& properties) {
     std::string text;
     for (const Entry& entry : entries()) {
-        text.append(entry.key).append("=").append(exactNumber(entry.get(state))).append("\n");
+        text.append(entry.key).append("=").append(exactNumber(entry.get(properties))).append("\n");
     }
     return text;
 }
 
-void SavedProperties::load(std::string_view text, DiagramState& state) {
+void SavedProperties::load(std::string_view text, DiagramProperties& properties) {
     std::map<std::string_view, double> values;
     for (const std::string_view line : split(text, '\n')) {
         const std::size_t equals = line.find('=');
@@ -102,7 +89,7 @@ void SavedProperties::load(std::string_view text, DiagramState& state) {
     for (const Entry& entry : entries()) {
         const auto found = values.find(entry.key);
         const bool usable = found != values.end() && entry.accepts(found->second);
-        entry.set(state, usable ? found->second : entry.standard);
+        entry.set(properties, usable ? found->second : entry.standard());
     }
 }
 

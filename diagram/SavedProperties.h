@@ -1,7 +1,7 @@
 // The properties of the diagram control that are saved with the form that holds it.
 #pragma once
 
-#include "diagram/DiagramState.h"
+#include "diagram/DiagramProperties.h"
 
 #include <span>
 #include <string>
@@ -16,24 +16,23 @@ class SavedProperties {
     /// One saved property. Every value travels as a double: 32-bit numbers and colours fit exactly.
     struct Entry {
         std::string_view key;
-        double standard;
         bool (*accepts)(double);
-        double (*get)(const DiagramState&);
-        void (*set)(DiagramState&, double);
+        double (*get)(const DiagramProperties&);
+        void (*set)(DiagramProperties&, double);
+
+        /// Its default, that of DiagramProperties.
+        [[nodiscard]] double standard() const;
     };
 
     /// The saved properties in the order in which they are read and written.
     static std::span<const Entry> entries();
 
-    /// Sets the saved properties to their defaults.
-    static void defaults(DiagramState& state);
-
-    /// The text form of a control's saved properties.
-    static std::string save(const DiagramState& state);
+    /// The text form of the saved properties.
+    static std::string save(const DiagramProperties& properties);
 
     /// Sets the saved properties from a text; a key that is absent or whose value its property does not take
     /// gets its default. Unknown keys are ignored; of a repeated key the first number counts.
-    static void load(std::string_view text, DiagramState& state);
+    static void load(std::string_view text, DiagramProperties& properties);
 };
 
 } // namespace kelvrum

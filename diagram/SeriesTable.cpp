@@ -31,7 +31,7 @@ Series seriesInUse(std::int32_t dataCount) {
     const SeriesTable& table = seriesTable();
     const std::size_t count = std::min(static_cast<std::size_t>(std::max(dataCount, 0)), table.columns());
     return {table.row(SeriesTable::TIME).first(count), table.row(SeriesTable::Y1).first(count),
-            table.row(SeriesTable::Y2).first(count)};
+            table.row(SeriesTable::Y2).first(count), 0};
 }
 
 } // namespace kelvrum

@@ -41,6 +41,8 @@ class SeriesTable {
     /// Sets one column, which must exist.
     void set(std::size_t column, double time, double y1, double y2);
 
+    bool operator==(const SeriesTable&) const = default;
+
   private:
     std::array<std::vector<double>, ROWS> rows_;
 };
@@ -53,6 +55,7 @@ struct Series {
     std::span<const double> times;
     std::span<const double> y1;
     std::span<const double> y2;
+    double interval = 0; // of the columns in days; 0: it follows from their times
 };
 
 /// The first `dataCount` columns of the program's table, at most those that there are.

@@ -25,6 +25,23 @@ std::vector<double> rowOf(SeriesTable::Row row) {
     return {values.begin(), values.end()};
 }
 
+TEST(DiagramProperties, AreKeptAndPutBackWhole) {
+    TestDiagram diagram;
+    EXPECT_EQ(diagram.properties(), DiagramProperties());
+    diagram.setHeadLine("Titel");
+    diagram.setY1Low(-5);
+    diagram.setEnabledState(false);
+    const DiagramProperties kept = diagram.properties();
+    EXPECT_EQ(kept.HeadLine, "Titel");
+    EXPECT_EQ(kept.Y1Low, -5);
+    EXPECT_FALSE(kept.Enabled);
+    diagram.initialise();
+    EXPECT_EQ(diagram.properties(), DiagramProperties());
+    diagram.setProperties(kept);
+    EXPECT_EQ(diagram.properties(), kept);
+    EXPECT_FALSE(diagram.Enabled());
+}
+
 TEST(SeriesTable, StartsWithOneColumnOfZeros) {
     const SeriesTable table;
     EXPECT_EQ(table.columns(), 1U);

@@ -90,7 +90,7 @@ TEST(LeftRange, IsGivenOrFollowsTheData) {
         diagram.setY1Low(c.y1Low);
         diagram.setY1High(c.y1High);
         diagram.setY1MinLow(c.minLow);
-        const ValueRange range = leftRange(diagram, scanSeries(c.values));
+        const ValueRange range = leftRange(diagram.properties(), scanSeries(c.values));
         EXPECT_DOUBLE_EQ(range.low, c.low) << c.what;
         EXPECT_DOUBLE_EQ(range.high, c.high) << c.what;
         EXPECT_EQ(diagram.Y1Low(), c.y1Low) << c.what << ": the left range is not written back";
@@ -121,7 +121,7 @@ TEST(RightRange, IsGivenOrFollowsEveryStoredValue) {
         TestDiagram diagram;
         diagram.setY2Low(c.y2Low);
         diagram.setY2High(c.y2High);
-        const ValueRange range = rightRange(diagram, c.values);
+        const ValueRange range = rightRange(diagram.properties(), c.values);
         EXPECT_DOUBLE_EQ(range.low, c.low) << c.what;
         EXPECT_DOUBLE_EQ(range.high, c.high) << c.what;
     }

@@ -58,7 +58,7 @@ TEST(DirectionClasses, AreCentredOnTheirDirections) {
         Rose rose;
         // The samples are given in radians, as they are kept.
         rose.AddItem(1, c.degrees / 8 * (TWO_PI / 45));
-        const DirectionClasses classes = classify(rose);
+        const DirectionClasses classes = classify(rose.samples(), rose.RadRaster());
         EXPECT_EQ(classes.counts[c.expected], 1) << c.degrees;
         EXPECT_EQ(classes.counts.size(), 9U);
         EXPECT_EQ(classes.maxCount, 1);
@@ -69,7 +69,7 @@ TEST(DirectionClasses, LeaveCalmsOut) {
     Rose rose;
     rose.add(2, 0.4999, 0);
     rose.add(1, 0.5, 0); // no calm
-    const DirectionClasses classes = classify(rose);
+    const DirectionClasses classes = classify(rose.samples(), rose.RadRaster());
     EXPECT_EQ(classes.calm, 2);
     EXPECT_EQ(classes.counts[0], 1);
 }

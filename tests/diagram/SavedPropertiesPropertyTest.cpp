@@ -19,7 +19,7 @@ using Values = std::vector<double>;
 double madeValue(Numbers& numbers, const SavedProperties::Entry& entry) {
     for (;;) {
         const double v =
-            numbers.oneOf(std::array{entry.standard, numbers.between(-10, 10), 1.0 * numbers.whole(0, 1),
+            numbers.oneOf(std::array{entry.standard(), numbers.between(-10, 10), 1.0 * numbers.whole(0, 1),
                                      1.0 * static_cast<double>(numbers.below(1ULL << 32)),
                                      1.0 * numbers.whole(-999, 999), std::bit_cast<double>(numbers.bits())});
         if (entry.accepts(v)) {
@@ -41,13 +41,13 @@ std::vector<Values> plainerValues(const Values& values) {
     std::vector<Values> plainer;
     for (std::size_t i = 0; i < values.size(); ++i) {
         const SavedProperties::Entry& entry = SavedProperties::entries()[i];
-        if (values[i] == entry.standard) {
+        if (values[i] == entry.standard()) {
             continue;
         }
         plainer.push_back(values);
-        plainer.back()[i] = entry.standard;
+        plainer.back()[i] = entry.standard();
         for (const double v : smallerNumbers(values[i])) {
-            if (entry.accepts(v) && v != entry.standard) {
+            if (entry.accepts(v) && v != entry.standard()) {
                 plainer.push_back(values);
                 plainer.back()[i] = v;
             }
@@ -59,20 +59,23 @@ std::vector<Values> plainerValues(const Values& values) {
 TEST(SavedPropertiesProperties, LoadingWhatWasSavedGivesTheSameProperties) {
     const auto check = [](const Values& values) -> std::string {
         TestDiagram saved;
+        DiagramProperties properties;
         for (std::size_t i = 0; i < values.size(); ++i) {
-            SavedProperties::entries()[i].set(saved, values[i]);
+            SavedProperties::entries()[i].set(properties, values[i]);
         }
-        const std::string text = SavedProperties::save(saved);
+        saved.setProperties(properties);
+        const std::string text = SavedProperties::save(saved.properties());
         TestDiagram loaded;
-        SavedProperties::load(text, loaded);
+        loadSaved(text, loaded);
         for (const SavedProperties::Entry& entry : SavedProperties::entries()) {
-            const double before = entry.get(saved);
-            const double after = entry.get(loaded);
+            const double before = entry.get(saved.properties());
+            const double after = entry.get(loaded.properties());
             if (std::bit_cast<std::uint64_t>(before) != std::bit_cast<std::uint64_t>(after)) {
                 return std::string(entry.key) + " is " + std::to_string(after) + " after\n" + text;
             }
         }
-        return SavedProperties::save(loaded) == text ? "" : "the second text differs from\n" + text;
+        return SavedProperties::save(loaded.properties()) == text ? ""
+                                                                  : "the second text differs from\n" + text;
     };
     EXPECT_EQ(forAll(1, 1000, madeValues, plainerValues, check), "");
 }

@@ -11,6 +11,7 @@
 namespace kelvrum {
 namespace {
 
+using kelvrum::testing::loadSaved;
 using kelvrum::testing::TestDiagram;
 
 struct SavedKey {
@@ -67,7 +68,7 @@ void changeAll(DiagramState& state) {
 
 void expectSameSaved(const DiagramState& one, const DiagramState& other) {
     for (const SavedProperties::Entry& entry : SavedProperties::entries()) {
-        EXPECT_EQ(entry.get(one), entry.get(other)) << entry.key;
+        EXPECT_EQ(entry.get(one.properties()), entry.get(other.properties())) << entry.key;
     }
 }
 
@@ -77,19 +78,19 @@ TEST(SavedProperties, KeysInOrderWithTheirDefaults) {
     const TestDiagram fresh;
     for (std::size_t i = 0; i < entries.size(); ++i) {
         EXPECT_EQ(entries[i].key, SAVED_KEYS[i].key);
-        EXPECT_EQ(entries[i].standard, SAVED_KEYS[i].standard) << entries[i].key;
-        EXPECT_EQ(entries[i].get(fresh), SAVED_KEYS[i].standard) << entries[i].key;
+        EXPECT_EQ(entries[i].standard(), SAVED_KEYS[i].standard) << entries[i].key;
+        EXPECT_EQ(entries[i].get(fresh.properties()), SAVED_KEYS[i].standard) << entries[i].key;
     }
-    EXPECT_EQ(SavedProperties::save(fresh), DEFAULT_TEXT);
+    EXPECT_EQ(SavedProperties::save(fresh.properties()), DEFAULT_TEXT);
 }
 
 TEST(SavedProperties, ReadBackExactlyAsSaved) {
     TestDiagram saved;
     changeAll(saved);
     TestDiagram loaded;
-    SavedProperties::load(SavedProperties::save(saved), loaded);
+    loadSaved(SavedProperties::save(saved.properties()), loaded);
     expectSameSaved(saved, loaded);
-    EXPECT_EQ(SavedProperties::save(loaded), SavedProperties::save(saved));
+    EXPECT_EQ(SavedProperties::save(loaded.properties()), SavedProperties::save(saved.properties()));
     EXPECT_EQ(loaded.D1(), 0xFFFFFFFF);
     EXPECT_EQ(loaded.XLow(), 45292 + 1.0 / 1440);
     EXPECT_FALSE(loaded.Enabled());
@@ -99,14 +100,14 @@ TEST(SavedProperties, TheAngleIsSavedInRadiansWhateverTheUnit) {
     TestDiagram diagram;
     diagram.setBogenmass(UNIT_DEGREES);
     diagram.setAngelOffset(90);
-    const std::string text = SavedProperties::save(diagram);
+    const std::string text = SavedProperties::save(diagram.properties());
     const auto at = text.find("AngelOffset=1.5707963267");
     EXPECT_NE(at, std::string::npos) << text;
     TestDiagram loaded;
-    SavedProperties::load(text, loaded);
+    loadSaved(text, loaded);
     EXPECT_NEAR(loaded.AngelOffset(), 90, 1e-9);
     for (const char* const unit : {"7", "2", "0"}) {
-        SavedProperties::load(std::string("Bogenmass=") + unit + "\nAngelOffset=1.25\n", loaded);
+        loadSaved(std::string("Bogenmass=") + unit + "\nAngelOffset=1.25\n", loaded);
         loaded.setBogenmass(UNIT_RADIANS);
         EXPECT_EQ(loaded.AngelOffset(), 1.25) << "unit " << unit;
     }
@@ -119,7 +120,7 @@ TEST(SavedProperties, WhatIsNotSavedStays) {
     diagram.setHilfslinie1(5);
     diagram.setShowMittel(true);
     diagram.AddData(1, 2);
-    SavedProperties::load("", diagram);
+    loadSaved("", diagram);
     EXPECT_EQ(diagram.HeadLine(), "Titel");
     EXPECT_EQ(diagram.storedY1MinLow(), 4);
     EXPECT_EQ(diagram.Hilfslinie1(), 5);
@@ -130,7 +131,7 @@ TEST(SavedProperties, WhatIsNotSavedStays) {
 TEST(SavedProperties, AMissingKeyGetsItsDefault) {
     TestDiagram changed;
     changeAll(changed);
-    const std::string whole = SavedProperties::save(changed);
+    const std::string whole = SavedProperties::save(changed.properties());
     for (const SavedKey& missing : SAVED_KEYS) {
         SCOPED_TRACE(missing.key);
         const auto from = ("\n" + whole).find(std::string("\n") + missing.key + "=");
@@ -138,21 +139,22 @@ TEST(SavedProperties, AMissingKeyGetsItsDefault) {
         const auto to = whole.find('\n', from);
         TestDiagram loaded;
         changeAll(loaded);
-        SavedProperties::load(whole.substr(0, from) + whole.substr(to + 1), loaded);
+        loadSaved(whole.substr(0, from) + whole.substr(to + 1), loaded);
         for (const SavedProperties::Entry& entry : SavedProperties::entries()) {
-            EXPECT_EQ(entry.get(loaded), entry.key == missing.key ? missing.standard : entry.get(changed))
+            EXPECT_EQ(entry.get(loaded.properties()),
+                      entry.key == missing.key ? missing.standard : entry.get(changed.properties()))
                 << entry.key;
         }
     }
-    SavedProperties::load("", changed);
-    EXPECT_EQ(SavedProperties::save(changed), DEFAULT_TEXT);
+    loadSaved("", changed);
+    EXPECT_EQ(SavedProperties::save(changed.properties()), DEFAULT_TEXT);
 }
 
-TEST(SavedProperties, DefaultsResetsEverySavedProperty) {
+TEST(SavedProperties, AnEmptyTextResetsEverySavedProperty) {
     TestDiagram diagram;
     changeAll(diagram);
-    SavedProperties::defaults(diagram);
-    EXPECT_EQ(SavedProperties::save(diagram), DEFAULT_TEXT);
+    loadSaved("", diagram);
+    EXPECT_EQ(SavedProperties::save(diagram.properties()), DEFAULT_TEXT);
 }
 
 // Texts that must load as if the key were absent.
@@ -193,14 +195,14 @@ TEST(SavedProperties, ABadValueGetsTheDefault) {
         SCOPED_TRACE(text);
         TestDiagram loaded;
         changeAll(loaded);
-        SavedProperties::load(text, loaded);
-        EXPECT_EQ(SavedProperties::save(loaded), DEFAULT_TEXT);
+        loadSaved(text, loaded);
+        EXPECT_EQ(SavedProperties::save(loaded.properties()), DEFAULT_TEXT);
     }
 }
 
 TEST(SavedProperties, OfARepeatedKeyTheFirstNumberCounts) {
     TestDiagram loaded;
-    SavedProperties::load("Y1High=7\nY1High=8\nY2High=abc\nY2High=9\n", loaded);
+    loadSaved("Y1High=7\nY1High=8\nY2High=abc\nY2High=9\n", loaded);
     EXPECT_EQ(loaded.Y1High(), 7);
     EXPECT_EQ(loaded.Y2High(), 9);
 }
@@ -208,10 +210,10 @@ TEST(SavedProperties, OfARepeatedKeyTheFirstNumberCounts) {
 TEST(SavedProperties, EveryCutTextLoads) {
     TestDiagram changed;
     changeAll(changed);
-    const std::string whole = SavedProperties::save(changed);
+    const std::string whole = SavedProperties::save(changed.properties());
     for (std::size_t length = 0; length <= whole.size(); ++length) {
         TestDiagram loaded;
-        SavedProperties::load(whole.substr(0, length), loaded);
+        loadSaved(whole.substr(0, length), loaded);
         EXPECT_GE(loaded.RadRaster(), 1);
         EXPECT_GE(loaded.LongRaster(), 1);
         EXPECT_TRUE(std::isfinite(loaded.Y1High()));

@@ -2,12 +2,14 @@
 #pragma once
 
 #include "diagram/DiagramState.h"
+#include "diagram/SavedProperties.h"
 #include "diagram/SeriesTable.h"
 
 #include <cstdint>
 #include <ostream>
 #include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -43,6 +45,13 @@ inline void fillSeries(DiagramState& state, std::span<const Column> columns) {
 
 inline void fillSeries(DiagramState& state, std::initializer_list<Column> columns) {
     fillSeries(state, std::span(columns.begin(), columns.size()));
+}
+
+/// Sets the saved properties of a control from a text.
+inline void loadSaved(std::string_view text, DiagramState& control) {
+    DiagramProperties properties = control.properties();
+    SavedProperties::load(text, properties);
+    control.setProperties(properties);
 }
 
 /// A control without a window. The shared table is empty at its start and its end.

@@ -150,7 +150,7 @@ TEST_F(Dateiformate, Settings) {
 
 TEST_F(Dateiformate, PropertiesOfTheDiagram) {
     const DiagramState fresh;
-    EXPECT_EQ(SavedProperties::save(fresh), document_.files.at("Diagramm.txt"));
+    EXPECT_EQ(SavedProperties::save(fresh.properties()), document_.files.at("Diagramm.txt"));
 }
 
 /// The offsets of the byte tables are those of the readers; each field begins where the one before ends, and

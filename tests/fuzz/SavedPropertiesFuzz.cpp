@@ -9,16 +9,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace kelvrum;
     using fuzzing::require;
     testing::TestDiagram diagram;
-    SavedProperties::load({reinterpret_cast<const char*>(data), size}, diagram);
+    testing::loadSaved({reinterpret_cast<const char*>(data), size}, diagram);
     for (const SavedProperties::Entry& entry : SavedProperties::entries()) {
-        const double value = entry.get(diagram);
+        const double value = entry.get(diagram.properties());
         require(std::isfinite(value) && entry.accepts(value), "every property holds a value that it takes");
     }
     require(diagram.RadRaster() >= 1 && diagram.LongRaster() >= 1,
             "there is at least one ring and one class");
-    const std::string saved = SavedProperties::save(diagram);
+    const std::string saved = SavedProperties::save(diagram.properties());
     testing::TestDiagram again;
-    SavedProperties::load(saved, again);
-    require(SavedProperties::save(again) == saved, "what was saved loads as it was");
+    testing::loadSaved(saved, again);
+    require(SavedProperties::save(again.properties()) == saved, "what was saved loads as it was");
     return 0;
 }
