@@ -125,7 +125,8 @@ PageNotes f::pageNotes() const {
     if (KS.DiagTyp() == KIND_POLAR) {
         notes.polarFoot = shownRange() + ", Intervall: " + interval_->caption().toStdString() + ", " +
                           std::to_string(KS.sampleCount()) + " Intervalle, davon " +
-                          std::to_string(classify(KS).calm) + " Kalmen. Angaben in Prozent";
+                          std::to_string(classify(KS.samples(), KS.RadRaster()).calm) +
+                          " Kalmen. Angaben in Prozent";
     }
     return notes;
 }

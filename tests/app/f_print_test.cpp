@@ -334,7 +334,8 @@ class f_print_test : public QObject {
         QVERIFY(page.has(
             QStringLiteral("18.06.2020, 00:00 Uhr bis 19.06.2020, 00:00 Uhr, Intervall: 15 Minuten, ") +
             QString::number(ks.sampleCount()) + QStringLiteral(" Intervalle, davon ") +
-            QString::number(classify(ks).calm) + QStringLiteral(" Kalmen. Angaben in Prozent")));
+            QString::number(classify(ks.samples(), ks.RadRaster()).calm) +
+            QStringLiteral(" Kalmen. Angaben in Prozent")));
         QVERIFY(page.has(QStringLiteral("Gedruckt am 18.06.2020")));
     }
 
