@@ -8,6 +8,8 @@
 #include "app/ListView.h"
 #include "app/ViewArea.h"
 #include "app/f.h"
+#include "drawing/JobName.h"
+#include "drawing/PrintWait.h"
 #include "evaluation/EvaluationReading.h"
 #include "util/BusyPointer.h"
 #include "util/Dialogs.h"
@@ -73,12 +75,19 @@ void f::printEvaluation(const EvaluationText& text, QWidget& window) {
     if (!printerReady()) {
         return;
     }
+    printJob_.setName(jobName(station_.Title, "Auswertung", range(), environment_.texts));
+    if (!chooseFile()) {
+        return;
+    }
     QString failure;
     try {
         const BusyPointer busy;
-        const auto newPage = [this]() -> Surface& { return printJob_.newPage(QPageLayout::Landscape); };
-        printEvaluationText(text, station_.Title, newPage);
+        const PrintWait wait(printJob_, window);
+        printEvaluationText(text, station_.Title,
+                            [this]() -> Surface& { return printJob_.newPage(QPageLayout::Landscape); });
         printJob_.end();
+    } catch (const PrintCancelled&) {
+        printJob_.abandon();
     } catch (const std::exception& error) {
         printJob_.abandon();
         failure = QString::fromUtf8(error.what());
