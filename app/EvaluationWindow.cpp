@@ -24,8 +24,8 @@ namespace kelvrum {
 namespace {
 
 constexpr int ROW_HEIGHT = 18;
-constexpr QSize SIZE(1060, 620);
-constexpr int SUMMARY_WIDTH = 470;
+constexpr QSize SIZE(1200, 670);
+constexpr int SUMMARY_WIDTH = 450;
 
 template<typename Control>
 Control* named(Control* control, const char* name) {

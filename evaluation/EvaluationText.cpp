@@ -121,10 +121,9 @@ class Summary {
         add("unter " + name, part(found.below, found.belowShare(), found.minutesBelow));
         add("Episoden über " + name, std::to_string(found.episodes));
         const auto& longest = found.longestEpisode;
-        add("längste Episode über " + name, longest ? figures_.time(longest->start) + " bis " +
-                                                          figures_.time(longest->end) + ", Maximum " +
-                                                          figures_.timed(longest->maximum)
-                                                    : NO_FIGURE);
+        add("längste Episode über " + name,
+            longest ? figures_.time(longest->start) + " bis " + figures_.time(longest->end) : NO_FIGURE);
+        add("Maximum dieser Episode (" + name + ")", longest ? figures_.timed(longest->maximum) : NO_FIGURE);
         add("Tage über " + name, std::to_string(found.days));
     }
 

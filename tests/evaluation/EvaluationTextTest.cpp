@@ -93,8 +93,8 @@ TEST(EvaluationText, SummaryOfValuesWithOneLimit) {
         {"über Grenzwert 1", "2 Intervalle, 40,00 %, 2 h"},
         {"unter Grenzwert 1", "2 Intervalle, 40,00 %, 2 h"},
         {"Episoden über Grenzwert 1", "1"},
-        {"längste Episode über Grenzwert 1",
-         "15.06.2026 02:00 bis 15.06.2026 04:00, Maximum 70,00 µg/m³ am 15.06.2026 03:00"},
+        {"längste Episode über Grenzwert 1", "15.06.2026 02:00 bis 15.06.2026 04:00"},
+        {"Maximum dieser Episode (Grenzwert 1)", "70,00 µg/m³ am 15.06.2026 03:00"},
         {"Tage über Grenzwert 1", "1"},
     };
     EXPECT_EQ(summary, expected);
