@@ -63,6 +63,15 @@ void PolarSys::PrintDiag(bool& finish) {
     }
 }
 
+bool PolarSys::drawOn(Surface& surface) {
+    if (DiagTyp() == KIND_POLAR) {
+        drawPolarDiagram(surface, *this, texts_);
+    } else if (isDrawn(DiagTyp())) {
+        drawLineDiagram(surface, *this, DiagramLayout{}, texts_);
+    }
+    return isDrawn(DiagTyp());
+}
+
 void PolarSys::SavePic(const QString& FileName) {
     const QPixmap picture = pb_.isNull() ? blankPicture() : pb_; // drawing meanwhile does not change it
     savePicture(picture, FileName);

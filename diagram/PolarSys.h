@@ -45,6 +45,10 @@ class PolarSys : public QWidget, public DiagramState {
     /// The picture as it was drawn last, in device pixels.
     [[nodiscard]] const QPixmap& picture() const { return pb_; }
 
+    /// Draws what DiagTyp says on another surface; the picture stays. False when that kind draws nothing.
+    /// Throws what the drawing throws.
+    bool drawOn(Surface& surface);
+
     /// How often the picture was drawn since the control was made.
     [[nodiscard]] int drawings() const { return drawings_; }
 

@@ -2,7 +2,7 @@
 # Sourced by run.sh, check.sh and test.sh: the packages they need, and functions that install them.
 
 # To build and to start the viewer.
-BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev libcups2-dev fonts-liberation"
+BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libcups2-dev fonts-liberation"
 # To start it without a display and to take its picture.
 PICTURE_PACKAGES="xvfb xdotool imagemagick"
 # To test: second compiler and its fuzzer, formatter, linters, test and benchmark libraries, a print scheduler, PDF tools,
@@ -69,7 +69,7 @@ need_packages() {
         echo "Not root and no sudo. Install these packages first:" $missing
     else
         echo "No apt-get here. Needed: a compiler with C++20, CMake 3.25 or newer, Ninja, Qt 6.4 or newer with"
-        echo "Widgets and PrintSupport, the CUPS library, a font with the metrics of Arial (Liberation Sans)."
+        echo "Widgets, PrintSupport and Svg, the CUPS library, a font with the metrics of Arial (Liberation Sans)."
         echo "On Debian, the packages are:" "$@"
     fi
     for tool in c++ cmake ninja; do
