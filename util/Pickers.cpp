@@ -1,6 +1,7 @@
 #include "util/Pickers.h"
 
 #include "util/DateTime.h"
+#include "util/MarkedCalendar.h"
 
 #include <QCalendarWidget>
 #include <QClipboard>
@@ -277,8 +278,14 @@ QValidator::State DatePicker::validate(QString& text, int& position) const {
 
 void DatePicker::mousePressEvent(QMouseEvent* event) {
     finish();
+    if (findChild<QCalendarWidget*>() == nullptr) { // a calendar takes long to make: not before it is wanted
+        auto* marked = new MarkedCalendar;
+        connect(marked, &MarkedCalendar::monthOpened, this,
+                [this, marked](int year, int month) { Q_EMIT monthOpened(marked, year, month); });
+        setCalendarWidget(marked);
+    }
     TypedPicker<QDateEdit>::mousePressEvent(event);
-    if (auto* calendar = findChild<QCalendarWidget*>()) { // created when it is first opened
+    if (auto* calendar = findChild<QCalendarWidget*>()) {
         // The popup around the calendar would apply every day that is passed. The chosen one reaches it
         // as `activated` or `clicked`.
         disconnect(calendar, &QCalendarWidget::selectionChanged, calendar->parentWidget(), nullptr);

@@ -9,6 +9,8 @@
 
 namespace kelvrum {
 
+class MarkedCalendar;
+
 /// A short date format in the letters of Qt's pickers.
 QString pickerFormat(const LocaleTexts& texts);
 
@@ -59,6 +61,10 @@ class DatePicker : public TypedPicker<QDateEdit> {
 
   public:
     explicit DatePicker(const LocaleTexts& texts, QWidget* parent = nullptr);
+
+  Q_SIGNALS:
+    /// The calendar shows a month, without marks yet.
+    void monthOpened(kelvrum::MarkedCalendar* calendar, int year, int month);
 
   protected:
     void take(const SectionTyping& typed) override;

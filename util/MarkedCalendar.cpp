@@ -1,0 +1,75 @@
+#include "util/MarkedCalendar.h"
+
+#include <QPainter>
+#include <QPen>
+#include <QTextCharFormat>
+
+namespace kelvrum {
+
+namespace {
+constexpr int SIZE = 5; // of a mark, in pixels
+const QColor MARK(0, 96, 192);
+} // namespace
+
+MarkedCalendar::MarkedCalendar(QWidget* parent)
+    : QCalendarWidget(parent) {
+    connect(this, &QCalendarWidget::currentPageChanged, this, [this] {
+        if (isVisible()) {
+            showMonth();
+        }
+    });
+}
+
+void MarkedCalendar::showEvent(QShowEvent* event) {
+    QCalendarWidget::showEvent(event);
+    showMonth();
+}
+
+void MarkedCalendar::showMonth() {
+    setMarks({});
+    Q_EMIT monthOpened(yearShown(), monthShown());
+}
+
+void MarkedCalendar::setMarks(const std::map<QDate, Mark>& marks) {
+    for (const auto& [day, mark] : marks_) {
+        setDateTextFormat(day, {});
+    }
+    marks_ = marks;
+    for (const auto& [day, mark] : marks_) {
+        if (!mark.text.isEmpty()) {
+            QTextCharFormat format; // with nothing but the tool tip: a Sunday stays red
+            format.setToolTip(mark.text);
+            setDateTextFormat(day, format);
+        }
+    }
+    updateCells();
+}
+
+DayMark MarkedCalendar::markOf(const QDate& day) const {
+    const auto found = marks_.find(day);
+    return found == marks_.end() ? DayMark::none : found->second.mark;
+}
+
+void MarkedCalendar::paintCell(QPainter* painter, const QRect& place, QDate date) const {
+    QCalendarWidget::paintCell(painter, place, date);
+    const DayMark mark = markOf(date);
+    if (mark == DayMark::none) {
+        return;
+    }
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    const bool isChosen = date == selectedDate();
+    const QColor colour = isChosen ? palette().color(QPalette::HighlightedText) : MARK;
+    const QRectF circle(place.center().x() - SIZE / 2.0, place.bottom() - SIZE - 0.5, SIZE, SIZE);
+    painter->setPen(QPen(colour, 1));
+    painter->setBrush(mark == DayMark::full ? QBrush(colour) : QBrush(Qt::NoBrush));
+    painter->drawEllipse(circle);
+    if (mark == DayMark::half) {
+        constexpr int LEFT = 90 * 16; // from the top, against the clock, half round
+        painter->setBrush(colour);
+        painter->drawPie(circle, LEFT, 180 * 16);
+    }
+    painter->restore();
+}
+
+} // namespace kelvrum

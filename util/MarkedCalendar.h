@@ -1,0 +1,46 @@
+// A calendar that marks days.
+#pragma once
+
+#include <QCalendarWidget>
+#include <QDate>
+#include <QString>
+#include <functional>
+#include <map>
+
+namespace kelvrum {
+
+/// What a day is marked with, at the foot of its cell. The toolkit's look of the day stays.
+enum class DayMark { none, empty, half, full };
+
+/// Marks the days of the month that is shown. What they are marked with is told from outside, when the
+/// calendar is folded out or turns to another month.
+class MarkedCalendar : public QCalendarWidget {
+    Q_OBJECT
+
+  public:
+    struct Mark {
+        DayMark mark = DayMark::none;
+        QString text; // tool tip
+    };
+
+    explicit MarkedCalendar(QWidget* parent = nullptr);
+
+    /// The marks of one month; those of all others go.
+    void setMarks(const std::map<QDate, Mark>& marks);
+    [[nodiscard]] DayMark markOf(const QDate& day) const;
+
+  Q_SIGNALS:
+    /// A month has come into view, without marks yet.
+    void monthOpened(int year, int month);
+
+  protected:
+    void paintCell(QPainter* painter, const QRect& place, QDate date) const override;
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    void showMonth();
+
+    std::map<QDate, Mark> marks_;
+};
+
+} // namespace kelvrum
