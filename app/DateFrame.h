@@ -27,6 +27,8 @@ class DateFrame : public QGroupBox {
     /// The range of the start; both times count as 00:00 before the first change.
     void start(const TimeRange& range);
 
+    [[nodiscard]] DatePicker& datePicker(Side side) const { return period_->datePicker(side); }
+
     /// Applies an unfinished entry.
     void finish() { period_->finish(); }
 

@@ -1,5 +1,7 @@
 #include "app/ListView.h"
 
+#include "diagram/CopiedText.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -64,15 +66,26 @@ QString ListView::selectedText() const {
         ranges.emplace_back(range.top(), range.bottom());
     }
     std::sort(ranges.begin(), ranges.end());
+    return textOf(ranges);
+}
+
+QString ListView::allText() const {
+    return model() == nullptr ? QString() : textOf({{0, model()->rowCount() - 1}});
+}
+
+QString ListView::textOf(const std::vector<std::pair<int, int>>& ranges) const {
     const int columns = model()->columnCount();
-    QString text;
+    QString text = valueHeader_.isEmpty() ? QString() : QString::fromUtf8(COPY_NOTE);
     const auto addLine = [&](auto cell) {
         for (int column = 0; column < columns; ++column) {
             text += (column > 0 ? QStringLiteral("\t") : QString()) + cell(column).toString();
         }
         text += QLatin1Char('\n');
     };
-    addLine([this](int column) { return model()->headerData(column, Qt::Horizontal); });
+    addLine([this](int column) {
+        return column == 1 && !valueHeader_.isEmpty() ? QVariant(valueHeader_)
+                                                      : model()->headerData(column, Qt::Horizontal);
+    });
     int next = 0; // rows before it are there already
     for (const auto& [first, last] : ranges) {
         for (int row = std::max(first, next); row <= last; ++row) {

@@ -1,7 +1,10 @@
 // The view of the data list.
 #pragma once
 
+#include <QString>
 #include <QTableView>
+#include <utility>
+#include <vector>
 
 namespace kelvrum {
 
@@ -13,12 +16,25 @@ class ListView : public QTableView {
   public:
     explicit ListView(QWidget* parent = nullptr);
 
+    /// What the column of interval values is called in copies, which then begin with a line about the times;
+    /// empty: the rows are records, whose columns are called as in the list.
+    void setValueHeader(const QString& header) { valueHeader_ = header; }
+
     /// The selected rows in list order, below the header; lines end in a line feed. Empty without a
     /// selection.
     [[nodiscard]] QString selectedText() const;
 
+    /// All rows, in the same way.
+    [[nodiscard]] QString allText() const;
+
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    /// Rows from the first to the last of each pair, which ascend.
+    [[nodiscard]] QString textOf(const std::vector<std::pair<int, int>>& ranges) const;
+
+    QString valueHeader_;
 };
 
 } // namespace kelvrum

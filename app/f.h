@@ -7,14 +7,19 @@
 #include "config/StationConfig.h"
 #include "correction/Recalculation.h"
 #include "data/DataReader.h"
+#include "data/StoredValues.h"
+#include "data/ViewHints.h"
 #include "diagram/PageNotes.h"
+#include "diagram/ReadoutText.h"
 #include "drawing/Colour.h"
 #include "drawing/PrintJob.h"
 #include "util/DateTime.h"
+#include "util/MarkedCalendar.h"
 #include "util/PeriodWidget.h"
 
 #include <QAccessible>
 #include <QMainWindow>
+#include <QPointer>
 #include <cstdint>
 #include <exception>
 #include <map>
@@ -129,6 +134,21 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     void buildReading();
     void showRange(const TimeRange& range);
     void nameSeries();
+    void jumpTo(StoredEnd end);
+    /// Notes what is known about the view that a load has brought, and looks up the rest later.
+    void noteView();
+    void lookUpHint();
+    void wantMarks(MarkedCalendar* calendar, int year, int month);
+    void markMonth();
+    void addCopies();
+    void copyPicture();
+    void copyValues();
+    [[nodiscard]] std::string diagramText() const;
+    /// How the values of a channel are named.
+    [[nodiscard]] ReadoutSeries seriesOf(std::int32_t channel) const;
+    void showHint();
+    /// Whether nothing has been requested since a moment at which there had been `requests` requests.
+    [[nodiscard]] bool isNewest(unsigned requests) const;
 
     // --- f_print.cpp: printing ---
     bool printerReady();
@@ -182,6 +202,17 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     KindMenu* menKS = nullptr;
     ReadoutOverlay* overlay_ = nullptr;
     RangeActions* ranges_ = nullptr;
+    ViewFacts facts_;         // of the view that was loaded last
+    bool isLookedUp_ = false; // the facts are complete
+
+    /// The month that a calendar shows and waits for the marks of.
+    struct WantedMonth {
+        QPointer<MarkedCalendar> calendar;
+        int year = 0;
+        int month = 0;
+        unsigned number = 0; // counts the months that were opened
+    };
+    WantedMonth wantedMonth_;
     ChannelChoice* selChan = nullptr;
     ViewSwitch* optView = nullptr;
     DateFrame* date_ = nullptr;

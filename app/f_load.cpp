@@ -53,6 +53,7 @@ void f::loadView(const ReadingStep& step) {
     }
     checkMenu(true);
     nameSeries();
+    noteView();
     SetXHigh();
     ranges_->shown(range());
     describeView();

@@ -3,11 +3,23 @@
 #include "app/DateFrame.h"
 #include "app/DiagramInput.h"
 #include "app/KindMenu.h"
+#include "app/ListView.h"
 #include "app/RangeActions.h"
 #include "app/ViewArea.h"
+#include "app/ViewSwitch.h"
 #include "app/f.h"
+#include "data/RangeChoice.h"
+#include "diagram/CopiedText.h"
+#include "diagram/LineScale.h"
 #include "diagram/PolarSys.h"
 #include "diagram/ReadoutOverlay.h"
+#include "util/BusyPointer.h"
+#include "util/Pickers.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QTimer>
+#include <algorithm>
 
 namespace kelvrum {
 
@@ -19,8 +31,25 @@ void f::buildReading() {
     connect(input, &DiagramInput::rangeChosen, this, &f::showRange);
     ranges_ = new RangeActions(*this, shownRange, [this] { finishEdits(); });
     connect(ranges_, &RangeActions::rangeChosen, this, &f::showRange);
+    connect(input, &DiagramInput::jumpWanted, this,
+            [this](bool last) { jumpTo(last ? StoredEnd::last : StoredEnd::first); });
+    connect(&KS, &PolarSys::drawn, this, &f::showHint);
+
+    for (const auto side : {DateFrame::Side::start, DateFrame::Side::end}) {
+        connect(&date_->datePicker(side), &DatePicker::monthOpened, this, &f::wantMarks);
+    }
+
     menKS->addSeparator();
     ranges_->appendTo(*menKS);
+    const auto addJump = [this](const char* name, const char* caption, StoredEnd end) {
+        QAction* action = menKS->addAction(QString::fromUtf8(caption));
+        action->setObjectName(QString::fromUtf8(name));
+        connect(action, &QAction::triggered, this, [this, end] { jumpTo(end); });
+    };
+    addJump("menErster", "&Erster Wert", StoredEnd::first);
+    addJump("menLetzter", "Le&tzter Wert", StoredEnd::last);
+    addCopies();
+    connect(input, &DiagramInput::copyWanted, this, &f::copyPicture);
 }
 
 void f::showRange(const TimeRange& range) {
@@ -28,10 +57,105 @@ void f::showRange(const TimeRange& range) {
     LoadData();
 }
 
-/// Tells the overlay what it reads. Directions have their points of the compass.
+ReadoutSeries f::seriesOf(std::int32_t channel) const {
+    const ChannelInfo& info = station_.ChannelTable.at(channel);
+    return {info.Name, info.Unit, info.Mode == MODE_WIND_DIRECTION};
+}
+
+/// Tells the views what they show. Directions have their points of the compass.
 void f::nameSeries() {
-    const ChannelInfo& info = station_.ChannelTable.at(selChan->channel());
-    overlay_->setSeries({info.Name, info.Unit, info.Mode == MODE_WIND_DIRECTION}, {});
+    const ReadoutSeries series = seriesOf(selChan->channel());
+    overlay_->setSeries(series, {});
+    view_->list().setValueHeader(
+        station_.Kind == ConfigKind::binary ? QString() : QString::fromStdString(valueHeader(series)));
+}
+
+bool f::isNewest(unsigned requests) const {
+    return loader_.requests() == requests && !loader_.isLoading() && isVisible();
+}
+
+/// Brings the first or last stored value of the channel into view; the range keeps its length. A newer
+/// request ends the search.
+void f::jumpTo(StoredEnd end) {
+    finishEdits();
+    loader_.whenIdle(end == StoredEnd::first ? "menErster" : "menLetzter", [this, end] {
+        const BusyPointer busy;
+        const unsigned requests = loader_.requests();
+        const StationConfig station = station_; // another project may be opened meanwhile
+        const ReadingStep step = [this, requests] {
+            QCoreApplication::processEvents();
+            return isNewest(requests);
+        };
+        const auto found = findStored(station, selChan->channel(), end, environment_.open, step);
+        if (!found || !found->time) {
+            return;
+        }
+        const DateTime value = *found->time;
+        // One file is read: a range that began in the year before would end with that year.
+        const DateTime earliest = station.Kind == ConfigKind::ini ? yearStart(value) : FIRST_DATE;
+        showRange(end == StoredEnd::first ? rangeFrom(value, range(), interval())
+                                          : rangeUpTo(value, range(), interval(), earliest));
+    });
+}
+
+void f::noteView() {
+    const PolarSys& KS = view_->diagram();
+    const auto y1 = seriesInUse(KS.DataCount()).y1;
+    const bool isRose = KS.DiagTyp() == KIND_POLAR;
+    facts_ = {};
+    facts_.range = range();
+    facts_.dayFiles = station_.Kind == ConfigKind::binary;
+    facts_.hasValues = isRose ? KS.sampleCount() > 0 : std::any_of(y1.begin(), y1.end(), isValidPoint);
+    const bool isTold = optView->diagramSelected() && selChan->channel() != 0;
+    isLookedUp_ = facts_.hasValues && isTold;
+    if (!isLookedUp_ && isTold) {
+        // After the view is shown; a newer request drops it.
+        QTimer::singleShot(0, this, [this, requests = loader_.requests()] {
+            if (isNewest(requests)) {
+                loader_.whenIdle("hint", [this] { lookUpHint(); });
+            }
+        });
+    }
+}
+
+void f::lookUpHint() {
+    const unsigned requests = loader_.requests();
+    const StationConfig station = station_;
+    const std::int32_t channel = selChan->channel();
+    const ReadingStep step = [this, requests] {
+        QCoreApplication::processEvents();
+        return isNewest(requests);
+    };
+    ViewFacts facts = facts_;
+    facts.hasFile = hasFile(station, channel);
+    const bool isCut = !facts.dayFiles && cutAtNewYear(facts.range);
+    if (facts.hasFile && !isCut) {
+        const auto last = findStored(station, channel, StoredEnd::last, environment_.open, step);
+        if (!last) {
+            return;
+        }
+        facts.lastStored = last->time;
+    }
+    if (isNewest(requests)) {
+        facts_ = facts;
+        isLookedUp_ = true;
+        showHint();
+    }
+}
+
+/// The hint belongs to the picture that is shown, and to its scale.
+void f::showHint() {
+    const PolarSys& KS = view_->diagram();
+    ViewFacts facts = facts_;
+    if (const auto& line = KS.lineShown()) {
+        const auto y1 = seriesInUse(KS.DataCount()).y1;
+        const double low = std::min(line->left.low, line->left.high);
+        const double high = std::max(line->left.low, line->left.high);
+        facts.allOutside = KS.DataCount() > 0 && std::none_of(y1.begin(), y1.end(), [&](double v) {
+                               return isValidPoint(v) && v >= low && v <= high;
+                           });
+    }
+    overlay_->setHint(isLookedUp_ ? QString::fromStdString(viewHint(facts, environment_.texts)) : QString());
 }
 
 } // namespace kelvrum

@@ -1,5 +1,5 @@
 # Reading the picture, on screens with one and two dots for a pixel.
-foreach(test IN ITEMS f_readout_test f_choose_test)
+foreach(test IN ITEMS f_readout_test f_choose_test f_hints_test f_copy_test f_calendar_test)
     add_executable(${test} ${test}.cpp)
     kelvrum_qt_settings(${test})
     set_target_properties(${test} PROPERTIES AUTOMOC ON)

@@ -1,0 +1,159 @@
+// Where the data are: jumps to the first and last stored value, and hints at the foot of the plot.
+#include "tests/app/DiagramHand.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QRadioButton>
+#include <QTest>
+
+namespace kelvrum {
+
+using namespace kelvrum::testing;
+
+namespace {
+
+constexpr int SPEED_ROW = 0; // of the channel list
+constexpr int HOUR_ROW = 4;  // of the intervals
+
+QString text(const ShownRange& range) { return range.from + QStringLiteral(" - ") + range.to; }
+
+/// The window on another range, loaded once.
+void show(const WindowFixture& fixture, const char* from, const char* to) {
+    fixture.arrange({QString::fromUtf8(from), QString::fromUtf8(to)}, 0);
+    fixture.window->LoadData();
+}
+
+/// A station whose channel 8 has no file, and whose channel 9 has a file without a value.
+MadeStation stationWithEmptyChannels() {
+    MadeStation station = madeStation();
+    station.ini += "CHAN08|Leer|m|0|40||0|1|2|1|0|0|LE\nCHAN09|Stumm|m|0|40||0|1|2|1|0|0|ST\n";
+    station.minutes[9].assign(1000, 0.0);
+    return station;
+}
+constexpr int EMPTY_ROW = 3; // between dust and precipitation
+constexpr int MUTE_ROW = 4;
+
+} // namespace
+
+class f_hints_test : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void jumpsBringTheStoredValuesIntoView() {
+        const WindowFixture fixture; // values from 18.06. 00:00 to 19.06. 23:59
+        const DiagramHand hand(fixture);
+        show(fixture, "01.02.2021 00:00", "02.02.2021 00:00");
+        hand.key(Qt::Key_End, Qt::ControlModifier);
+        QCOMPARE(text(fixture.shownRange()), QStringLiteral("19.06.2020 00:00 - 20.06.2020 00:00"));
+        hand.key(Qt::Key_End);
+        QVERIFY(hand.text().startsWith(QStringLiteral("19.06.2020 23:59, ")));
+        hand.key(Qt::Key_Home, Qt::ControlModifier);
+        QCOMPARE(text(fixture.shownRange()), QStringLiteral("18.06.2020 00:00 - 19.06.2020 00:00"));
+        show(fixture, "01.01.2019 00:00", "01.01.2020 00:00"); // a year does not fit before June
+        fixture.trigger("menLetzter");
+        QCOMPARE(text(fixture.shownRange()), QStringLiteral("01.01.2020 00:00 - 31.12.2020 00:00"));
+        fixture.trigger("menErster");
+        QCOMPARE(text(fixture.shownRange()), QStringLiteral("18.06.2020 00:00 - 18.06.2021 00:00"));
+        QTest::keyClick(fixture.window.get(), Qt::Key_Left, Qt::AltModifier); // a jump is a range shown
+        QCOMPARE(text(fixture.shownRange()), QStringLiteral("01.01.2020 00:00 - 31.12.2020 00:00"));
+    }
+
+    void aJumpWithoutAValueLoadsNothing() {
+        const WindowFixture fixture(stationWithEmptyChannels());
+        for (const int row : {EMPTY_ROW, MUTE_ROW}) {
+            fixture.chooseChannel(row);
+            const QString before = text(fixture.shownRange());
+            const int drawings = fixture.the<PolarSys>("KS").drawings();
+            fixture.trigger("menLetzter");
+            fixture.trigger("menErster");
+            QCOMPARE(text(fixture.shownRange()), before);
+            QCOMPARE(fixture.the<PolarSys>("KS").drawings(), drawings);
+        }
+    }
+
+    void hintsTellWhyNothingIsSeen() {
+        const WindowFixture fixture(stationWithEmptyChannels());
+        const DiagramHand hand(fixture);
+        QCOMPARE(hand.overlay.hint(), QString());
+        show(fixture, "18.03.2020 00:00", "19.03.2020 00:00");
+        QTRY_COMPARE(hand.overlay.hint(),
+                     QStringLiteral(
+                         "Keine Werte im Zeitraum. Letzter Wert: 19.06.2020 23:59 (im Diagramm: Strg+Ende)"));
+        show(fixture, "18.03.2021 00:00", "19.03.2021 00:00"); // no file of that year
+        QTRY_COMPARE(hand.overlay.hint(),
+                     QStringLiteral(
+                         "Keine Werte im Zeitraum. Letzter Wert: 19.06.2020 23:59 (im Diagramm: Strg+Ende)"));
+        fixture.chooseChannel(EMPTY_ROW);
+        QTRY_COMPARE(hand.overlay.hint(), QStringLiteral("Der Kanal hat noch keine Datei"));
+        fixture.chooseChannel(MUTE_ROW);
+        QTRY_COMPARE(hand.overlay.hint(), QStringLiteral("Keine Werte im Zeitraum"));
+        fixture.chooseChannel(SPEED_ROW);
+        show(fixture, "18.06.2020 00:00", "19.06.2020 00:00");
+        QCOMPARE(hand.overlay.hint(), QString());
+    }
+
+    void aRangeOverNewYear() {
+        const WindowFixture fixture;
+        const DiagramHand hand(fixture);
+        show(fixture, "18.06.2020 00:00", "02.01.2021 12:00");
+        QCOMPARE(hand.overlay.hint(),
+                 QStringLiteral("Der Zeitraum reicht über den Jahreswechsel: gezeigt wird "
+                                "18.06.2020 00:00 bis 01.01.2021 00:00"));
+        show(fixture, "18.06.2020 00:00", "01.01.2021 00:00");
+        QCOMPARE(hand.overlay.hint(), QString());
+    }
+
+    void valuesOutsideOfTheScale() {
+        const WindowFixture fixture;
+        const DiagramHand hand(fixture);
+        const QString outside = QStringLiteral("Alle Werte liegen außerhalb der Skala (Automatisch: Alt+A)");
+        fixture.type("Text1", QStringLiteral("200")); // from 200 to 5: no value lies between
+        QCOMPARE(hand.overlay.hint(), QString());     // 5 does
+        fixture.type("Text2", QStringLiteral("300"));
+        QCOMPARE(hand.overlay.hint(), outside);
+        const QImage picture = hand.KS.picture().toImage();
+        fixture.click("Option1");
+        QCOMPARE(hand.overlay.hint(), QString());
+        QVERIFY(hand.KS.picture().toImage() != picture);
+    }
+
+    void theHintIsGreyTextInTheOverlay() {
+        const WindowFixture fixture;
+        const DiagramHand hand(fixture);
+        show(fixture, "18.06.2020 00:00", "02.01.2021 12:00");
+        const auto& label = fixture.the<QLabel>("hint");
+        QVERIFY(label.isVisible());
+        QCOMPARE(label.text(), hand.overlay.hint()); // a reader of the screen finds the text itself
+        QCOMPARE(label.parentWidget(), &hand.overlay);
+        const int foot = hand.KS.height() - 40;
+        QVERIFY(label.geometry().bottom() < foot && label.geometry().top() > foot - 40);
+        const QImage picture = hand.KS.picture().toImage();
+        hand.overlay.setHint({});
+        QVERIFY(!label.isVisible());
+        QCOMPARE(hand.KS.picture().toImage(), picture);
+    }
+
+    /// A lookup that a newer request overtakes tells nothing.
+    void aNewerRequestDropsTheLookUp() {
+        WindowFixture fixture(stationWithEmptyChannels());
+        const DiagramHand hand(fixture);
+        fixture.chooseChannel(MUTE_ROW);
+        bool chosen = false;
+        fixture.files.onRead = [&] {
+            if (!chosen) {
+                chosen = true;
+                fixture.chooseChannel(EMPTY_ROW);
+            }
+        };
+        QTRY_COMPARE(hand.overlay.hint(), QStringLiteral("Der Kanal hat noch keine Datei"));
+        fixture.files.onRead = {};
+        QVERIFY(chosen);
+        QTest::qWait(50);
+        QCOMPARE(hand.overlay.hint(), QStringLiteral("Der Kanal hat noch keine Datei"));
+    }
+};
+
+} // namespace kelvrum
+
+QTEST_MAIN(kelvrum::f_hints_test)
+#include "f_hints_test.moc"
