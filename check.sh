@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The everyday check: format, debug build, the linter on changed files, the tests of the plain core. Takes two minutes
 # after the first run; ./test.sh runs everything.
 # shellcheck disable=SC2086 # lists of packages become several words

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the viewer and starts it on a sample station. Without a display it starts on a virtual one, takes the
 # picture build/screenshot.png and ends.
 # shellcheck disable=SC2086 # lists of packages become several words

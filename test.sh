@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Runs every check: format, scripts, the core without Qt, both compilers, the linter, a short fuzzing of the readers, the
 # installation package, and all tests without and with sanitizers, in several languages and time zones. Ends with
 # CTest's summary and exit code; an earlier step that fails ends it at once.
@@ -39,6 +40,7 @@ run_tests() {
 
 step packages need_packages $BUILD_PACKAGES $TEST_PACKAGES $PACKAGING_PACKAGES
 step format tools/checks/format.sh
+step licence tools/checks/licence.sh
 step layers tools/checks/layers.sh
 step shell tools/checks/shell.sh
 step plain plain

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program's identity on the desktop, and the language of Qt's own texts.
 #pragma once
 

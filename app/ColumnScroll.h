@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The left column in a window that is too low for it.
 #pragma once
 

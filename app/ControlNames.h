@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Accessible names and tool tips of the main window's controls.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rows of the data list: the interval values of one channel, or the raw records of day files.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/DiagramInput.h"
 
 #include "data/RangeChoice.h"

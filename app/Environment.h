@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the main window needs from its environment. Tests supply their own.
 #pragma once
 

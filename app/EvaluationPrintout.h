@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An evaluation on paper, on any surface.
 #pragma once
 

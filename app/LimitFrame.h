@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The frame "Hilfslinien": two limit lines and the mean line.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // At most one load at a time, and what has to wait for its end.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The actions that choose a range by name: presets, back and forward.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The frame "Skalierung": the range of the left value axis.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The user's locale and clock as the plain core needs them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The data list as a printed table: row printer and cell fitter, on any surface.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The view area: diagram, scroll bar and data list.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The calendars of the date pickers tell on which days the selected channel has data.
 #include "app/ChannelChoice.h"
 #include "app/f.h"

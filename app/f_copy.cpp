@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Copies for the clipboard: the picture, and the values of either view.
 #include "app/ChannelChoice.h"
 #include "app/KindMenu.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "Auswertung": evaluating what the window shows.
 #include "app/ChannelChoice.h"
 #include "app/EvaluationPrintout.h"

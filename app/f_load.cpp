@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Loading: from the chosen channel, range and interval to list rows or a diagram.
 #include "app/ChannelChoice.h"
 #include "app/DataListModel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The parts of the main window, what connects them, and the keys that work beside them.
 #include "app/ChannelChoice.h"
 #include "app/ColumnDesign.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Printing what the window shows.
 #include "app/ChannelChoice.h"
 #include "app/DataListModel.h"

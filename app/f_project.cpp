@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Opening projects: at the start, by the file dialog, by the project selection window.
 #include "app/ChannelChoice.h"
 #include "app/DataListModel.h"

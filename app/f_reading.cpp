@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading the picture: what the overlay, the actions of the range and the diagram's input do to the window.
 #include "app/ChannelChoice.h"
 #include "app/DateFrame.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What follows when a part of the window has changed: range and interval load anew; scale, limits and kind
 // only draw. The layout of the window.
 #include "app/ChannelChoice.h"

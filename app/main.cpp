@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program: one main window on the station in the program folder.
 #include "app/Appearance.h"
 #include "app/ProgramFolder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rows of the batch print: the channel of each row and the row's settings.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Layout of the batch print settings "Sammeldruck.cfg": one record for each row slot, numbers little-endian.
 #pragma once
 

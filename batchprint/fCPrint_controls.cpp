@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The controls of the batch print dialog: which there are, where they are, what they call.
 #include "batchprint/BatchColumns.h"
 #include "batchprint/BatchRow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The print run: one page for each checked row, all pages as one job.
 #include "batchprint/BatchRow.h"
 #include "batchprint/fCPrint.h"

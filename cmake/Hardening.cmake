@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # How a release is hardened: what a distribution asks of every program that it carries. To be included before the
 # first target. What is measured in a release is what is installed.
 include(CheckPIESupported)

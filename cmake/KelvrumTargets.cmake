@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # How Kelvrum's targets are made: one place for language level, warnings and include root.
 
 function(kelvrum_settings target)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the main window shows of a station's channels: the rows of the channel list and the columns of the
 // data list.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The measurement channels of a station, by channel number.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The forms of a station's configuration: one row each for the name of its file, its reader and what a
 // station of it has.
 #pragma once

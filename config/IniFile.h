@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The ini form of the station configuration, a text file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Opening a project: from the path of a configuration file to a StationConfig.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The binary form of the station configuration, a record file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Layout of the binary station configuration: one packed record, numbers little-endian,
 // texts Windows-1252 padded with NUL or blanks.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "correction/CorrectionMenu.h"
 
 #include "util/Paths.h"

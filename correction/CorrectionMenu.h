@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whether the corrections of wind and dust are offered.
 #pragma once
 

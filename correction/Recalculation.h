@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Recomputing the stored corrected channels with a new factor.
 #pragma once
 

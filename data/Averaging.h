@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How a block of minute values becomes one value.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A time range of one channel as a run of blocks of minute values.
 #pragma once
 

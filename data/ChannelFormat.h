@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Layout of the channel data files "Kanal04_2020.chn": a header that is not read, then one IEEE 754 double
 // for each minute of the year, little-endian.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The minutes of one year of a channel, as averaging counts them.
 #pragma once
 

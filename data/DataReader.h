@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main window's readers: from a channel, a time range and an interval to list rows or to the
 // series of a diagram.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How much of each day of a month a channel has stored.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The day files of stations with a binary configuration.
 #pragma once
 

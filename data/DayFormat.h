@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Layout of the day files "20200618.KMH" of stations with a binary configuration: records without a file
 // header, numbers little-endian.
 #pragma once

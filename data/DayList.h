@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The raw records of day files, as the data list shows them: one row for each record, one column for each
 // channel.
 #pragma once

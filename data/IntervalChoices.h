@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The averaging intervals that a user can choose.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Ranges chosen in one step: a band of the plot, a zoom around a time, a preset, the place of a value.
 // All times are whole minutes afterwards, as the pickers hold them.
 #pragma once

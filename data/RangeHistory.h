@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The history of shown ranges, with back and forward as in a browser.
 #pragma once
 

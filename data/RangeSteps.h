@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Moving a time range: snapping to the interval grid and shifting by a scroll unit.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a reading is asked to read, what it delivers and how it ends.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A cache of the results of a function of one number, for arguments that recur.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From interval values to the columns of the SeriesTable.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where a channel's stored values begin and end, found by the names of its files and read from their ends.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Hints for a user who sees less than expected.
 #pragma once
 

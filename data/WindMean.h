@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The speed-weighted mean of wind directions.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The readout of a diagram for readers of the screen.
 #pragma once
 

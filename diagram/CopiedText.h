@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a diagram shows as tab-separated text, for the clipboard.
 #pragma once
 

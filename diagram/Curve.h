@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The curve of a series, column by column: how its values are joined, where passes begin, what the bars are.
 #pragma once
 

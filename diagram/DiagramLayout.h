@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The fixed lengths of a diagram: what distinguishes the screen from the page, apart from the surface.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a diagram looks like and what it shows beside its data, as a value.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The diagram control without its window, which PolarSys adds: the given properties with their conversions,
 // errors and quirks as a face over values.
 #pragma once

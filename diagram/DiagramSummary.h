@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a diagram shows, as text for screen readers.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The line diagram: kinds 0 and 4 (lines), 2 (precipitation) and 3 (directions), on any surface.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From values to axes: what a series holds, the ranges of the value axes and their ticks.
 #pragma once
 

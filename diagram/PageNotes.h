@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a page tells about itself below its diagram.
 #pragma once
 

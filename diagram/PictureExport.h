@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Saving the picture of the diagram control as a file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The picture as SVG, by the toolkit's generator.
 #include "diagram/PictureCopy.h"
 #include "diagram/PolarSys.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The plot of a line diagram on its surface and the one mapping from time and value to dots.
 #pragma once
 

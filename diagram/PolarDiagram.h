@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The polar diagram: a wind rose of the control's samples, on any surface.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading a line diagram: which value is under a pointer, next to another value, a day further.
 #pragma once
 

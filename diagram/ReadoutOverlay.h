@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The transparent overlay above the picture of a diagram: readout, band and hint.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the overlay draws, and where: lines, rings and the field of the readout, the band.
 #include "diagram/PolarSys.h"
 #include "diagram/ReadoutOverlay.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the readout of a diagram says, and where its field is.
 #pragma once
 

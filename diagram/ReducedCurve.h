@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A long series reduced to what the dots of a surface can show. The picture is the same, dot for dot, as with
 // every segment and every bar drawn separately.
 #pragma once

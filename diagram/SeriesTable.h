@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program-wide table of the values that a diagram draws.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The ticks and labels of the time axis, as a pure function of its range and width.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A surface that clips by itself, for devices that do not.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Colours as 24-bit numbers in blue-green-red order: red in the lowest byte.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The communication with CUPS. It blocks and therefore runs in its own thread.
 #pragma once
 

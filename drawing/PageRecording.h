@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A recorded page, kept until it is printed or dropped.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A PDF document, written page by page to our own device.
 #pragma once
 

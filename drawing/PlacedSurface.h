@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A part of another surface, used like a surface of its own.
 #pragma once
 

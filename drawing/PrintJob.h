@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One print job: its pages are collected, made into a document and sent to the printer as a whole.
 #pragma once
 

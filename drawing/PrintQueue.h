@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The system's print queues: sending a finished document, and its outcome.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Without CUPS the toolkit's printer sends its document itself.
 #include "drawing/PrintQueue.h"
 

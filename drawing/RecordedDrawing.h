@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A recorded drawing: the pages of a print job until they are sent, and drawings that tests inspect.
 #pragma once
 

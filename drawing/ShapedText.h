@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fast layout of numbers and times, which lists mostly consist of.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The drawing surface: a picture on the screen, a printed page, a recording.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The figures of a reading hour by hour, day by day or month by month.
 #pragma once
 

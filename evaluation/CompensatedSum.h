@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sums that keep what an addition rounds off.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The evaluation of a reading: how complete it is, its statistics, what was above the limits, and all of it
 // by calendar. Figures that do not exist are empty.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Single figures of an evaluation as texts.
 #pragma once
 

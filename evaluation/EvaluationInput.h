@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The input of an evaluation: a reading, interval by interval, and its options.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads the input of an evaluation: the intervals of the picture, with everything else that it needs.
 #pragma once
 

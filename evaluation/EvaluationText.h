@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An evaluation as texts: what the window shows, the clipboard gets and the printer prints.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // When and how long values lay above or below a limit.
 #pragma once
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # shellcheck shell=sh disable=SC2034,SC2086 # the lists are used elsewhere, and become several words
 # Sourced by run.sh, check.sh and test.sh: the packages they need, and functions that install them.
 

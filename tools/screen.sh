@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # shellcheck shell=sh
 # Sourced by run.sh and the check of the installed program: starts a virtual screen and the viewer on it. Both are
 # terminated when the script ends, for whatever reason.

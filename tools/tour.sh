@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Takes the pictures of the manual and of the README anew: docs/pictures. What has not changed stays the same file,
 # byte for byte.
 # shellcheck disable=SC2086 # lists of packages become several words

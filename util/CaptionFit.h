@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fits captions into a fixed layout when the font differs from the one it was designed for.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Case-insensitive texts, in any script and independent of the locale.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Creates the windows' controls and puts texts and numbers into them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Date-times as the stations count them: days since 30 December 1899, the time of day as fraction.
 // Time zones and daylight saving time are ignored.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The system's dialogs behind a small seam, so that tests can answer them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Random-access reading of files behind a small interface, so that tests can count reads, slow them down or
 // let them fail.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writing into files at byte offsets behind a small interface, so that tests can let a write fail.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Numbers and times as they are shown: by a format text, in the manner of the user's locale.
 #pragma once
 

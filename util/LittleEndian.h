@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Little-endian numbers in byte buffers, whatever the byte order of the machine.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A file accessed by system calls. Every failure is the error of the call.
 #pragma once
 

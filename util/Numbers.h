@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Numbers as files and edit fields write them: "." as decimal point whatever the locale.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Paths are kept as the station writes them, with "\" or "/" as separator. Here, and only here, they become
 // native paths.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pickers of a period: two dates and two times of day.
 #pragma once
 

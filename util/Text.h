@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Small helpers for texts. Texts are UTF-8 throughout the program; files may bring another encoding.
 #pragma once
 

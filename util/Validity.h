@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What counts as a value: the program-wide marker of a missing value and the tests that go with it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The state of the processor's vector registers, which painting may leave in a form that slows computing
 // down.
 #pragma once

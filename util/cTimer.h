@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A stopwatch for measuring how long a piece of work takes, in milliseconds.
 #pragma once
 

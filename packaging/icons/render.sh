@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Renders the icon's PNG files (rsvg-convert from librsvg2-bin). Run it after changing kelvrum.svg.
 set -eu
 cd -P "$(dirname "$0")"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dialogs that the test answers, and what they were asked.
 #pragma once
 

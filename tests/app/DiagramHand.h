@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Mouse and keys on the diagram of a window under test, by times and values instead of pixels.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An evaluation on paper: its lines in order, and the header of a long table on each of its pages.
 #include "app/EvaluationPrintout.h"
 

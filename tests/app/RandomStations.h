@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a random user works on: stations of all forms, some of them broken, and the choice of another run.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A user who does anything at random on the main window, the same for the same seed on every system.
 #pragma once
 

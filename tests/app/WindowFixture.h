@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The real main window on a station made for the test, and helpers to operate it with.
 #pragma once
 

@@ -1,2 +1,3 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The window "Auswertung".
 kelvrum_window_test(f_evaluation_test SOURCES f_evaluation_test.cpp USES kelvrum_window_testing)

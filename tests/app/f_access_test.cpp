@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // For those who work without a mouse or without seeing the window: names, tab order, mnemonics.
 #include "tests/app/WindowFixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Broken files: the window stays upright, shows nothing where nothing can be read, asks nothing, and opens
 // the next good project as usual.
 #include "diagram/PolarSys.h"

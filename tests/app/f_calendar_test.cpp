@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The calendars of the date pickers mark the days with data.
 #include "tests/app/DiagramHand.h"
 #include "util/MarkedCalendar.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Choosing a range by mouse, wheel and keys, going back and forward, and presets.
 #include "tests/app/DiagramHand.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The clock and the time zone: today is requested once, at the start, and nothing else depends on either.
 #include "diagram/PolarSys.h"
 #include "diagram/SeriesTable.h"

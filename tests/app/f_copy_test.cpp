@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Copies of the picture and of the values.
 #include "tests/app/DiagramHand.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The corrections from the window's menu to the view of the new values.
 #include "diagram/PolarSys.h"
 #include "diagram/SeriesTable.h"

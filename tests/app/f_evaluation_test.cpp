@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window "Auswertung", opened by key and menu, read, copied and closed by hand.
 #include "app/EvaluationModel.h"
 #include "tests/app/WindowFixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window on files that answer slowly, change or go while it works, and on a program folder that is
 // removed.
 #include "diagram/PolarSys.h"

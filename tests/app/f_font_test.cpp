@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The left column where the system has no font with the metrics of Arial.
 #include "tests/app/WindowFixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the data are: jumps to the first and last stored value, and hints at the foot of the plot.
 #include "tests/app/DiagramHand.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Work without a mouse: keys of the window and of the diagram, and the diagram as text.
 #include "diagram/PolarSys.h"
 #include "tests/app/WindowFixture.h"

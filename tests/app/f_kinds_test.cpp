@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The kinds of diagram, chosen from the context menu of the diagram.
 #include "diagram/PolarSys.h"
 #include "tests/app/WindowFixture.h"

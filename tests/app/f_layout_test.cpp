@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The places of the views and labels at all sizes of the window.
 #include "diagram/PolarSys.h"
 #include "tests/app/WindowFixture.h"

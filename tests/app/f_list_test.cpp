@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The data list of a station with day files: which records, which columns, which texts; and copying rows.
 #include "tests/app/WindowFixture.h"
 

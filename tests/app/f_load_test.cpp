@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Channels, views and intervals clicked through on the real window; rows and series are compared with values
 // computed from the made minutes by other means.
 #include "diagram/PolarSys.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Long use: a random user works the real main window, and its memory stays as it is. KELVRUM_RANDOM_ACTIONS
 // says how long, KELVRUM_RANDOM_SEED on which way.
 #include "tests/app/RandomStations.h"

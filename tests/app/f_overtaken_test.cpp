@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What comes while a load runs: keys held down, further choices, entries of the menus, another project.
 #include "diagram/PolarSys.h"
 #include "diagram/SeriesTable.h"

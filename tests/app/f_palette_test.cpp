@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window follows the desktop's colours, the diagram stays on white.
 #include "diagram/PolarSys.h"
 #include "tests/app/WindowFixture.h"

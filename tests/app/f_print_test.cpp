@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Printing what the window shows, and several channels in one job, on a real print queue.
 #include "diagram/PolarDiagram.h"
 #include "diagram/PolarSys.h"

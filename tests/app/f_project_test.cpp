@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Opening projects on the real window: by the file dialog and by the project selection window.
 #include "diagram/PolarSys.h"
 #include "tests/app/WindowFixture.h"

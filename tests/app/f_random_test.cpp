@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A thousand random user actions on the real main window. After each of them the window must show what a
 // fresh window with the same settings shows: nothing may depend on the way that led there.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The time range, worked with keys and clicks: pickers, buttons, interval. Every row tells the range before,
 // what the user does, the range after and how many loads that makes.
 #include "diagram/PolarSys.h"

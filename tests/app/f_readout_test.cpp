@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading values from the picture by pointer and by keys, on screens with one and two dots for a pixel.
 #include "tests/app/DiagramHand.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Scale, limit lines, mean line and zoom: what each control does to the diagram, and that none of them reads
 // a file.
 #include "diagram/PolarSys.h"

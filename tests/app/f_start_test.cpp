@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Start-up of the main window: its controls, its menus, its defaults, and its end.
 #include "app/Appearance.h"
 #include "app/ProgramFolder.h"

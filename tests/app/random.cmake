@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # A user who does anything at random; these programs take longer than the other window tests.
 add_library(kelvrum_random_testing STATIC RandomStations.cpp RandomUser.cpp)
 kelvrum_qt_settings(kelvrum_random_testing)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Reading the picture, on screens with one and two dots for a pixel.
 foreach(test IN ITEMS f_readout_test f_choose_test f_hints_test f_copy_test f_calendar_test)
     add_executable(${test} ${test}.cpp)

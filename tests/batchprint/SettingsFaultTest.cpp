@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Saving the batch print settings without room: wherever it ends, the old file stays and nothing else is
 // left.
 #include "batchprint/SettingsFile.h"

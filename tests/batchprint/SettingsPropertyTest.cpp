@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Saving and loading the batch print settings, for any rows and for any bytes.
 #include "batchprint/SettingsFile.h"
 #include "tests/batchprint/SettingsBytes.h"

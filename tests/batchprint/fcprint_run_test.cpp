@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The print run up to the printer, of which there is none here.
 #include "diagram/SeriesTable.h"
 #include "tests/batchprint/BatchFixture.h"

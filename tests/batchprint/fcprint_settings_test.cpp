@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Loading and saving the settings by the dialog.
 #include "tests/batchprint/BatchFixture.h"
 #include "tests/batchprint/SettingsBytes.h"

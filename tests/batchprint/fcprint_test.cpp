@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The dialog as it opens: its controls, where they are and what they enable.
 #include "tests/batchprint/BatchFixture.h"
 

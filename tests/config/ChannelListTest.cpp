@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The channel table, and what is shown of it: the channel list, the list's columns, the data folders.
 #include "config/ChannelList.h"
 #include "config/DataFolder.h"

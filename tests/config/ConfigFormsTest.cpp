@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The table of configuration forms: what a station of each form has, and that its name leads to it.
 #include "config/ConfigForms.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files made up in memory for the readers of configurations: texts, and files that are cut or far too big.
 #pragma once
 

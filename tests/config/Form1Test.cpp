@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The project selection window on its own, on folders made for the test.
 #include "config/Form1.h"
 #include "tests/testing/TempFolder.h"

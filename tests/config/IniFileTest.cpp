@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // QEL.ini as a file: encodings, line ends, damage, and files that are far too big.
 #include "config/IniFile.h"
 #include "tests/config/FakeFiles.h"

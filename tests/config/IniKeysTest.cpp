@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The key lines of QEL.ini.
 #include "config/IniFile.h"
 #include "tests/config/FakeFiles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The channel lines of QEL.ini: CHAN, VIRT and KGW, their fields and channel numbers.
 #include "config/ChannelList.h"
 #include "config/IniFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Opening a project: which form a path means, its base folder, and what a missing file leaves.
 #include "config/ReadConf.h"
 #include "tests/config/FakeFiles.h"

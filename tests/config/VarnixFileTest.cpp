@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // VARNIX.CFG: its length, the slots, texts and the wide-record switch, laid out by hand.
 #include "config/VarnixFile.h"
 #include "config/ChannelList.h"

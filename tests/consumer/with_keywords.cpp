@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A client that writes Qt as most programs do: keywords, foreach, texts from literals.
 #include "AllHeaders.h"
 

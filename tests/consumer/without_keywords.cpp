@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A client with rules stricter than ours.
 #include "AllHeaders.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every write of a correction fails once, and sources change under it: nothing is spoilt, and the next run
 // completes it.
 #include "correction/Recalculation.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // When the corrections are offered.
 #include "correction/CorrectionMenu.h"
 

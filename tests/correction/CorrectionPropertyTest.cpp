@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the reader shows after a correction is the source times the factor, and nothing else has changed.
 #include "correction/Recalculation.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Corrections that fail: what the message says, and that nothing outside of the range changes.
 #include "correction/Recalculation.h"
 

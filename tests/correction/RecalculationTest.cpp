@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The corrected channels: every byte of every file is compared with what a plain loop over the minutes gives.
 #include "correction/Recalculation.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A station whose channel files are all known to the last byte, and what a correction has to make of them.
 #pragma once
 

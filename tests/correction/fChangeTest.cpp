@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The correction dialog, worked as a user does on real files.
 #include "correction/fChange.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From a block of minute values to one value: sum, mean, other modes, bounds.
 #include "data/Averaging.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which blocks a time range gives.
 #include "data/BlockReader.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How files are fetched: few large reads, each byte once, and nothing stale when a read fails.
 #include "data/BlockReader.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files that shrink, grow, vanish or become a folder while they are read: what was there is shown, the rest
 // is missing, and the next reading finds what there is then.
 #include "data/DataReader.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Names, places and positions of channel data files.
 #include "data/ChannelFiles.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The list reader and the diagram reader of channel files.
 #include "data/DataReader.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How much of each day a channel has stored.
 #include "data/DayCoverage.h"
 

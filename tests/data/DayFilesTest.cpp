@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Names, records and intervals of the day files.
 #include "data/DayFiles.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rows of the day files: which files, in which order, and which records.
 #include "data/DayList.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Channel files in memory that count their reads and can fail, shrink or be torn at any byte.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Minutes made at random for properties of readings and means.
 #pragma once
 

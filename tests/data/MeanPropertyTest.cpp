@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Means lie within their minutes, sums add up, and wind directions turn with the wind.
 #include "data/Averaging.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bands, zooms, presets and jumps: ranges chosen in one step.
 #include "data/RangeChoice.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Snapping to the interval grid and shifting by scroll units.
 #include "data/RangeSteps.h"
 

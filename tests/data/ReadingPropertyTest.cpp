@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading a range in two parts is reading it whole, wherever the parts meet.
 #include "data/DataReader.h"
 

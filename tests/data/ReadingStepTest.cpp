@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Readings that a step gives up, and readings that start within a step of another one.
 #include "data/DataReader.h"
 

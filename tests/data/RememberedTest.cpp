@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Results that are kept for the arguments that come again.
 #include "data/Remembered.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Gap rules of the series, and the times of its columns.
 #include "data/SeriesFill.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The gap rules of a series, and that it shows what the list shows.
 #include "data/DataReader.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The first and last stored value of a channel.
 #include "data/StoredValues.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The hint at the foot of a plot.
 #include "data/ViewHints.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The wind direction mean against the rule written out minute by minute.
 #include "data/WindMean.h"
 

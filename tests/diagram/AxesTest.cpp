@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The axes of a line diagram: places, colours, labels, odd ranges and sizes.
 #include "diagram/LineDiagram.h"
 #include "diagram/LineScale.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Clipping for devices that do not clip.
 #include "drawing/ClippedSurface.h"
 

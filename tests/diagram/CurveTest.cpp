@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How the columns of a series are joined: gaps, lone points, passes, directions, bars.
 #include "diagram/Curve.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The two data stores of the diagram control and the folding of angles.
 #include "tests/diagram/TestDiagram.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The diagram as text.
 #include "diagram/DiagramSummary.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Limit lines and the mean line.
 #include "diagram/LineDiagram.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From values to axes: statistics, ranges, steps, ticks and label formats.
 #include "diagram/LineScale.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The picture of the control as a file.
 #include "diagram/PictureExport.h"
 #include "diagram/PolarSys.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The polar diagram as a picture: each sector covers its own class and no other.
 #include "diagram/PolarDiagram.h"
 #include "diagram/PolarSys.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The diagram control as a widget: when it draws, and what it shows.
 #include "diagram/PolarSys.h"
 

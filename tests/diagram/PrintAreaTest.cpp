@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where on its sheet a page is: what the queue can print on, or what is within the user's margins.
 #include "tests/diagram/PrintedDiagram.h"
 

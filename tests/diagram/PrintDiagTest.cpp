@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The line diagram on paper: jobs and pages as a real print scheduler receives them.
 #include "tests/diagram/PrintedDiagram.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What becomes of a print job: whole or not at all, on a queue that takes it, refuses it, is stopped, dies or
 // does not answer, and as a PDF file.
 #include "tests/diagram/PrintedDiagram.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The line diagram on paper: what is where on a page. All lengths are millimetres from its upper left
 // corner.
 #include "drawing/PainterSurface.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A diagram control for the tests of printing, with the scheduler that takes its pages.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The properties of the diagram control: defaults, what a setter stores, marks and repaints, errors.
 #include "tests/diagram/TestDiagram.h"
 

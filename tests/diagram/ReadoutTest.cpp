@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which value is under a pointer, next to another value, a day further.
 #include "diagram/Readout.h"
 

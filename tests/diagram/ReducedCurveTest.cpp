@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is left of a long series on a surface.
 #include "diagram/ReducedCurve.h"
 

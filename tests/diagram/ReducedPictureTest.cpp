@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A reduced series paints the very same picture as its segments and bars one by one, whatever the series.
 #include "diagram/Curve.h"
 #include "diagram/PlotArea.h"

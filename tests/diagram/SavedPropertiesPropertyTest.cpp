@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Loading what was saved, for any values that the saved properties take.
 #include "diagram/SavedProperties.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The saved properties: keys, order, defaults, and texts that are not as they should be.
 #include "diagram/SavedProperties.h"
 

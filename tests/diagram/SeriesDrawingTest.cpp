@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The series of a line diagram as they arrive on the surface: colours, passes, clip, number of primitives.
 #include "diagram/LineDiagram.h"
 

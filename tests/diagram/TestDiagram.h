@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Diagrams for tests: a state that records what it asks of its window, and series from literal columns.
 #pragma once
 

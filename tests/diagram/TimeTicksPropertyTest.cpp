@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The labels of any time axis: in the axis, one to the right of the other, never too close.
 #include "diagram/TimeTicks.h"
 

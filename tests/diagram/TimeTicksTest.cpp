@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Ticks and labels of the time axis.
 #include "diagram/TimeTicks.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The texts of a line diagram: title band, titles, unit, captions, footnote, precipitation total.
 #include "diagram/LineDiagram.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The document of the file formats keeps its word: its example files, read as the program reads them, give
 // the values of its tables.
 #include "batchprint/SettingsFile.h"

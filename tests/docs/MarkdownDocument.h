@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a test needs of a document: its example files and the tables that tell what is in them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The surface on a painter: what its primitives paint.
 #include "drawing/PainterSurface.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A recorded drawing: a value that plays what was drawn.
 #include "drawing/PlacedSurface.h"
 #include "tests/drawing/TestSurface.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How a failed test shows dots, lines and boxes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A recording with fixed text sizes, and questions about what was drawn on it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How complete a reading is, worked through by hand.
 #include "tests/evaluation/MadeReadings.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What holds for the evaluation of every reading.
 #include "tests/evaluation/MadeEvaluations.h"
 

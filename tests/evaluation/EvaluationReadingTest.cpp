@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The intervals that are evaluated are those of the list and of the diagram.
 #include "evaluation/EvaluationReading.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An evaluation as the user reads, copies and prints it.
 #include "evaluation/EvaluationText.h"
 

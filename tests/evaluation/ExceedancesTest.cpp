@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is above and below a limit, and for how long, computed by hand.
 #include "tests/evaluation/MadeReadings.h"
 

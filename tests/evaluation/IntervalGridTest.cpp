@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which intervals a range has, and where the next hour, day or month begins.
 #include "evaluation/IntervalGrid.h"
 

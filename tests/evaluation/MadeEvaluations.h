@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Readings made at random, and smaller ones to try in the place of one that breaks a property.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The same figures once more, computed straightforwardly: every interval with its start, in plain lists, with
 // sorting, long sums and no thought of speed or memory.
 #pragma once

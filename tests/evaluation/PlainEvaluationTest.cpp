@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The evaluation beside a straightforward second implementation of the same figures.
 #include "tests/evaluation/PlainEvaluation.h"
 #include "tests/evaluation/MadeEvaluations.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Statistics worked through by hand, awkward values first.
 #include "evaluation/Statistics.h"
 

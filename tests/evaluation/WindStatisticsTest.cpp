@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Mean winds and the table of directions, worked through by hand.
 #include "evaluation/WindStatistics.h"
 

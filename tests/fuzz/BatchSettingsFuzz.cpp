@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as Sammeldruck.cfg: as they come, and brought to the length of the file.
 #include "batchprint/SettingsFile.h"
 #include "data/IntervalChoices.h"

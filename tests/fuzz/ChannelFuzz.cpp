@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any channel file and paired file, read as list, diagram and polar diagram, beside the rules minute by
 // minute. The input: a request of ChannelInput, then the values of both files in turns.
 #include "data/ChannelFiles.h"

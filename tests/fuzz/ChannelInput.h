@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The start of an input of the channel target: what is read, and where the file's bytes are.
 #pragma once
 

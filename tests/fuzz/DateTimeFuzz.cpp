@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any text as a date and a time, and any number as a date-time.
 #include "data/ChannelFiles.h"
 #include "data/RangeSteps.h"

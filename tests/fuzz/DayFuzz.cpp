@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any day files, narrow and wide, read as diagram and as list, beside a plain count of their records. The
 // input: a request, the lengths of the first two files, then the bytes of three.
 #include "data/DataReader.h"

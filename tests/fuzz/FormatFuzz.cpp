@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any formats for numbers and times.
 #include "tests/fuzz/Fuzzing.h"
 #include "util/Format.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Shared by the fuzz targets: numbers taken from the start of an input, and promises that end the program
 // when they are broken.
 #pragma once

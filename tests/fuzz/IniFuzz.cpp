@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as QEL.ini.
 #include "config/ChannelList.h"
 #include "config/IniFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any text as a number, and any number as a text.
 #include "tests/fuzz/Fuzzing.h"
 #include "util/Numbers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any rows and columns of the printed table, on paper of any size. The input: sizes, then the line of the
 // columns, the header, and rows.
 #include "app/TablePrintout.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any text as the saved properties of the diagram.
 #include "diagram/SavedProperties.h"
 #include "tests/diagram/TestDiagram.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as VARNIX.CFG: as they come, and brought to the length of the record.
 #include "config/ChannelList.h"
 #include "config/VarnixFile.h"

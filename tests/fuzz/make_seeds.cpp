@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes the inputs that the fuzz targets start from: make_seeds FOLDER makes FOLDER/TARGET/NAME.
 #include "batchprint/SettingsFile.h"
 #include "tests/batchprint/SettingsBytes.h"

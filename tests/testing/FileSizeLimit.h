@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A limit for the length of files, where the system has one: it stands for a full disk.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Rights of files hold for an ordinary user only: tests of them must not run as the system's administrator.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The text of printed pages, read from a PDF document.
 #pragma once
 

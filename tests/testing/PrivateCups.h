@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A print scheduler of the test's own, which keeps the documents that it was sent.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Properties that hold for every input: tried with many made inputs, and told with a small one that breaks
 // them.
 //

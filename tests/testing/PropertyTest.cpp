@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What trying a property tells: nothing when it holds, else the smallest case and how to see it again.
 #include "tests/testing/Property.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A folder of a test's own, removed at its end, and writers for the station's file formats laid out by hand.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Helpers to operate a window with, as a person does: controls are found by their object names, keys and
 // clicks go through the toolkit. Shared by tests, tour and benchmarks.
 #pragma once

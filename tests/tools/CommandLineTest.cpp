@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The command line of the sample station's writer.
 #include "tools/makestation/CommandLine.h"
 #include "tests/testing/TempFolder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sample station's weather: it is always the same, and believable.
 #include "tools/makestation/SampleStation.h"
 #include "util/Validity.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sample station's files, read back as the viewer reads them.
 #include "config/ChannelList.h"
 #include "config/ReadConf.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Letters in capitals and small, of every script.
 #include "util/CaseFolding.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Date-times: the calendar, rounding to milliseconds and seconds, moving by months and minutes, reading
 // texts.
 #include "util/DateTime.h"

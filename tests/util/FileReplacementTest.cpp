@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Replacing files as a whole: rights, links, reasons, and what killed programs have left.
 #include "util/FileReplacement.h"
 

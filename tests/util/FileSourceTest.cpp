@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Real files behind the reading interface: what is opened, and reads at and after the end.
 #include "util/FileSource.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Shown numbers and times: formats, halves away from zero, the user's separators.
 #include "util/Format.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Little-endian numbers: bytes laid out by hand, whatever the machine.
 #include "util/LittleEndian.h"
 

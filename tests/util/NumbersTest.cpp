@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Numbers in texts: leading and whole ones, rounding to integers, and the plain text of a number.
 #include "util/Numbers.h"
 

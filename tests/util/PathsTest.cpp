@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Station paths: existence, drive letters, letters of any case, both separators.
 #include "util/Paths.h"
 

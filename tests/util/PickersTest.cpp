@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pickers as a user operates them: a typed change is one finished edit.
 #include "util/Pickers.h"
 

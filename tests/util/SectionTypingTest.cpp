@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is typed into a date or a time, section by section.
 #include "util/SectionTyping.h"
 

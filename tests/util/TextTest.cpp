@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Texts: trimming, splitting, letters without regard to case, and the two encodings of the stations.
 #include "util/Text.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The validity of a value: the marker, zeros, bounds and what is no number.
 #include "util/Validity.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The upper halves of the vector registers, filled and cleared.
 #include "util/VectorRegisters.h"
 

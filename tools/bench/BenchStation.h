@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Stations for the benchmarks: a year of minutes in a folder of their own, removed at the end.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Shared by the benchmarks of the window: the year in view, and the output of a program's memory use.
 #pragma once
 

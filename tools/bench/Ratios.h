@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Ratios of figures that were measured in one run: what the program needs beside the limit or the naive way.
 #pragma once
 

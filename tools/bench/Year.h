@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A year of minutes for the benchmarks: 525,600 values, 4 % of them missing.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The correction of a year, beside a copy of the channel's file.
 #include "correction/Recalculation.h"
 #include "tools/bench/BenchStation.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A year of day files with 34 channels, as a list and as a diagram, beside one plain read of all files.
 #include "data/DataReader.h"
 #include "data/DayFiles.h"

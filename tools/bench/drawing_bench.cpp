@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A year of columns on a picture of 900 x 600, beside every segment drawn as a line of its own.
 #include "diagram/Curve.h"
 #include "diagram/LineDiagram.h"

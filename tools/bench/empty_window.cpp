@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An empty main window: shown, painted, ended. With two arguments it has a menu and a line of text in the
 // font of the viewer.
 #include "tools/bench/FirstWindow.h"

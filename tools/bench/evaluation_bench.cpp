@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The evaluation of a year of one channel: of its minutes in memory, beside one pass and one nth_element over
 // them, and from its file, beside reading the same for the diagram.
 #include "evaluation/Evaluation.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main window on the project in a folder, as the program starts: shown, painted, ended. With one more
 // argument it shows a year.
 #include "app/SystemLocale.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The list of a year of minutes, filled and shown, beside a bare table view on a trivial model.
 #include "app/DataListModel.h"
 #include "tools/bench/Ratios.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Runs all benchmarks, each several times and in turn with the others, and closes with the table of ratios.
 #include "tools/bench/Ratios.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A batch of ten year pages: from the channel files to a finished document.
 #include "data/DataReader.h"
 #include "diagram/LineDiagram.h"

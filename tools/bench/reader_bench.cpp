@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One year of one channel at every interval, from the file to the SeriesTable, beside one plain read of the
 // file and one plain pass over its values.
 #include "data/ChannelFormat.h"

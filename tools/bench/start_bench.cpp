@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From the start of a process to its first painted view, beside two other windows; and their memory.
 #include "tools/bench/BenchStation.h"
 #include "tools/bench/Ratios.h"

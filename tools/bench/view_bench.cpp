@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A whole view in the real window, from the file to the painted picture, compared with the sum of its
 // necessary parts: the reading, one pass that finds the extremes of each column of dots, their lines, and a
 // picture painted on a window.

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Checks the project on Debian 13: creates a fresh root of that release, copies this tree into it and runs the given
 # commands there, by default ./run.sh and ./test.sh.
 #     tools/checks/debian13.sh [COMMAND...]     for example 'cmake --preset clang' 'cmake --build --preset clang'

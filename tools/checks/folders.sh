@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # shellcheck shell=sh disable=SC2034
 # Sourced by the checks: the existing source folders.
 SOURCE_FOLDERS=

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Fails when the formatter would change a source file.
 # shellcheck disable=SC2086 # lists of folders become several words
 set -eu

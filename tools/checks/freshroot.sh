@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # shellcheck shell=sh
 # Sourced by the checks that install into a fresh root: its package sources, and the command that may create it.
 

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Runs each fuzz target of tests/fuzz: first on its seeds and the stored inputs, then for SECONDS (20) on generated
 # inputs, two targets at a time. An input that crashes a target or breaks a promise is saved in build/fuzz/crashes; move
 # it to tests/fuzz/corpus/TARGET to try it in every later run. With 0 SECONDS only seeds and stored inputs are tried.

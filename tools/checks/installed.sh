@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # installed.sh ROOT : starts the program installed in ROOT as an ordinary user on a virtual screen: with a station in
 # the user's data folder, without one, without a home folder and with a read-only one.
 # shellcheck disable=SC2016 # a command in the root, with its own variables

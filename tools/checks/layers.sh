@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Fails when a folder includes from one that its layer does not know. Each row: a folder and all that it may include.
 set -eu
 cd -P "$(dirname "$0")/../.."

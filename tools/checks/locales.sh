@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Runs all tests under other languages and time zones: nothing stored, read or computed may depend on them.
 #   locales.sh                       the debug tests under each of the three settings below
 #   locales.sh PRESET LOCALE ZONE    the tests of one build under one setting

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Long use: a random user operates the optimised build, whose memory must not grow by more than 1 %. The last line
 # shows the measurement.
 #     tools/checks/longuse.sh [ACTIONS [SEED]]     20,000 actions take a few minutes

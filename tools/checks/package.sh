@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the Debian package, validates its parts, installs it with its dependencies into a fresh root and starts it there
 # as an ordinary user on a virtual screen. Without permission to create such a root the last two steps are skipped.
 # shellcheck disable=SC2016 # hooks and formats have their own variables

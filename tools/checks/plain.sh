@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Fails if anything in the build without windows (build/plain, which must exist) links Qt.
 set -eu
 cd -P "$(dirname "$0")/../.."

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The linter for scripts, over all of them.
 set -eu
 cd -P "$(dirname "$0")/../.."

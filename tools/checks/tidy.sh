@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Runs the linter over the sources, with the commands of build/debug (which must be built: windows need their generated
 # headers) but without precompiled headers, as each file includes what it needs. A source that passed is checked again
 # only if it, a header or the rules have changed.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Temperature, humidity and pressure of the air.
 #pragma once
 

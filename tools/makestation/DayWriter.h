@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The day files of the sample station in its binary forms.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dust: high in the rush hours and in winter, washed out by rain, with single outliers.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cold fronts: every few days one turns the wind from west by north to north-east, within an hour or so.
 #pragma once
 

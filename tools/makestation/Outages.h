@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // When the station records nothing, and when single sensors report that they have no value.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Precipitation: dry weeks and wet days with showers, measured by a tipping bucket.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Random numbers that are the same on every machine: the standard fixes the engine's numbers, but not what
 // its distributions make of them.
 #pragma once

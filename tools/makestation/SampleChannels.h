@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The channels of the sample station: one table for the configuration, the model and the writers.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sample station as a run of minutes: all quantities that it measures, in time order.
 #pragma once
 

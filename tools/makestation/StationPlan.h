@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a sample station is made from. The same plan always gives the same bytes.
 #pragma once
 

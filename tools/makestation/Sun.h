@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The course of the sun over day and year, as far as the weather of the sample station follows it.
 #pragma once
 

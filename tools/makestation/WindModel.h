@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Wind: direction, speed, gusts and the vertical component, which belong together.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes a sample station; the only place that reads a clock.
 #include "tools/makestation/CommandLine.h"
 

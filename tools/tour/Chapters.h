@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The stops of the tour. Each starts on a fresh window and writes its pictures into a folder.
 #pragma once
 

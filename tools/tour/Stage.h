@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The real main window on a sample station, with a fixed clock, and helpers to operate it.
 #pragma once
 

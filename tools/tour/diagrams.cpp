@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The scale, the limits and the kinds of diagram.
 #include "diagram/PolarSys.h"
 #include "tools/tour/Chapters.h"

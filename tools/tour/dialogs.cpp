@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The modal windows.
 #include "app/SystemLocale.h"
 #include "batchprint/fCPrint.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Takes the pictures of the manual and of the README: tour FOLDER. The clock is fixed, the sample station
 // is always the same and the screen is Qt's own without a display, so that the same program and the same
 // fonts give the same bytes.

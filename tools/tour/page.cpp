@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A printed page, drawn like a page of the print job, but into a picture.
 #include "app/SystemLocale.h"
 #include "diagram/LineDiagram.h"

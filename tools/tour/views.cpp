@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window as a whole and what is chosen in its left column.
 #include "tools/tour/Chapters.h"
 #include "tools/tour/Picture.h"
