@@ -45,6 +45,7 @@ class ColumnTitles : public QHeaderView {
 ListView::ListView(QWidget* parent)
     : QTableView(parent) {
     setHorizontalHeader(new ColumnTitles(this));
+    setAutoFillBackground(true); // opaque: what it covers is not painted below it
     setShowGrid(false);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setWordWrap(false);
@@ -95,6 +96,24 @@ QString ListView::textOf(const std::vector<std::pair<int, int>>& ranges) const {
         next = std::max(next, last + 1);
     }
     return text;
+}
+
+void ListView::keepPicture() {
+    isPictureKept_ = true;
+    setUpdatesEnabled(false);
+}
+
+void ListView::releasePicture() {
+    isPictureKept_ = false;
+    doItemsLayout();
+    scrollToTop();
+    setUpdatesEnabled(true);
+}
+
+void ListView::doItemsLayout() {
+    if (!isPictureKept_) { // the scroll bar of the old rows stays too
+        QTableView::doItemsLayout();
+    }
 }
 
 void ListView::keyPressEvent(QKeyEvent* event) {

@@ -28,6 +28,14 @@ class ListView : public QTableView {
     /// All rows, in the same way.
     [[nodiscard]] QString allText() const;
 
+    /// The list keeps on the screen what it shows, whatever becomes of its rows.
+    void keepPicture();
+
+    /// Shows the rows as they are now, from the first one on. They are laid out once and painted once.
+    void releasePicture();
+
+    void doItemsLayout() override;
+
   protected:
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -36,6 +44,7 @@ class ListView : public QTableView {
     [[nodiscard]] QString textOf(const std::vector<std::pair<int, int>>& ranges) const;
 
     QString valueHeader_;
+    bool isPictureKept_ = false;
 };
 
 } // namespace kelvrum

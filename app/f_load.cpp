@@ -5,6 +5,7 @@
 #include "app/DateFrame.h"
 #include "app/IntervalFrame.h"
 #include "app/LimitFrame.h"
+#include "app/ListView.h"
 #include "app/RangeActions.h"
 #include "app/ViewArea.h"
 #include "app/ViewSwitch.h"
@@ -34,6 +35,21 @@ std::size_t rowsExpected(const ReadRequest& request) {
     return static_cast<std::size_t>(days * MINUTES_PER_DAY / std::max(request.interval, 1)) + 1;
 }
 
+/// While this lives, the list keeps on the screen what it showed.
+class KeptPicture {
+  public:
+    explicit KeptPicture(ListView& list)
+        : list_(list) {
+        list_.keepPicture();
+    }
+    KeptPicture(const KeptPicture&) = delete;
+    KeptPicture& operator=(const KeptPicture&) = delete;
+    ~KeptPicture() { list_.releasePicture(); }
+
+  private:
+    ListView& list_;
+};
+
 } // namespace
 
 void f::LoadData() { loader_.load(); }
@@ -41,6 +57,7 @@ void f::LoadData() { loader_.load(); }
 /// One load, from the controls to the view. Overtaken, it ends before it shows anything.
 void f::loadView(const ReadingStep& step) {
     const BusyPointer busy;
+    const KeptPicture list(view_->list());
     Label8->show();
     overlay_->keepSeries();
     const std::int32_t channel = selChan->channel();

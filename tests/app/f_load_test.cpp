@@ -48,6 +48,19 @@ std::optional<double> windOf(const double* directions, const double* speeds, int
     return used ? std::optional(d <= 0 ? d + 360 : d) : std::nullopt;
 }
 
+/// Counts the paintings of a widget.
+class Paintings : public QObject {
+  public:
+    explicit Paintings(QWidget& widget) { widget.installEventFilter(this); }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+    int count = 0;
+};
+
 std::optional<double> averageOf(const MadeStation& station, int channel, int from, int n) {
     const double* values = station.minutes.at(channel).data() + from;
     if (channel == 5) {
@@ -159,6 +172,27 @@ class f_load_test : public QObject {
         QTest::qWait(50);
         QCOMPARE(fixture.files.opened, 1);
         QCOMPARE(ks.drawings(), drawings + 1);
+    }
+
+    /// While it reads, the window paints neither the emptied list nor what the list covers. The rows are
+    /// shown from the first one on.
+    void aLoadPaintsTheListOnce() {
+        WindowFixture fixture;
+        fixture.click("optView(1)");
+        QTest::qWait(50);
+        auto& list = fixture.the<QTableView>("lView");
+        const int rows = list.model()->rowCount();
+        list.scrollToBottom();
+        QTest::qWait(50);
+        QVERIFY(list.rowAt(0) > 0);
+        const Paintings listed(*list.viewport());
+        const Paintings covered(fixture.the<PolarSys>("KS"));
+        QTest::keyClick(fixture.window.get(), Qt::Key_F5);
+        QTest::qWait(50);
+        QCOMPARE(list.model()->rowCount(), rows);
+        QCOMPARE(listed.count, 1);
+        QCOMPARE(covered.count, 0);
+        QCOMPARE(list.rowAt(0), 0);
     }
 
     /// The channel that is shown is read again by a click, and no click takes its selection away.
