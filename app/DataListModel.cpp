@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/DataListModel.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -43,6 +44,7 @@ void DataListModel::setColumns(std::vector<ListColumn> columns) {
     beginResetModel();
     columns_ = std::move(columns);
     rows_ = {};
+    count_ = 0;
     records_ = {};
     shown_ = 0;
     endResetModel();
@@ -53,7 +55,7 @@ void DataListModel::clear() {
     if (wasShown) {
         beginResetModel();
     }
-    rows_.clear();
+    count_ = 0;
     records_ = {};
     shown_ = 0;
     if (wasShown) {
@@ -61,16 +63,25 @@ void DataListModel::clear() {
     }
 }
 
-void DataListModel::append(std::span<const IntervalValue> rows) {
+std::span<IntervalValue> DataListModel::room(std::size_t rows) {
     if (!records_.times.empty()) {
         clear(); // rows of one kind only
     }
-    rows_.insert(rows_.end(), rows.begin(), rows.end());
+    if (rows_.size() < count_ + rows) {
+        rows_.resize(std::max(count_ + rows, 2 * rows_.size()));
+    }
+    return std::span(rows_).subspan(count_, rows);
+}
+
+void DataListModel::expect(std::size_t rows) {
+    if (rows_.size() < rows) {
+        rows_.resize(rows);
+    }
 }
 
 void DataListModel::releaseMemory() {
-    if (rows_.empty()) {
-        rows_.shrink_to_fit();
+    if (count_ == 0) {
+        rows_ = {};
     }
 }
 
@@ -80,7 +91,7 @@ void DataListModel::setDayRows(DayRows rows) {
 }
 
 void DataListModel::show() {
-    const int rows = static_cast<int>(records_.times.empty() ? rows_.size() : records_.times.size());
+    const int rows = static_cast<int>(records_.times.empty() ? count_ : records_.times.size());
     if (shown_ == 0 && rows > 0) {
         beginResetModel(); // the views lay out a full list faster than inserted rows
         shown_ = rows;
@@ -96,6 +107,11 @@ int DataListModel::rowCount(const QModelIndex& parent) const { return parent.isV
 
 int DataListModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+}
+
+ListRows DataListModel::copy() const {
+    const auto values = std::span(rows_).first(count_);
+    return {texts_, {values.begin(), values.end()}, records_, columns_.size()};
 }
 
 QString DataListModel::text(int row, int column) const {

@@ -45,10 +45,12 @@ class DataListModel : public QAbstractTableModel {
     void releaseMemory();
 
     /// Reserves memory for this many rows of time and value.
-    void expect(std::size_t rows) { rows_.reserve(rows); }
+    void expect(std::size_t rows);
 
-    /// Adds rows of time and value. The views see them with the next `show`.
-    void append(std::span<const IntervalValue> rows);
+    /// Memory for this many further rows of time and value. The first ones written there are added with
+    /// `added`; the views see them with the next `show`.
+    std::span<IntervalValue> room(std::size_t rows);
+    void added(std::size_t rows) { count_ += rows; }
 
     /// Replaces the rows by records of day files. The views see them with the next `show`.
     void setDayRows(DayRows rows);
@@ -64,12 +66,13 @@ class DataListModel : public QAbstractTableModel {
     /// The text of a cell, as it is shown.
     [[nodiscard]] QString text(int row, int column) const;
 
-    [[nodiscard]] ListRows copy() const { return {texts_, rows_, records_, columns_.size()}; }
+    [[nodiscard]] ListRows copy() const;
 
   private:
     LocaleTexts texts_;
     std::vector<ListColumn> columns_;
-    std::vector<IntervalValue> rows_; // either these ...
+    std::vector<IntervalValue> rows_; // either the first of these ...
+    std::size_t count_ = 0;           // so many of them
     DayRows records_;                 // ... or these
     int shown_ = 0;                   // rows that the views know
 };

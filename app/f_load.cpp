@@ -154,17 +154,13 @@ void f::ShowValue(DateTime MessZeit, double MessWert) {
 
 /// Lists the intervals that have a value; the view sees them with the model's next `show`.
 void f::showRows(std::span<const IntervalValue> intervals) {
-    std::array<IntervalValue, 256> listed; // copied without a branch for each
-    while (!intervals.empty()) {
-        const auto piece = intervals.first(std::min(intervals.size(), listed.size()));
-        std::size_t count = 0;
-        for (const IntervalValue& one : piece) {
-            listed[count] = one;
-            count += std::fabs(one.value) < INVALID_VALUE ? 1 : 0;
-        }
-        view_->rows().append(std::span(listed).first(count));
-        intervals = intervals.subspan(piece.size());
+    const std::span<IntervalValue> listed = view_->rows().room(intervals.size());
+    std::size_t count = 0;
+    for (const IntervalValue& one : intervals) { // copied without a branch for each
+        listed[count] = one;
+        count += std::fabs(one.value) < INVALID_VALUE ? 1 : 0;
     }
+    view_->rows().added(count);
 }
 
 void f::SetXHigh() {

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QTableView>
+#include <algorithm>
 
 namespace kelvrum::bench {
 
@@ -60,7 +61,8 @@ void listOfAYear(benchmark::State& state) {
         afterPainting(state);
         model.clear();
         model.expect(rows.size());
-        model.append(rows);
+        std::ranges::copy(rows, model.room(rows.size()).begin());
+        model.added(rows.size());
         model.show();
         QCoreApplication::processEvents();
     }
