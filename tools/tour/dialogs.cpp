@@ -8,11 +8,14 @@
 #include "tools/tour/Picture.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QLocale>
+#include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 namespace kelvrum::tour {
 
@@ -46,11 +49,20 @@ void evaluation(const SampleFolder& station, const QString& pictures) {
     stage.click("Check1");
     stage.type("Text3", "25");
     stage.type("Text4", "35");
-    Stage::inWindowOf([&] { stage.the<QAction>("menAuswertung").trigger(); },
-                      [&](QWidget& dialog) {
-                          QTest::qWait(500); // until it has read
-                          saveDialog(dialog, pictures, "evaluation");
-                      });
+    QTimer look; // until it has read, but not within the reading, which lets events run
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        const auto* copy =
+            dialog == nullptr ? nullptr : dialog->findChild<QPushButton*>(QStringLiteral("cmdKopieren"));
+        if (copy != nullptr && copy->isEnabled()) {
+            look.stop();
+            dialog->resize(960, 480); // a picture of all of it would be too large
+            saveDialog(*dialog, pictures, "evaluation");
+            dialog->close();
+        }
+    });
+    look.start(10);
+    stage.the<QAction>("menAuswertung").trigger();
 }
 
 /// Ticks a box of a row, as a click does.
