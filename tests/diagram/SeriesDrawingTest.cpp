@@ -209,7 +209,8 @@ TEST(SeriesDrawing, ALineFromFarOutsideKeepsItsSlope) {
             draw(surface, diagram);
             const auto lines = surface.linesOf(FIRST);
             ASSERT_THAT(lines, SizeIs(1));
-            const auto& [start, end] = lines[0];
+            const Dot start = lines[0].from;
+            const Dot end = lines[0].to;
             const auto y = [&](double minutes) {
                 const double x = 40 + 240 * minutes;
                 return start.y + (x - start.x) * (end.y - start.y) / (end.x - start.x);

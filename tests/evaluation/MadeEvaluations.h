@@ -20,12 +20,12 @@ struct MadeEvaluation {
     std::vector<IntervalReading> reading;
 
     friend std::ostream& operator<<(std::ostream& out, const MadeEvaluation& made) {
-        const EvaluationRequest& request = made.request;
+        const EvaluationRequest& asked = made.request;
         out.precision(17);
-        out << request.range.from << " to " << request.range.to << ", " << request.interval
-            << " minutes, kind " << static_cast<int>(request.kind) << ", now " << request.now
-            << (request.onlyCovered ? ", only covered" : "") << ", limits "
-            << request.limits[0].value_or(INVALID_VALUE) << ' ' << request.limits[1].value_or(INVALID_VALUE);
+        out << asked.range.from << " to " << asked.range.to << ", " << asked.interval << " minutes, kind "
+            << static_cast<int>(asked.kind) << ", now " << asked.now
+            << (asked.onlyCovered ? ", only covered" : "") << ", limits "
+            << asked.limits[0].value_or(INVALID_VALUE) << ' ' << asked.limits[1].value_or(INVALID_VALUE);
         for (const IntervalReading& interval : made.reading) {
             out << "\n  " << interval.index << ": " << interval.value << " at " << interval.speed << ", "
                 << interval.present << " minutes, " << interval.minimum << " to " << interval.maximum;
