@@ -17,7 +17,6 @@ constexpr int WIND_ROW = 1; // of the channel list
 constexpr int DUST_ROW = 2;
 constexpr int MINUTE_ROW = 0; // of the intervals
 constexpr int QUARTER_ROW = 3;
-constexpr int DAY_ROW = 5;
 
 QString text(const ShownRange& range) { return range.from + QStringLiteral(" - ") + range.to; }
 

@@ -14,7 +14,6 @@ using namespace kelvrum::testing;
 namespace {
 
 constexpr int SPEED_ROW = 0; // of the channel list
-constexpr int HOUR_ROW = 4;  // of the intervals
 
 QString text(const ShownRange& range) { return range.from + QStringLiteral(" - ") + range.to; }
 
