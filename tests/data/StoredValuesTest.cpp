@@ -76,8 +76,9 @@ TEST(FindStored, LooksInTheOldestAndNewestYear) {
     EXPECT_EQ(found(station, 4, StoredEnd::last), minuteOf(2020, 33333));
 }
 
-for (const std::size_t minute : {0U, 8191U, 8192U, 16383U, 16384U, 20000U - 8192U, 20000U - 8193U, 19999U}) {
-    for (const std::size_t minute : {0, 8191, 8192, 16383, 16384, 20000 - 8192, 20000 - 8193, 19999}) {
+TEST(FindStored, AtBothEndsOfAPieceAndOfTheFile) {
+    for (const std::size_t minute :
+         {0U, 8191U, 8192U, 16383U, 16384U, 20000U - 8192U, 20000U - 8193U, 19999U}) {
         const TempFolder folder;
         folder.write("Kanal04_2020.chn", minutesAt(20000, {minute}));
         const StationConfig station = iniStation(folder);

@@ -166,7 +166,7 @@ TEST(SeriesReader, SpreadOfAColumnOfDots) {
     }
     const SeriesReader reader = hours.reader(HOUR / 60);
     const PlotArea plot(DiagramLayout{}, {40 + 30 + 240, 200}, 1, {DAY, DAY + 1}); // 6 minutes a dot
-    for (const std::size_t column : {0, 1, 700, 1439}) {
+    for (const std::size_t column : {0U, 1U, 700U, 1439U}) {
         ValueSpread expected;
         for (std::size_t i = 0; i < hours.times.size(); ++i) {
             if (plot.x(hours.times[i]) == plot.x(hours.times[column]) && hours.y1[i] != GAP) {
