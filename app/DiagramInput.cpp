@@ -73,11 +73,14 @@ void DiagramInput::pressed(const QMouseEvent& event) {
 
 void DiagramInput::moved(const QMouseEvent& event) {
     overlay_.pointAt(event.position());
-    if (!drag_ || !event.buttons().testFlag(Qt::LeftButton)) {
-        return;
+    if (drag_ && event.buttons().testFlag(Qt::LeftButton)) {
+        drag(event.position());
     }
-    const auto time = overlay_.timeAt(event.position());
-    drag_->isBand = drag_->isBand || std::fabs(event.position().x() - drag_->from.x()) >= CLICK;
+}
+
+void DiagramInput::drag(const QPointF& place) {
+    const auto time = overlay_.timeAt(place);
+    drag_->isBand = drag_->isBand || std::fabs(place.x() - drag_->from.x()) >= CLICK;
     if (drag_->isBand && time) {
         overlay_.setBand(bandRange(drag_->time, *time, interval_()));
     }
@@ -85,8 +88,7 @@ void DiagramInput::moved(const QMouseEvent& event) {
 
 void DiagramInput::released(const QMouseEvent& event) {
     if (event.button() == Qt::LeftButton && drag_) {
-        moved(QMouseEvent(QEvent::MouseMove, event.position(), event.globalPosition(), Qt::NoButton,
-                          Qt::LeftButton, event.modifiers()));
+        drag(event.position()); // a click alone changes nothing, the readout included
         drag_.reset();
         takeBand();
     }

@@ -41,6 +41,7 @@ class DiagramInput : public QObject {
   private:
     void pressed(const QMouseEvent& event);
     void moved(const QMouseEvent& event);
+    void drag(const QPointF& place);
     void released(const QMouseEvent& event);
     bool turned(const QWheelEvent& event);
     bool typed(const QKeyEvent& event);

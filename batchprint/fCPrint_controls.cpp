@@ -131,11 +131,12 @@ void fCPrint::buildFoot(int width) {
     PBar->setTextVisible(false);
     PBar->setAccessibleName(QStringLiteral("Fortschritt des Drucks"));
     PBar->hide();
-    constexpr int LINE_HEIGHT = 16;
-    lResult = makeControl<QLabel>(this, QStringLiteral("lResult"),
-                                  QRect(MARGIN, y - 2, width - 2 * MARGIN, LINE_HEIGHT));
-    lResult->hide();
     y += BAR_HEIGHT + 8;
+    const int left = MARGIN + BUTTON_WIDTH + BUTTONS_GAP; // between the buttons
+    const int room = width - MARGIN - 2 * BUTTON_WIDTH - 2 * BUTTONS_GAP - left;
+    lResult = makeControl<QLabel>(this, QStringLiteral("lResult"), QRect(left, y, room, BUTTON_HEIGHT));
+    lResult->setWordWrap(true);
+    lResult->hide();
 
     const auto button = [&](const char* name, int x, const char* caption, const char* tip) {
         auto* made =

@@ -201,8 +201,8 @@ void DiagramState::setListIndex(std::int16_t Index) {
 
 void DiagramState::emptyLists() {
     columnInterval_ = 0;
-    samples_.speed.assign(1, 0);
-    samples_.direction.assign(1, 0);
+    samples_.speed = std::vector<double>(1); // the memory of a year of winds is released
+    samples_.direction = std::vector<double>(1);
     samples_.last = -1;
     samples_.count = 0;
     seriesTable().clear();

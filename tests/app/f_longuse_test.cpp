@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Long use: a random user works the real main window, and its memory stays as it is. KELVRUM_RANDOM_ACTIONS
 // says how long, KELVRUM_RANDOM_SEED on which way.
+#include "diagram/PolarSys.h"
 #include "tests/app/RandomStations.h"
 #include "tests/app/RandomUser.h"
 #include "tests/app/WindowFixture.h"
@@ -62,6 +63,8 @@ class f_longuse_test : public QObject {
     static Memory measured(f& window, const QString& project) {
         window.resize(1000, 700);
         window.readConf(project.toStdString());
+        window.findChild<PolarSys*>(QStringLiteral("KS"))
+            ->Clear(); // samples of a polar diagram stay with a line
         auto* interval = window.findChild<QComboBox*>(QStringLiteral("selInterval"));
         interval->setCurrentIndex(0);
         for (const auto& [name, date] :
