@@ -27,7 +27,7 @@ using namespace kelvrum::testing;
 namespace {
 
 constexpr std::uint64_t ACTIONS = 800;
-constexpr std::uint64_t WARM_UP = 600; // at least
+constexpr std::uint64_t WARM_UP = 1500; // at least
 constexpr double ALLOWED_GROWTH = 0.01;
 constexpr std::uint64_t LONG = 8000; // actions, after a quarter of which everything has been used once
 constexpr double CACHES =
