@@ -69,6 +69,7 @@ class PrintFateTest : public QObject {
   private:
     std::unique_ptr<PrivateCups> cups_;
     std::size_t before_ = 0;
+    QTemporaryDir scratch_;
     QStringList filesBefore_;
 
     [[nodiscard]] std::size_t newJobs() const { return cups_->allJobs() - before_; }
@@ -85,6 +86,7 @@ class PrintFateTest : public QObject {
             cups_->start();
             cups_->resume();
             before_ = cups_->allJobs();
+            qputenv("TMPDIR", scratch_.path().toLocal8Bit()); // other tests have temporary files of their own
             filesBefore_ = temporaryFiles();
         } catch (const std::exception& error) {
             QFAIL(error.what());
