@@ -4,6 +4,7 @@
 # headers) but without precompiled headers, as each file includes what it needs. A source that passed is checked again
 # only if it, a header or the rules have changed.
 #     tools/checks/tidy.sh              all sources
+#     tools/checks/tidy.sh --program    all but the tests, which take as long again
 #     tools/checks/tidy.sh --changed    those that differ from the branch main, or, on main, from the last commit
 # shellcheck disable=SC2016,SC2086 # check_one is a program of its own, lists of folders become several words
 set -eu
@@ -76,5 +77,6 @@ check_one='
 '
 case ${1:-} in
 --changed) changed_sources ;;
+--program) known_sources | grep -v '^tests/' ;;
 *) known_sources ;;
 esac | xargs -r -n 1 -P "$(getconf _NPROCESSORS_ONLN)" sh -c "$check_one" check_one "$linter" "$stamps" "$common"
