@@ -24,6 +24,7 @@ StationConfig readProjectFolder(std::string_view folder, const FileOpener& open)
 
 std::optional<StationConfig> readConf(std::string_view ConfFile, const FileOpener& open) {
     const auto forms = configForms();
+    // NOLINTNEXTLINE(modernize-loop-convert): the second compiler cannot reverse a span
     for (auto form = forms.rbegin(); form != forms.rend(); ++form) { // with two names, the later form wins
         const std::size_t name = findNoCase(ConfFile, form->fileName);
         if (name != std::string_view::npos) {

@@ -17,7 +17,7 @@ namespace kelvrum {
 
 namespace {
 
-constexpr std::int64_t PIECE_MINUTES = 8 * 1024; // read at once
+constexpr std::int64_t PIECE_MINUTES = 8 * std::int64_t{1024}; // read at once
 
 /// The calendar's days, for the names of day files.
 constexpr TimeRange ALL_DAYS{FIRST_DATE, LAST_DATE};

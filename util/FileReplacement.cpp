@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <random>
 #include <string>
+#include <utility>
 
 namespace kelvrum {
 
@@ -66,8 +67,8 @@ std::error_code checkWritable(const fs::path& file, const fs::file_status& statu
 
 } // namespace
 
-FileReplacement::FileReplacement(const fs::path& target, std::error_code& error)
-    : target_(target) {
+FileReplacement::FileReplacement(fs::path target, std::error_code& error)
+    : target_(std::move(target)) {
     before_ = fs::status(target_, error);
     error.clear(); // a file that is not there yet is no error
     if (fs::exists(before_)) {

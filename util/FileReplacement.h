@@ -24,7 +24,7 @@ class FileReplacement {
   public:
     /// `error` says why the target, a native path, cannot be replaced. Fresh files that killed programs
     /// have left in the folder are removed.
-    FileReplacement(const std::filesystem::path& target, std::error_code& error);
+    FileReplacement(std::filesystem::path target, std::error_code& error);
     FileReplacement(const FileReplacement&) = delete;
     FileReplacement& operator=(const FileReplacement&) = delete;
     ~FileReplacement();
