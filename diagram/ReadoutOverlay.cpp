@@ -253,7 +253,7 @@ void ReadoutOverlay::read(const std::optional<ReadValue>& value, DateTime t) {
     }
     readTime_ = t;
     sector_.reset();
-    readout_ = std::move(next);
+    readout_ = next;
     tell(readoutLines(*readout_, first_, second_, texts_));
 }
 
