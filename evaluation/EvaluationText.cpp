@@ -226,7 +226,7 @@ EvaluationTable breakdownTable(const Evaluation& evaluation, const EvaluationSub
     table.title = textsOf(found.unit).title;
     table.header = {textsOf(found.unit).column, "Intervalle", "mit Wert", "Minuten in %"};
     if (isWind) {
-        table.header.push_back("mittlere Richtung [°]");
+        table.header.emplace_back("mittlere Richtung [°]");
     } else {
         table.header.push_back("Minimum" + unit);
         table.header.push_back((kind == EvaluatedKind::sum ? "Summe" : "Mittelwert") + unit);
