@@ -171,7 +171,7 @@ std::string_view compassPoint(double degrees) {
     }
     const double turn = std::fmod(degrees, FULL_CIRCLE);
     const double from0 = turn < 0 ? turn + FULL_CIRCLE : turn;
-    return POINTS[static_cast<std::size_t>(from0 / POINT + 0.5) % POINTS.size()];
+    return POINTS[static_cast<std::size_t>(std::floor(from0 / POINT + 0.5)) % POINTS.size()];
 }
 
 double valueDifference(double a, double b, bool directions) {
