@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/KindMenu.h"
 
-#include "diagram/DiagramState.h"
+#include "diagram/DiagramProperties.h"
 
 #include <QAction>
 #include <QActionGroup>

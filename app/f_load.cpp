@@ -87,7 +87,8 @@ void f::describeView() {
         return;
     }
     KS.setAccessibleDescription(optView->diagramSelected()
-                                    ? QString::fromStdString(diagramSummary(KS, environment_.texts))
+                                    ? QString::fromStdString(diagramSummary(
+                                          KS.properties(), KS.series(), KS.sampleCount(), environment_.texts))
                                     : QStringLiteral("Die Werte stehen in der Datenliste."));
 }
 

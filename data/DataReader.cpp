@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <array>
 #include <exception>
-#include <utility>
 #include <vector>
 
 namespace kelvrum {
@@ -24,15 +23,14 @@ constexpr std::int64_t MINUTES_OF_A_YEAR = 366LL * MINUTES_PER_DAY; // reserved 
 double days(std::int32_t minutes) { return static_cast<double>(minutes) / MINUTES_PER_DAY; }
 
 /// Everything that a diagram shows beside its series.
-void setTexts(const StationConfig& station, std::int32_t channel, const DiagramSettings& settings,
-              DiagramState& diagram) {
-    diagram.setHeadLine(firstHeadline(station, channel));
-    diagram.setHeadLine2(secondHeadline(station, settings.intervalCaption));
-    diagram.setEinheit(station.ChannelTable.at(channel).Unit);
-    if (settings.auxiliaryLines) {
-        diagram.setHilfslinie1(validate(settings.auxiliaryLines->first));
-        diagram.setHilfslinie2(validate(settings.auxiliaryLines->second));
+DiagramTexts textsOf(const StationConfig& station, std::int32_t channel, const DiagramSettings& settings) {
+    DiagramTexts texts{firstHeadline(station, channel), secondHeadline(station, settings.intervalCaption),
+                       station.ChannelTable.at(channel).Unit, settings.auxiliaryLines};
+    if (texts.auxiliaryLines) {
+        texts.auxiliaryLines = {validate(settings.auxiliaryLines->first),
+                                validate(settings.auxiliaryLines->second)};
     }
+    return texts;
 }
 
 /// An error ends a reading without a message, as a missing file does; what was delivered before it stays.
@@ -130,7 +128,7 @@ ReadStatus DataReader::readList(const StationConfig& station, const ReadRequest&
 }
 
 ReadStatus DataReader::readSeries(const StationConfig& station, const ReadRequest& request,
-                                  const DiagramSettings& settings, DiagramState& diagram,
+                                  const DiagramSettings& settings, DiagramFeed& diagram,
                                   const ReadingStep& step) {
     return formOf(station).dataFiles == DataFiles::byDay
                ? readDayDiagram(station, request, settings, diagram, step)
@@ -138,10 +136,9 @@ ReadStatus DataReader::readSeries(const StationConfig& station, const ReadReques
 }
 
 ReadStatus DataReader::readDiagram(const StationConfig& station, const ReadRequest& request,
-                                   const DiagramSettings& settings, DiagramState& diagram,
+                                   const DiagramSettings& settings, DiagramFeed& diagram,
                                    const ReadingStep& step) {
-    diagram.SetArray(0); // a drawing while the table is being filled shows no half curve
-    setTexts(station, request.channel, settings, diagram);
+    diagram.startSeries(textsOf(station, request.channel, settings));
     return endQuietlyOnError([&] {
         BlockReader blocks(station, request, open_, buffers_);
         SeriesFill fill(seriesTable(),
@@ -152,20 +149,18 @@ ReadStatus DataReader::readDiagram(const StationConfig& station, const ReadReque
                 fill.add(request.range.from, first, request.interval, values);
             });
         if (status == ReadStatus::complete) {
-            diagram.SetArray(static_cast<std::int32_t>(fill.finish()));
-            diagram.setColumnInterval(days(request.interval));
+            diagram.showSeries(fill.finish(), days(request.interval));
         }
         return status;
     });
 }
 
 ReadStatus DataReader::readPolar(const StationConfig& station, const ReadRequest& request,
-                                 const DiagramSettings& settings, DiagramState& diagram,
+                                 const DiagramSettings& settings, DiagramFeed& diagram,
                                  const ReadingStep& step) {
-    diagram.Clear();
-    setTexts(station, request.channel, settings, diagram);
+    diagram.startSamples(textsOf(station, request.channel, settings));
     return endQuietlyOnError([&] {
-        std::vector<std::pair<double, double>> samples; // speed, direction
+        std::vector<PolarSample> samples;
         BlockReader blocks(station, request, open_, buffers_);
         std::vector<double> speeds;
         for (BlockRun run = blocks.next(); !run.empty(); run = blocks.next()) {
@@ -179,33 +174,26 @@ ReadStatus DataReader::readPolar(const StationConfig& station, const ReadRequest
             averagesOf({run.first, run.blocks, run.paired, {}}, MODE_MEAN, speeds);
             for (std::size_t i = 0; i < run.blocks; ++i) {
                 if (directions[i] != INVALID_VALUE) {
-                    samples.emplace_back(speeds[i], directions[i]);
+                    samples.push_back({speeds[i], directions[i]});
                 }
             }
         }
-        const std::int32_t unit = diagram.Bogenmass();
-        diagram.setBogenmass(UNIT_DEGREES);
-        for (const auto& [speed, direction] : samples) {
-            diagram.AddItem(speed, direction);
-        }
-        diagram.setBogenmass(unit);
+        diagram.addSamples(samples);
         return ReadStatus::complete;
     });
 }
 
 ReadStatus DataReader::readDayDiagram(const StationConfig& station, const ReadRequest& request,
-                                      const DiagramSettings& settings, DiagramState& diagram,
+                                      const DiagramSettings& settings, DiagramFeed& diagram,
                                       const ReadingStep& step) {
-    diagram.SetArray(0);
-    setTexts(station, request.channel, settings, diagram);
+    diagram.startSeries(textsOf(station, request.channel, settings));
     return endQuietlyOnError([&] {
         const auto intervals = readDayIntervals(station, request, open_, step);
         if (!intervals) {
             return ReadStatus::givenUp;
         }
         const std::size_t columns = fillPasses(*intervals, request, station.WideRecords);
-        diagram.SetArray(static_cast<std::int32_t>(columns));
-        diagram.setColumnInterval(days(request.interval));
+        diagram.showSeries(columns, days(request.interval));
         return ReadStatus::complete;
     });
 }

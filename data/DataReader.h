@@ -8,7 +8,7 @@
 #include "data/DayList.h"
 #include "data/Reading.h"
 #include "data/WindMean.h"
-#include "diagram/DiagramState.h"
+#include "diagram/DiagramFeed.h"
 #include "util/FileSource.h"
 
 #include <functional>
@@ -19,16 +19,10 @@
 
 namespace kelvrum {
 
-/// Two horizontal auxiliary lines, as requested; each still has to pass the validity test.
-struct AuxiliaryLines {
-    double first = 0;
-    double second = 0;
-};
-
 /// What a diagram shows beside its series.
 struct DiagramSettings {
     std::string intervalCaption;                  // for example "10 Minuten"
-    std::optional<AuxiliaryLines> auxiliaryLines; // nothing: the control keeps its lines
+    std::optional<AuxiliaryLines> auxiliaryLines; // as requested; each has yet to pass the validity test
 };
 
 /// The readers. Files come from the opener and memory is kept from one reading to the next. Between pieces of
@@ -45,24 +39,23 @@ class DataReader {
 
     /// The series of a diagram, by the reader below that the station's form asks for.
     ReadStatus readSeries(const StationConfig& station, const ReadRequest& request,
-                          const DiagramSettings& settings, DiagramState& diagram, const ReadingStep& step);
+                          const DiagramSettings& settings, DiagramFeed& diagram, const ReadingStep& step);
 
-    /// Diagram reader: fills the shared table from the channel's file, tells the control the count and sets
-    /// its headlines, unit and, when requested, auxiliary lines. A missing file gives a count of 0.
+    /// Diagram reader: fills the shared table from the channel's file, and tells the diagram its headlines,
+    /// unit, auxiliary lines, when requested, and the number of columns. A missing file gives none.
     ReadStatus readDiagram(const StationConfig& station, const ReadRequest& request,
-                           const DiagramSettings& settings, DiagramState& diagram, const ReadingStep& step);
+                           const DiagramSettings& settings, DiagramFeed& diagram, const ReadingStep& step);
 
     /// The same from the day files of the binary form: one pass, or means, minima and maxima as three
     /// passes for wide records.
     ReadStatus readDayDiagram(const StationConfig& station, const ReadRequest& request,
-                              const DiagramSettings& settings, DiagramState& diagram,
-                              const ReadingStep& step);
+                              const DiagramSettings& settings, DiagramFeed& diagram, const ReadingStep& step);
 
-    /// Polar reader: empties the control and adds a sample for each interval with a wind direction: the
+    /// Polar reader: empties the diagram and adds a sample for each interval with a wind direction: the
     /// direction in degrees and the mean speed of the paired channel. Sets the headlines as the diagram
     /// reader does.
     ReadStatus readPolar(const StationConfig& station, const ReadRequest& request,
-                         const DiagramSettings& settings, DiagramState& diagram, const ReadingStep& step);
+                         const DiagramSettings& settings, DiagramFeed& diagram, const ReadingStep& step);
 
     /// The rows of the day files for the data list; nothing when given up.
     std::optional<DayRows> readDayList(const StationConfig& station, const TimeRange& range,

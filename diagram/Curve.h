@@ -2,7 +2,7 @@
 // The curve of a series, column by column: how its values are joined, where passes begin, what the bars are.
 #pragma once
 
-#include "diagram/DiagramState.h"
+#include "diagram/DiagramProperties.h"
 #include "diagram/PlotArea.h"
 #include "drawing/Surface.h"
 

@@ -2,6 +2,7 @@
 // What a diagram looks like and what it shows beside its data, as a value.
 #pragma once
 
+#include "diagram/Angles.h"
 #include "drawing/Colour.h"
 #include "drawing/Font.h"
 #include "util/DateTime.h"
@@ -19,9 +20,6 @@ enum DiagramKind : std::int32_t {
     KIND_DIRECTION = 3,
     KIND_LINE_4 = 4, // as 0
 };
-
-/// Unit of the angles that cross the control's interface (Bogenmass).
-enum AngleUnit : std::int32_t { UNIT_RADIANS = 0, UNIT_DEGREES = 1, UNIT_GON = 2 };
 
 /// Y1Low and Y1High both set to this: the left range follows the data.
 inline constexpr double AUTOMATIC_RANGE = 100000005;

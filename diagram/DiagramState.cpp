@@ -2,14 +2,12 @@
 #include "diagram/DiagramState.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace kelvrum {
 
 namespace {
 
-constexpr double MANY_TURNS = 100 * TWO_PI;
 constexpr std::int64_t LOWEST_INDEX = std::numeric_limits<std::int32_t>::min();
 
 void requireIndex(std::int64_t index, std::size_t size) {
@@ -62,7 +60,7 @@ void DiagramState::setBogenmass(std::int32_t unit) {
 }
 
 void DiagramState::setAngelOffset(double angle) {
-    if (const auto radians = toRadians(angle)) {
+    if (const auto radians = toRadians(angle, Bogenmass())) {
         properties_.AngelOffset = *radians;
         markChanged("AngelOffset");
         repaintNow();
@@ -180,12 +178,12 @@ void DiagramState::setSpeed(std::int16_t Index, double value) {
 
 double DiagramState::Direction(std::int16_t Index) const {
     requireIndex(Index, samples_.direction.size());
-    return fromRadians(samples_.direction[static_cast<std::size_t>(Index)]);
+    return fromRadians(samples_.direction[static_cast<std::size_t>(Index)], Bogenmass());
 }
 
 void DiagramState::setDirection(std::int16_t Index, double angle) {
     requireIndex(Index, samples_.direction.size());
-    if (const auto radians = toRadians(angle)) {
+    if (const auto radians = toRadians(angle, Bogenmass())) {
         samples_.direction[static_cast<std::size_t>(Index)] = *radians;
     }
 }
@@ -248,53 +246,45 @@ void DiagramState::AddItem(double Geschwindigkeit, std::optional<double> Richtun
     const auto at = static_cast<std::size_t>(*Index);
     samples_.speed[at] = Geschwindigkeit;
     if (Richtung) {
-        if (const auto radians = toRadians(*Richtung)) {
+        if (const auto radians = toRadians(*Richtung, Bogenmass())) {
             samples_.direction[at] = *radians;
         }
     }
     requestRepaint();
 }
 
-double DiagramState::NormWinkel(double angle) {
-    if (!std::isfinite(angle)) {
-        return 0;
-    }
-    if (std::fabs(angle) > MANY_TURNS) {
-        angle = std::fmod(angle, TWO_PI); // the loops below must end at once
-    }
-    while (angle >= TWO_PI) {
-        angle -= TWO_PI;
-    }
-    while (angle < 0) {
-        angle += TWO_PI;
-    }
-    return angle < TWO_PI ? angle : 0; // a tiny negative angle rounds up to the full turn
-}
-
-std::optional<double> DiagramState::toRadians(double angle) const {
-    switch (properties_.Bogenmass) {
-    case UNIT_RADIANS:
-        return angle;
-    case UNIT_DEGREES:
-        return angle * DEGREES_TO_RADIANS;
-    case UNIT_GON:
-        return angle * GON_TO_RADIANS;
-    default:
-        return std::nullopt;
+void DiagramState::setTexts(const DiagramTexts& texts) {
+    setHeadLine(texts.headLine);
+    setHeadLine2(texts.headLine2);
+    setEinheit(texts.unit);
+    if (texts.auxiliaryLines) {
+        setHilfslinie1(texts.auxiliaryLines->first);
+        setHilfslinie2(texts.auxiliaryLines->second);
     }
 }
 
-double DiagramState::fromRadians(double angle) const {
-    switch (properties_.Bogenmass) {
-    case UNIT_RADIANS:
-        return angle;
-    case UNIT_DEGREES:
-        return angle * RADIANS_TO_DEGREES;
-    case UNIT_GON:
-        return angle * RADIANS_TO_GON;
-    default:
-        return 0;
+void DiagramState::startSeries(const DiagramTexts& texts) {
+    SetArray(0); // a drawing while the table is being filled shows no half curve
+    setTexts(texts);
+}
+
+void DiagramState::showSeries(std::size_t columns, double interval) {
+    SetArray(static_cast<std::int32_t>(columns));
+    setColumnInterval(interval);
+}
+
+void DiagramState::startSamples(const DiagramTexts& texts) {
+    Clear();
+    setTexts(texts);
+}
+
+void DiagramState::addSamples(std::span<const PolarSample> samples) {
+    const std::int32_t unit = Bogenmass();
+    setBogenmass(UNIT_DEGREES);
+    for (const PolarSample& sample : samples) {
+        AddItem(sample.speed, sample.degrees);
     }
+    setBogenmass(unit);
 }
 
 } // namespace kelvrum

@@ -3,25 +3,23 @@
 // errors and quirks as a face over values.
 #pragma once
 
+#include "diagram/Angles.h"
+#include "diagram/DiagramFeed.h"
 #include "diagram/DiagramProperties.h"
 #include "diagram/PolarSamples.h"
 #include "diagram/SeriesTable.h"
 #include "util/DateTime.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace kelvrum {
-
-inline constexpr double TWO_PI = 6.28318530717959;
-inline constexpr double DEGREES_TO_RADIANS = 0.0174532925199433; // pi / 180
-inline constexpr double RADIANS_TO_DEGREES = 57.2957795130823;
-inline constexpr double GON_TO_RADIANS = 0.015707963267949; // pi / 200
-inline constexpr double RADIANS_TO_GON = 63.6619772367581;
 
 /// A property was given a value that it does not take; it keeps the one it had.
 class InvalidPropertyValue : public std::runtime_error {
@@ -35,7 +33,7 @@ class InvalidPropertyValue : public std::runtime_error {
 
 /// Getters bear the properties' names, setters "set" and the name (setEnabledState for Enabled). Angles cross
 /// the interface in the unit of Bogenmass and are kept in radians.
-class DiagramState {
+class DiagramState : public DiagramFeed {
   public:
     DiagramState() = default;
     DiagramState(const DiagramState&) = delete;
@@ -59,7 +57,7 @@ class DiagramState {
     [[nodiscard]] std::int32_t Bogenmass() const { return properties_.Bogenmass; }
     void setBogenmass(std::int32_t unit);
     /// Screen angle of direction 0. Repaints at once.
-    [[nodiscard]] double AngelOffset() const { return fromRadians(properties_.AngelOffset); }
+    [[nodiscard]] double AngelOffset() const { return fromRadians(properties_.AngelOffset, Bogenmass()); }
     void setAngelOffset(double angle);
     /// The same in radians, whatever the unit of Bogenmass.
     [[nodiscard]] double angelOffsetRadians() const { return properties_.AngelOffset; }
@@ -172,9 +170,14 @@ class DiagramState {
     void AddItem(double Geschwindigkeit, std::optional<double> Richtung = {},
                  std::optional<std::int32_t> Index = {});
 
-    /// Folds an angle in radians into [0, 2 pi). An angle already there comes back unchanged; a NaN and the
-    /// infinities give 0, as do tiny negative angles.
-    static double NormWinkel(double angle);
+    // --- filled by a reading ---
+    void startSeries(const DiagramTexts& texts) override;
+    void showSeries(std::size_t columns, double interval) override;
+    void startSamples(const DiagramTexts& texts) override;
+    void addSamples(std::span<const PolarSample> samples) override;
+
+    /// NormWinkel of Angles.h.
+    static double NormWinkel(double angle) { return kelvrum::NormWinkel(angle); }
 
   protected:
     // What only a control with a window can do.
@@ -186,11 +189,8 @@ class DiagramState {
     virtual void applyEnabled(bool enabled) { properties_.Enabled = enabled; }
 
   private:
-    /// From and to the unit of Bogenmass. An unknown unit converts nothing: toRadians gives nothing,
-    /// fromRadians 0.
-    [[nodiscard]] std::optional<double> toRadians(double angle) const;
-    [[nodiscard]] double fromRadians(double angle) const;
     void emptyLists();
+    void setTexts(const DiagramTexts& texts);
 
     DiagramProperties properties_;
     PolarSamples samples_;

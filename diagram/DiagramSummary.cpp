@@ -34,15 +34,14 @@ std::size_t firstPass(std::span<const DateTime> times, DateTime xLow) {
     return static_cast<std::size_t>(second - times.begin());
 }
 
-std::string valuesOf(const DiagramState& state, const LocaleTexts& texts) {
-    const Series series = seriesInUse(state.DataCount());
+std::string valuesOf(const DiagramProperties& properties, const Series& series, const LocaleTexts& texts) {
     const auto times = series.times;
-    const auto values = series.y1.first(firstPass(times, state.XLow()));
+    const auto values = series.y1.first(firstPass(times, properties.XLow));
     const SeriesScan scan = scanSeries(values);
     if (scan.count == 0) {
         return counted(0);
     }
-    const std::string unit = state.Einheit().empty() ? "" : " " + state.Einheit();
+    const std::string unit = properties.Einheit.empty() ? "" : " " + properties.Einheit;
     const auto shown = [&](double v) { return formatNumber(v, "########0.0##", texts) + unit; };
     std::size_t last = values.size() - 1;
     while (!isValidPoint(values[last]) || values[last] == 0) {
@@ -55,13 +54,14 @@ std::string valuesOf(const DiagramState& state, const LocaleTexts& texts) {
 
 } // namespace
 
-std::string diagramSummary(const DiagramState& state, const LocaleTexts& texts) {
-    std::string text = sentence(state.HeadLine()) + sentence(state.HeadLine2());
-    if (state.DiagTyp() == KIND_POLAR) {
-        return text + "Windrose, " + counted(state.sampleCount());
+std::string diagramSummary(const DiagramProperties& properties, const Series& series, std::int32_t samples,
+                           const LocaleTexts& texts) {
+    std::string text = sentence(properties.HeadLine) + sentence(properties.HeadLine2);
+    if (properties.DiagTyp == KIND_POLAR) {
+        return text + "Windrose, " + counted(samples);
     }
-    text += "Von " + rowTime(state.XLow(), texts) + " bis " + rowTime(state.XHigh(), texts) + ". ";
-    return text + valuesOf(state, texts);
+    text += "Von " + rowTime(properties.XLow, texts) + " bis " + rowTime(properties.XHigh, texts) + ". ";
+    return text + valuesOf(properties, series, texts);
 }
 
 } // namespace kelvrum

@@ -2,9 +2,11 @@
 // What a diagram shows, as text for screen readers.
 #pragma once
 
-#include "diagram/DiagramState.h"
+#include "diagram/DiagramProperties.h"
+#include "diagram/SeriesTable.h"
 #include "util/Format.h"
 
+#include <cstdint>
 #include <string>
 
 namespace kelvrum {
@@ -12,6 +14,7 @@ namespace kelvrum {
 /// The titles, the range, and of series 1 the number of values, the smallest, greatest, mean and last one
 /// with their unit; of stored minima and maxima, which follow as further passes, nothing. Of a polar diagram
 /// the titles and the number of its samples. German, in whole sentences.
-std::string diagramSummary(const DiagramState& state, const LocaleTexts& texts);
+std::string diagramSummary(const DiagramProperties& properties, const Series& series, std::int32_t samples,
+                           const LocaleTexts& texts);
 
 } // namespace kelvrum

@@ -179,7 +179,7 @@ class Drawing {
         if (classes.maxCount <= 0) {
             return 0;
         }
-        const double up = DiagramState::NormWinkel(-TWO_PI / 4 - startAngle() + sector() / 2);
+        const double up = NormWinkel(-TWO_PI / 4 - startAngle() + sector() / 2);
         const auto k = std::min(static_cast<std::size_t>(up / sector()), classes.counts.size() - 1);
         return static_cast<double>(classes.counts[k]) * outerY() / classes.maxCount;
     }
@@ -248,7 +248,7 @@ DirectionClasses classify(const PolarSamples& samples, std::int32_t classCount) 
             ++classes.calm;
             continue;
         }
-        const double angle = DiagramState::NormWinkel(samples.direction[i] + half);
+        const double angle = NormWinkel(samples.direction[i] + half);
         ++classes.counts[std::min(static_cast<std::size_t>(angle / sector), classes.counts.size() - 1)];
     }
     const auto fullest = std::max_element(classes.counts.begin(), classes.counts.end() - 1);

@@ -7,6 +7,12 @@
 
 namespace kelvrum {
 
+/// One sample as it is measured.
+struct PolarSample {
+    double speed = 0;
+    double degrees = 0;
+};
+
 /// Two lists of equal length, which hold one element at least; `count` of them are in use.
 struct PolarSamples {
     std::vector<double> speed = {0};

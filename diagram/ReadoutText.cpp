@@ -130,7 +130,7 @@ std::optional<RoseSector> sectorAt(const PolarGeometry& geometry, const Directio
         return std::nullopt;
     }
     const double width = TWO_PI / static_cast<double>(sectors);
-    const double angle = DiagramState::NormWinkel(std::atan2(y, x) - startAngle + width / 2);
+    const double angle = NormWinkel(std::atan2(y, x) - startAngle + width / 2);
     return roseSector(classes, samples, std::min(static_cast<std::int64_t>(angle / width), sectors - 1));
 }
 

@@ -3,6 +3,7 @@
 // is missing, and the next reading finds what there is then.
 #include "data/DataReader.h"
 
+#include "diagram/DiagramState.h"
 #include "diagram/SeriesTable.h"
 #include "tests/data/FakeFiles.h"
 #include "tests/testing/TempFolder.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The list reader and the diagram reader of channel files.
 #include "data/DataReader.h"
+#include "diagram/DiagramState.h"
 
 #include "tests/data/FakeFiles.h"
 #include "tests/testing/TempFolder.h"

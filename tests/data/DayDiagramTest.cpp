@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The diagram of day files: one pass for narrow records, three for wide ones.
 #include "data/DataReader.h"
+#include "diagram/DiagramState.h"
 
 #include "tests/testing/TempFolder.h"
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Readings that a step gives up, and readings that start within a step of another one.
 #include "data/DataReader.h"
+#include "diagram/DiagramState.h"
 
 #include "tests/data/FakeFiles.h"
 #include "tests/testing/TempFolder.h"

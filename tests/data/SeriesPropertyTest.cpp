@@ -2,6 +2,7 @@
 // The gap rules of a series, and that it shows what the list shows.
 #include "data/DataReader.h"
 
+#include "diagram/DiagramState.h"
 #include "diagram/SeriesTable.h"
 #include "tests/data/FakeFiles.h"
 #include "tests/data/MadeMinutes.h"

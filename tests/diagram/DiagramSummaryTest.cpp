@@ -2,7 +2,7 @@
 // The diagram as text.
 #include "diagram/DiagramSummary.h"
 
-#include "diagram/SeriesTable.h"
+#include "diagram/DiagramState.h"
 
 #include <gtest/gtest.h>
 
@@ -24,6 +24,10 @@ class Summary : public ::testing::Test {
     }
     ~Summary() override { control.Clear(); }
 
+    [[nodiscard]] std::string summary(const LocaleTexts& texts) const {
+        return diagramSummary(control.properties(), control.series(), control.sampleCount(), texts);
+    }
+
     DiagramState control;
 };
 
@@ -34,28 +38,27 @@ TEST_F(Summary, TitlesRangeAndValues) {
     control.AddData(DAY + 3.0 / 24, 30.256);
     control.AddData(DAY + 4.0 / 24, NoValue);
     EXPECT_EQ(
-        diagramSummary(control, {}),
+        summary({}),
         "Station - Staub [µg/m³]. Köln - 1 Stunde Mittelwert. Von 18.06.2020 00:00 bis 19.06.2020 00:00. "
         "3 Werte. Kleinster 0,0 µg/m³, größter 30,256 µg/m³, Mittel 14,085 µg/m³, "
         "letzter 30,256 µg/m³ am 18.06.2020 03:00.");
-    EXPECT_NE(diagramSummary(control, {".", "/", "mm/dd/yyyy"}).find("größter 30.256 µg/m³"),
-              std::string::npos);
+    EXPECT_NE(summary({".", "/", "mm/dd/yyyy"}).find("größter 30.256 µg/m³"), std::string::npos);
 }
 
 TEST_F(Summary, NothingToSee) {
     control.setHeadLine("");
     control.setHeadLine2("Ende.");
     const std::string range = "Von 18.06.2020 00:00 bis 19.06.2020 00:00. ";
-    EXPECT_EQ(diagramSummary(control, {}), "Ende. " + range + "Keine Werte.");
+    EXPECT_EQ(summary({}), "Ende. " + range + "Keine Werte.");
     control.AddData(DAY, NoValue);
-    EXPECT_EQ(diagramSummary(control, {}), "Ende. " + range + "Keine Werte.");
+    EXPECT_EQ(summary({}), "Ende. " + range + "Keine Werte.");
     control.setEinheit("");
     control.AddData(DAY, -2);
-    EXPECT_EQ(diagramSummary(control, {}),
+    EXPECT_EQ(summary({}),
               "Ende. " + range +
                   "1 Wert. Kleinster -2,0, größter -2,0, Mittel -2,0, letzter -2,0 am 18.06.2020 00:00.");
     control.SetArray(0);
-    EXPECT_EQ(diagramSummary(control, {}), "Ende. " + range + "Keine Werte.");
+    EXPECT_EQ(summary({}), "Ende. " + range + "Keine Werte.");
 }
 
 TEST_F(Summary, MinimaAndMaximaAreNotValuesOfTheirOwn) {
@@ -63,17 +66,15 @@ TEST_F(Summary, MinimaAndMaximaAreNotValuesOfTheirOwn) {
         control.AddData(DAY, v);
         control.AddData(DAY + 0.5, v + 2);
     }
-    EXPECT_NE(diagramSummary(control, {}).find("2 Werte. Kleinster 5,0 µg/m³, größter 7,0"),
-              std::string::npos)
-        << diagramSummary(control, {});
+    EXPECT_NE(summary({}).find("2 Werte. Kleinster 5,0 µg/m³, größter 7,0"), std::string::npos)
+        << summary({});
 }
 
 TEST_F(Summary, OfAPolarDiagramTheSamples) {
     control.setDiagTyp(KIND_POLAR);
     control.AddItem(3, 1);
     control.AddItem(3, 2);
-    EXPECT_EQ(diagramSummary(control, {}),
-              "Station - Staub [µg/m³]. Köln - 1 Stunde Mittelwert. Windrose, 2 Werte.");
+    EXPECT_EQ(summary({}), "Station - Staub [µg/m³]. Köln - 1 Stunde Mittelwert. Windrose, 2 Werte.");
 }
 
 } // namespace

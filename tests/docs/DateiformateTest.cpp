@@ -8,6 +8,7 @@
 #include "data/ChannelFormat.h"
 #include "data/DataReader.h"
 #include "data/DayFormat.h"
+#include "diagram/DiagramState.h"
 #include "diagram/SavedProperties.h"
 #include "tests/docs/MarkdownDocument.h"
 #include "tests/testing/TempFolder.h"
