@@ -2,7 +2,7 @@
 // An evaluation on paper: its lines in order, and the header of a long table on each of its pages.
 #include "app/EvaluationPrintout.h"
 
-#include "tests/drawing/TestSurface.h"
+#include "tests/testing/TestSurface.h"
 
 #include <gtest/gtest.h>
 

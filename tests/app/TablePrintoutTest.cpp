@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/TablePrintout.h"
-#include "tests/drawing/TestSurface.h"
+#include "tests/testing/TestSurface.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

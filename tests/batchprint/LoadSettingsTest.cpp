@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batchprint/SettingsFile.h"
 #include "tests/batchprint/SettingsBytes.h"
+#include "tests/testing/FakeFiles.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -138,20 +139,9 @@ TEST(LoadSettings, NumbersThatAreNone) {
 }
 
 /// A file of the right length whose reading fails on the way.
-class BrokenFile final : public FileSource {
-  public:
-    explicit BrokenFile(std::size_t readable)
-        : readable_(readable) {}
-    std::uint64_t size() override { return 1344; }
-    std::size_t read(std::uint64_t, std::span<std::byte>) override { return readable_; }
-
-  private:
-    std::size_t readable_;
-};
-
 TEST(LoadSettings, ReadingFails) {
     for (const std::size_t readable : {0U, 500U, 1343U}) {
-        const auto open = [readable](std::string_view) { return std::make_unique<BrokenFile>(readable); };
+        const auto open = openerOf(FakeFile{.bytes = std::string(1344, '\0'), .failsAt = readable});
         EXPECT_EQ(loadSettings("Sammeldruck.cfg", open), (LoadedSettings{{}, true})) << readable;
     }
 }

@@ -2,7 +2,7 @@
 // The channel table, and what is shown of it: the channel list, the list's columns, the data folders.
 #include "config/ChannelList.h"
 #include "config/DataFolder.h"
-#include "tests/config/FakeFiles.h"
+#include "tests/config/ChannelFields.h"
 
 #include <gtest/gtest.h>
 

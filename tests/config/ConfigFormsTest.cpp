@@ -3,7 +3,7 @@
 #include "config/ConfigForms.h"
 
 #include "config/ReadConf.h"
-#include "tests/config/FakeFiles.h"
+#include "tests/testing/FakeFiles.h"
 
 #include <gtest/gtest.h>
 

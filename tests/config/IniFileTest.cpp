@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // QEL.ini as a file: encodings, line ends, damage, and files that are far too big.
 #include "config/IniFile.h"
-#include "tests/config/FakeFiles.h"
+#include "tests/config/ChannelFields.h"
+#include "tests/testing/FakeFiles.h"
 #include "tests/testing/TempFolder.h"
 #include "util/Text.h"
 
@@ -12,9 +13,9 @@
 namespace kelvrum {
 namespace {
 
-using testing::bigFile;
-using testing::fileOf;
+using testing::FakeFile;
 using testing::noFile;
+using testing::openerOf;
 using testing::ReadLog;
 using testing::TempFolder;
 
@@ -37,7 +38,7 @@ StationConfig stationOf(const FileOpener& open) {
     return station;
 }
 
-StationConfig stationOf(const std::string& text) { return stationOf(fileOf(text)); }
+StationConfig stationOf(const std::string& text) { return stationOf(openerOf(text)); }
 
 TEST(IniFile, Encodings) {
     const struct {
@@ -121,7 +122,7 @@ StationConfig filled() {
 
 TEST(IniFile, OnlyTheTableIsEmptiedBefore) {
     StationConfig station = filled();
-    EXPECT_EQ(ReadIni("A\\QEL.ini", station, fileOf("STANDORT=Leipzig\nCHAN1|neu\n")), INI_READ);
+    EXPECT_EQ(ReadIni("A\\QEL.ini", station, openerOf("STANDORT=Leipzig\nCHAN1|neu\n")), INI_READ);
     StationConfig expected = filled();
     expected.Location = "Leipzig";
     expected.ChannelTable.clear();
@@ -140,8 +141,8 @@ TEST(IniFile, AMissingFileLeavesAnEmptyTable) {
 TEST(IniFile, OpensThePathAsItStands) {
     ReadLog log;
     StationConfig station;
-    ReadIni("D:\\Projekte\\A\\qel.INI", station, fileOf(SAMPLE, &log));
-    EXPECT_EQ(log.path, "D:\\Projekte\\A\\qel.INI");
+    ReadIni("D:\\Projekte\\A\\qel.INI", station, openerOf(SAMPLE, &log));
+    EXPECT_EQ(log.opened.back(), "D:\\Projekte\\A\\qel.INI");
     const TempFolder folder;
     folder.write("Projekt A/QEL.ini", SAMPLE);
     EXPECT_EQ(ReadIni(folder.at("projekt a\\qel.INI"), station), INI_READ);
@@ -154,12 +155,12 @@ TEST(IniFile, OpensThePathAsItStands) {
 TEST(IniFile, AFailingReadKeepsWhatCameBefore) {
     const std::size_t cut = SAMPLE.find("CHAN05");
     StationConfig station;
-    ReadIni("QEL.ini", station, bigFile(SAMPLE, SAMPLE.size(), ' ', nullptr, cut));
+    ReadIni("QEL.ini", station, openerOf(FakeFile{.bytes = SAMPLE, .failsAt = cut}));
     EXPECT_EQ(station.Location, "Böhlen");
     EXPECT_EQ(station.ChannelTable.count(), 4);
     EXPECT_EQ(station.ChannelTable.at(4).Tag, "WG");
     StationConfig nothing;
-    ReadIni("QEL.ini", nothing, bigFile(SAMPLE, SAMPLE.size(), ' ', nullptr, 0));
+    ReadIni("QEL.ini", nothing, openerOf(FakeFile{.bytes = SAMPLE, .failsAt = 0}));
     EXPECT_TRUE(nothing == StationConfig());
 }
 
@@ -185,21 +186,22 @@ TEST(IniFile, ALineOfAlmostAnyLength) {
 TEST(IniFile, AHugeFileWithoutALineEnd) {
     for (const char filler : {'x', '\0', '|', '\xE4'}) {
         ReadLog log;
-        const StationConfig station =
-            stationOf(bigFile("STANDORT=Halle\nCHAN1|N", 200 * MEGABYTE, filler, &log));
+        const StationConfig station = stationOf(openerOf(
+            FakeFile{.bytes = "STANDORT=Halle\nCHAN1|N", .size = 200 * MEGABYTE, .filler = filler}, &log));
         EXPECT_EQ(station.Location, "Halle");
         EXPECT_EQ(station.ChannelTable.count(), 0);
-        EXPECT_LE(log.largestRead, MEGABYTE);
-        EXPECT_LE(log.openings, 2);
-        EXPECT_LE(log.bytesRead, 2 * 200 * MEGABYTE);
+        EXPECT_LE(log.largestRead(), MEGABYTE);
+        EXPECT_LE(log.opened.size(), 2U);
+        EXPECT_LE(log.bytesRead(), 2 * 200 * MEGABYTE);
     }
 }
 
 TEST(IniFile, AHugeFileOfEmptyLines) {
     ReadLog log;
-    const StationConfig station = stationOf(bigFile("STANDORT=Halle\n", 20 * MEGABYTE, '\n', &log));
+    const StationConfig station = stationOf(
+        openerOf(FakeFile{.bytes = "STANDORT=Halle\n", .size = 20 * MEGABYTE, .filler = '\n'}, &log));
     EXPECT_EQ(station.Location, "Halle");
-    EXPECT_LE(log.largestRead, MEGABYTE);
+    EXPECT_LE(log.largestRead(), MEGABYTE);
 }
 
 TEST(IniFile, RandomBytesDoNoHarm) {

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The key lines of QEL.ini.
 #include "config/IniFile.h"
-#include "tests/config/FakeFiles.h"
+#include "tests/testing/FakeFiles.h"
 
 #include <gtest/gtest.h>
 
 namespace kelvrum {
 namespace {
 
-using testing::fileOf;
+using testing::openerOf;
 
 StationConfig stationOf(const std::string& text, StationConfig station = {}) {
-    EXPECT_EQ(ReadIni("QEL.ini", station, fileOf(text)), INI_READ);
+    EXPECT_EQ(ReadIni("QEL.ini", station, openerOf(text)), INI_READ);
     return station;
 }
 

@@ -2,7 +2,8 @@
 // The channel lines of QEL.ini: CHAN, VIRT and KGW, their fields and channel numbers.
 #include "config/ChannelList.h"
 #include "config/IniFile.h"
-#include "tests/config/FakeFiles.h"
+#include "tests/config/ChannelFields.h"
+#include "tests/testing/FakeFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -13,11 +14,11 @@ namespace {
 
 using testing::EMPTY_CHANNEL;
 using testing::fields;
-using testing::fileOf;
+using testing::openerOf;
 
 StationConfig stationOf(const std::string& text) {
     StationConfig station;
-    EXPECT_EQ(ReadIni("QEL.ini", station, fileOf(text)), INI_READ);
+    EXPECT_EQ(ReadIni("QEL.ini", station, openerOf(text)), INI_READ);
     return station;
 }
 

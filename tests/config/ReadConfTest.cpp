@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Opening a project: which form a path means, its base folder, and what a missing file leaves.
 #include "config/ReadConf.h"
-#include "tests/config/FakeFiles.h"
+#include "tests/testing/FakeFiles.h"
 #include "tests/testing/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -9,10 +9,10 @@
 namespace kelvrum {
 namespace {
 
-using testing::bigFile;
 using testing::CurrentFolder;
-using testing::fileOf;
+using testing::FakeFile;
 using testing::noFile;
+using testing::openerOf;
 using testing::ReadLog;
 using testing::TempFolder;
 using testing::varnixFile;
@@ -60,19 +60,19 @@ TEST(ReadConf, NeitherNameReadsNothing) {
     for (const char* path : {"", "QEL", "QEL.in", "QEL_ini", "/srv/A/", "/srv/other.ini", "VARNIX.CF",
                              "VARNIX_CFG", "Q EL.ini", "D:\\Projekte\\A\\Sammeldruck.cfg"}) {
         ReadLog log;
-        EXPECT_FALSE(readConf(path, fileOf("STANDORT=Halle", &log)).has_value()) << path;
-        EXPECT_EQ(log.openings, 0) << path;
+        EXPECT_FALSE(readConf(path, openerOf("STANDORT=Halle", &log)).has_value()) << path;
+        EXPECT_EQ(log.opened.size(), 0U) << path;
     }
 }
 
 TEST(ReadConf, TheIniForm) {
     ReadLog log;
     const auto station = readConf("D:\\Projekte\\A\\qel.ini",
-                                  fileOf("PROJEKTNAME=Projekt A\nSTANDORT=Halle\nGERAETNUMMER=4711\n"
-                                         "DATAFOLDER=Data\nCHAN1|Wind|m/s|0|40||0|1|2|1|0|0|WG\n",
-                                         &log));
+                                  openerOf("PROJEKTNAME=Projekt A\nSTANDORT=Halle\nGERAETNUMMER=4711\n"
+                                           "DATAFOLDER=Data\nCHAN1|Wind|m/s|0|40||0|1|2|1|0|0|WG\n",
+                                           &log));
     ASSERT_TRUE(station.has_value());
-    EXPECT_EQ(log.path, "D:\\Projekte\\A\\qel.ini");
+    EXPECT_EQ(log.opened.back(), "D:\\Projekte\\A\\qel.ini");
     EXPECT_EQ(station->Title, "Projekt A");
     EXPECT_EQ(station->Subtitle, "Halle - 4711");
     EXPECT_EQ(station->DataFolder, "Data\\");
@@ -82,7 +82,7 @@ TEST(ReadConf, TheIniForm) {
 
 TEST(ReadConf, TheBinaryForm) {
     const std::vector<std::string> names = {"-", "Wind"};
-    const auto station = readConf("/srv/VARNIX.CFG", fileOf(varnixFile("Station Nord", names, true)));
+    const auto station = readConf("/srv/VARNIX.CFG", openerOf(varnixFile("Station Nord", names, true)));
     ASSERT_TRUE(station.has_value());
     EXPECT_EQ(station->Kind, ConfigKind::binary);
     EXPECT_EQ(station->BaseFolder, "/srv/");
@@ -95,7 +95,8 @@ TEST(ReadConf, TheBinaryForm) {
 TEST(ReadConf, ABinaryFileOfAnotherLengthGivesAnEmptyStation) {
     const std::string record = varnixFile("Station Nord", std::vector<std::string>{"Wind"}, true);
     for (const std::size_t size : {0U, 6544U, 6546U}) {
-        const auto station = readConf("/srv/VARNIX.CFG", bigFile(record, size, '\0'));
+        const auto station =
+            readConf("/srv/VARNIX.CFG", openerOf(FakeFile{.bytes = record, .size = size, .filler = '\0'}));
         ASSERT_TRUE(station.has_value());
         StationConfig expected;
         expected.Kind = ConfigKind::binary;
@@ -115,8 +116,8 @@ TEST(ReadConf, AProjectFolder) {
     for (const char* folder : {"D:\\Projekte\\A", "D:\\Projekte\\A\\"}) {
         ReadLog log;
         const StationConfig station = readProjectFolder(
-            folder, fileOf("PROJEKTNAME=Projekt A\nSTANDORT=Halle\nGERAETNUMMER=4711\n", &log));
-        EXPECT_EQ(log.path, "D:\\Projekte\\A\\QEL.ini");
+            folder, openerOf("PROJEKTNAME=Projekt A\nSTANDORT=Halle\nGERAETNUMMER=4711\n", &log));
+        EXPECT_EQ(log.opened.back(), "D:\\Projekte\\A\\QEL.ini");
         EXPECT_EQ(station.Kind, ConfigKind::ini);
         EXPECT_EQ(station.BaseFolder, "D:\\Projekte\\A\\");
         EXPECT_EQ(station.Title, "Projekt A");

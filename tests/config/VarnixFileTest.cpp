@@ -3,7 +3,8 @@
 #include "config/VarnixFile.h"
 #include "config/ChannelList.h"
 #include "config/VarnixFormat.h"
-#include "tests/config/FakeFiles.h"
+#include "tests/config/ChannelFields.h"
+#include "tests/testing/FakeFiles.h"
 #include "tests/testing/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -14,10 +15,10 @@
 namespace kelvrum {
 namespace {
 
-using testing::bigFile;
+using testing::FakeFile;
 using testing::fields;
-using testing::fileOf;
 using testing::noFile;
+using testing::openerOf;
 using testing::ReadLog;
 using testing::TempFolder;
 using testing::varnixFile;
@@ -26,7 +27,7 @@ const std::vector<std::string> NAMES = {"Wind", "-", "Staub", "-", "Regen"};
 
 StationConfig stationOf(const std::string& bytes) {
     StationConfig station;
-    EXPECT_TRUE(ReadVarnix("VARNIX.CFG", station, fileOf(bytes)));
+    EXPECT_TRUE(ReadVarnix("VARNIX.CFG", station, openerOf(bytes)));
     return station;
 }
 
@@ -60,7 +61,7 @@ TEST(VarnixFile, OnlyTheExactLengthIsRead) {
         before.Title = "vorher";
         before.ChannelTable.grow(9).Name = "alt";
         StationConfig station = before;
-        EXPECT_EQ(ReadVarnix("VARNIX.CFG", station, fileOf(c.bytes)), c.read) << c.bytes.size();
+        EXPECT_EQ(ReadVarnix("VARNIX.CFG", station, openerOf(c.bytes)), c.read) << c.bytes.size();
         EXPECT_EQ(station == before, !c.read) << c.bytes.size();
     }
 }
@@ -73,13 +74,14 @@ TEST(VarnixFile, WhatCannotBeReadLeavesTheStation) {
     EXPECT_TRUE(station == before);
     const std::string record = varnixFile("Station Nord", NAMES, true);
     for (const std::size_t cut : {0U, 1U, 35U, 3000U, 6544U}) {
-        EXPECT_FALSE(ReadVarnix("VARNIX.CFG", station, bigFile(record, record.size(), '\0', nullptr, cut)))
+        EXPECT_FALSE(ReadVarnix("VARNIX.CFG", station, openerOf(FakeFile{.bytes = record, .failsAt = cut})))
             << cut;
         EXPECT_TRUE(station == before) << cut;
     }
     ReadLog log;
-    EXPECT_FALSE(ReadVarnix("VARNIX.CFG", station, bigFile(record, 1ULL << 40, '\0', &log)));
-    EXPECT_LE(log.bytesRead, 65536U);
+    EXPECT_FALSE(ReadVarnix("VARNIX.CFG", station,
+                            openerOf(FakeFile{.bytes = record, .size = 1ULL << 40, .filler = '\0'}, &log)));
+    EXPECT_LE(log.bytesRead(), 65536U);
     EXPECT_TRUE(station == before);
 }
 
@@ -209,7 +211,7 @@ TEST(VarnixFile, AllSlotsActive) {
 TEST(VarnixFile, ASecondReadingReplacesTheFirst) {
     StationConfig station = stationOf(varnixFile("Erste", NAMES, true));
     EXPECT_TRUE(ReadVarnix("VARNIX.CFG", station,
-                           fileOf(varnixFile("Zweite", std::vector<std::string>{"A"}, false))));
+                           openerOf(varnixFile("Zweite", std::vector<std::string>{"A"}, false))));
     EXPECT_EQ(station.Title, "Zweite");
     EXPECT_EQ(station.ActiveChannels, std::vector<std::int32_t>{1});
     EXPECT_EQ(station.ChannelTable.count(), 1);

@@ -4,6 +4,7 @@
 #include "correction/Recalculation.h"
 
 #include "tests/correction/YearFiles.h"
+#include "tests/testing/FailingTargets.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -21,51 +22,10 @@ const TimeRange TWO_YEARS = between({2020, 3, 1, 0, 0}, {2021, 11, 30, 23, 59});
 constexpr int MARCH = (31 + 29) * 1440;         // of 2020
 constexpr int DECEMBER = (365 - 31) * 1440 - 1; // last minute of November 2021
 const std::error_code NO_SPACE = std::make_error_code(std::errc::no_space_on_device);
-constexpr int BEHIND_EVERY_YEAR = 9'000'000;
-
-/// Real files. One write of the run takes only some of its bytes.
-class OneWriteFails {
-  public:
-    OneWriteFails(int number, std::size_t taken)
-        : number_(number)
-        , taken_(taken) {}
-    [[nodiscard]] bool failed() const { return writes_ >= number_; }
-    [[nodiscard]] TargetOpener opener() {
-        return [this](std::string_view path) {
-            OpenedTarget target = openTarget(path);
-            if (target.file) {
-                target.file = std::make_unique<Target>(std::move(target.file), *this);
-            }
-            return target;
-        };
-    }
-
-  private:
-    class Target final : public FileTarget {
-      public:
-        Target(std::unique_ptr<FileTarget> file, OneWriteFails& all)
-            : file_(std::move(file))
-            , all_(all) {}
-        std::error_code write(std::uint64_t offset, std::span<const std::byte> bytes) override {
-            if (++all_.writes_ != all_.number_) {
-                return file_->write(offset, bytes);
-            }
-            static_cast<void>(file_->write(offset, bytes.first(std::min(bytes.size(), all_.taken_))));
-            return NO_SPACE;
-        }
-
-      private:
-        std::unique_ptr<FileTarget> file_;
-        OneWriteFails& all_;
-    };
-
-    int number_;
-    std::size_t taken_;
-    int writes_ = 0;
-};
+constexpr int AFTER_EVERY_YEAR = 9'000'000;
 
 /// After a failure every byte of the target is the old one or the new one, the new ones first.
-void expectOldBehindNew(const std::string& found, const std::string& before, const std::string& after) {
+void expectNewThenOld(const std::string& found, const std::string& before, const std::string& after) {
     std::size_t at = 0;
     const std::size_t shared = std::min(found.size(), after.size());
     while (at < shared && found[at] == after[at]) {
@@ -76,7 +36,7 @@ void expectOldBehindNew(const std::string& found, const std::string& before, con
         << "neither old nor new from byte " << at << " on";
 }
 
-TEST(CorrectionFaults, EveryWriteFailsInTurnAndTheNextRunMendsIt) {
+TEST(CorrectionFaults, EveryWriteFailsInTurnAndTheNextRunRepairsIt) {
     for (const std::size_t taken : {std::size_t{0}, std::size_t{100'003}}) {
         int failures = 0;
         for (int number = 1;; ++number) {
@@ -86,14 +46,14 @@ TEST(CorrectionFaults, EveryWriteFailsInTurnAndTheNextRunMendsIt) {
                 laid.lay(15, year, 200'000); // grows, too
             }
             const FileBytes before = laid.files;
-            laid.expect({7}, 15, 2020, MARCH, BEHIND_EVERY_YEAR, 2);
+            laid.expect({7}, 15, 2020, MARCH, AFTER_EVERY_YEAR, 2);
             laid.expect({7}, 15, 2021, 0, DECEMBER, 2);
             const Correction correction = {CorrectionMode::dust, TWO_YEARS, 2};
-            OneWriteFails fails(number, taken);
+            FailingTargets fails(number, taken);
             CorrectionFiles files;
             files.openTarget = fails.opener();
             const auto message = recalculate(laid.station, correction, files);
-            ASSERT_EQ(message.has_value(), fails.failed()) << number;
+            ASSERT_EQ(message.has_value(), fails.hasFailed()) << number;
             if (!message) {
                 EXPECT_EQ(laid.changes(), "");
                 break;
@@ -103,7 +63,7 @@ TEST(CorrectionFaults, EveryWriteFailsInTurnAndTheNextRunMendsIt) {
             const FileBytes found = laid.found();
             for (const int year : {2020, 2021}) {
                 const std::string name = YearFiles::name(15, year);
-                expectOldBehindNew(found.at(name), before.at(name), laid.files.at(name));
+                expectNewThenOld(found.at(name), before.at(name), laid.files.at(name));
                 EXPECT_EQ(found.at(YearFiles::name(7, year)), before.at(YearFiles::name(7, year)));
             }
             EXPECT_EQ(recalculate(laid.station, correction), std::nullopt); // there is room again
@@ -125,7 +85,7 @@ TEST(CorrectionFaults, SourcesThatChangeMeanwhile) {
             laid.lay(4, 2021, MINUTES_OF_YEAR);
             laid.lay(5, 2021, MINUTES_OF_YEAR);
             laid.lay(6, 2021, MINUTES_OF_YEAR);
-            laid.expect({4, 5}, 6, 2021, 0, change == Change::shrinks ? SHORT - 1 : BEHIND_EVERY_YEAR, 0.5);
+            laid.expect({4, 5}, 6, 2021, 0, change == Change::shrinks ? SHORT - 1 : AFTER_EVERY_YEAR, 0.5);
             CorrectionFiles files;
             files.openTarget = [&](std::string_view path) { // at the first write
                 const fs::path file = laid.onDisk(source, 2021);

@@ -3,6 +3,8 @@
 #include "correction/Recalculation.h"
 
 #include "tests/correction/YearFiles.h"
+#include "tests/testing/FailingTargets.h"
+#include "tests/testing/FakeFiles.h"
 #include "tests/testing/FileSizeLimit.h"
 #include "tests/testing/OrdinaryUser.h"
 
@@ -31,47 +33,16 @@ const TimeRange TEN_MINUTES = between({2021, 1, 1, 0, 10}, {2021, 1, 1, 0, 19});
 
 std::string reasonOf(std::errc error) { return std::make_error_code(error).message(); }
 
-/// Real files whose n-th write of the whole run stops in its middle.
-struct FailingTargets {
-    int failing = 0;
-    int writes = 0;
-
-    class Target final : public FileTarget {
-      public:
-        Target(std::unique_ptr<FileTarget> file, FailingTargets& all)
-            : file_(std::move(file))
-            , all_(all) {}
-        std::error_code write(std::uint64_t offset, std::span<const std::byte> bytes) override {
-            if (++all_.writes < all_.failing) {
-                return file_->write(offset, bytes);
-            }
-            static_cast<void>(file_->write(offset, bytes.first(bytes.size() / 2)));
-            return std::make_error_code(std::errc::no_space_on_device);
-        }
-
-      private:
-        std::unique_ptr<FileTarget> file_;
-        FailingTargets& all_;
-    };
-
-    [[nodiscard]] TargetOpener opener() {
-        return [this](std::string_view path) {
-            OpenedTarget target = openTarget(path);
-            return OpenedTarget{std::make_unique<Target>(std::move(target.file), *this), target.error};
-        };
-    }
-};
-
 /// Outside of the given minutes the target is what it was.
 void expectRestUntouched(const YearFiles& laid, int channel, int year, int first, int last) {
     const std::string name = YearFiles::name(channel, year);
     const std::string& before = laid.files.at(name);
     const std::string after = laid.found().at(name);
     const auto firstByte = 1024 + 8 * static_cast<std::size_t>(first);
-    const auto behind = std::min(before.size(), 1032 + 8 * static_cast<std::size_t>(last));
+    const auto rest = std::min(before.size(), 1032 + 8 * static_cast<std::size_t>(last));
     ASSERT_EQ(after.size(), before.size());
     EXPECT_TRUE(after.substr(0, firstByte) == before.substr(0, firstByte)) << name;
-    EXPECT_TRUE(after.substr(behind) == before.substr(behind)) << name;
+    EXPECT_TRUE(after.substr(rest) == before.substr(rest)) << name;
 }
 
 TEST(Recalculation, AWriteThatFailsEndsTheRun) {
@@ -80,14 +51,14 @@ TEST(Recalculation, AWriteThatFailsEndsTheRun) {
         YearFiles year;
         year.lay(7, 2021, MINUTES_OF_YEAR);
         year.lay(15, 2021, MINUTES_OF_YEAR, 5);
-        FailingTargets targets{failing};
+        FailingTargets targets(failing);
         CorrectionFiles files;
         files.openTarget = targets.opener();
         const TimeRange range = between({2021, 1, 2, 0, 0}, {2021, 12, 30, 0, 0});
         EXPECT_EQ(recalculate(year.station, {CorrectionMode::dust, range, 2}, files),
                   "Die Datei „" + year.path(15, 2021) +
                       "“ kann nicht geschrieben werden: " + reasonOf(std::errc::no_space_on_device) + ADVICE);
-        EXPECT_EQ(targets.writes, failing);
+        EXPECT_EQ(targets.writes(), failing);
         expectRestUntouched(year, 15, 2021, 1440, 363 * 1440);
 
         // One piece in each of several years.
@@ -97,7 +68,7 @@ TEST(Recalculation, AWriteThatFailsEndsTheRun) {
                 years.lay(channel, y, 30);
             }
         }
-        FailingTargets pieces{failing};
+        FailingTargets pieces(failing);
         int steps = 0;
         files.openTarget = pieces.opener();
         files.afterYear = [&steps] { ++steps; };
@@ -186,28 +157,13 @@ TEST(Recalculation, NoRoomToGrow) {
 }
 #endif
 
-/// Sources that promise more than they give.
-class StingySource final : public FileSource {
-  public:
-    explicit StingySource(std::size_t given)
-        : given_(given) {}
-    std::uint64_t size() override { return yearFile(7, 2021, 30).size(); }
-    std::size_t read(std::uint64_t offset, std::span<std::byte> into) override {
-        const std::string bytes = yearFile(7, 2021, 30);
-        const std::size_t count = std::min(given_, into.size());
-        std::memcpy(into.data(), &bytes[static_cast<std::size_t>(offset)], count);
-        return count;
-    }
-
-  private:
-    std::size_t given_;
-};
-
+/// The source promises more than it gives.
 TEST(Recalculation, ReadThatFails) {
     for (const std::size_t given : std::initializer_list<std::size_t>{0, 7, 8, 39, 79}) {
         YearFiles laid;
         CorrectionFiles files;
-        files.openSource = [given](std::string_view) { return std::make_unique<StingySource>(given); };
+        files.openSource =
+            openerOf(FakeFile{.bytes = yearFile(7, 2021, 30), .failsAt = 1024 + 8 * 10 + given});
         EXPECT_EQ(recalculate(laid.station, {CorrectionMode::dust, TEN_MINUTES, 2}, files), std::nullopt);
         if (given >= 8) { // else no value is to be written, and no target to be made
             laid.files["Kanal15_2021.chn"] =

@@ -3,7 +3,8 @@
 #include "data/BlockReader.h"
 
 #include "data/Averaging.h"
-#include "tests/data/FakeFiles.h"
+#include "tests/testing/FakeFiles.h"
+#include "tests/testing/MadeMinutes.h"
 #include "tests/testing/TempFolder.h"
 
 #include <gtest/gtest.h>

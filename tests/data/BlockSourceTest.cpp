@@ -2,7 +2,8 @@
 // How files are fetched: few large reads, each byte once, and nothing stale when a read fails.
 #include "data/BlockReader.h"
 
-#include "tests/data/FakeFiles.h"
+#include "tests/testing/FakeFiles.h"
+#include "tests/testing/MadeMinutes.h"
 #include "tests/testing/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -13,6 +14,7 @@ namespace {
 using kelvrum::testing::channelFile;
 using kelvrum::testing::countedMinutes;
 using kelvrum::testing::FakeFiles;
+using kelvrum::testing::ReadLog;
 
 const char* const FILE_2020 = "X:\\Kanal07_2020.chn";
 const char* const WIND_2020 = "X:\\Kanal08_2020.chn";
@@ -52,9 +54,9 @@ Values readAll(const ReadRequest& request, const FileOpener& open, ReadBuffers& 
 }
 
 /// Fails unless the reads are contiguous from the first value to the end of the file.
-void expectEachByteOnce(const std::vector<FakeFiles::Read>& reads, std::uint64_t end) {
+void expectEachByteOnce(const std::vector<ReadLog::Read>& reads, std::uint64_t end) {
     std::uint64_t at = 1024;
-    for (const FakeFiles::Read& read : reads) {
+    for (const ReadLog::Read& read : reads) {
         EXPECT_EQ(read.offset, at);
         at += read.got;
     }

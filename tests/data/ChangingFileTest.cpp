@@ -5,7 +5,8 @@
 
 #include "diagram/DiagramState.h"
 #include "diagram/SeriesTable.h"
-#include "tests/data/FakeFiles.h"
+#include "tests/testing/FakeFiles.h"
+#include "tests/testing/MadeMinutes.h"
 #include "tests/testing/TempFolder.h"
 #include "util/Validity.h"
 
@@ -219,24 +220,9 @@ TEST(ChangingFile, WhatIsAskedForDiffersEachTime) {
     };
     for (const Case& c : cases) {
         FakeFiles files;
-        files["X:\\Kanal07_2020.chn"].bytes = channelFile(countedMinutes(10)).substr(0, c.bytes);
-        class Liar final : public FileSource {
-          public:
-            Liar(std::unique_ptr<FileSource> file, std::uint64_t told)
-                : file_(std::move(file))
-                , told_(told) {}
-            std::uint64_t size() override { return told_; }
-            std::size_t read(std::uint64_t offset, std::span<std::byte> into) override {
-                return file_->read(offset, into);
-            }
-
-          private:
-            std::unique_ptr<FileSource> file_;
-            std::uint64_t told_;
-        };
-        DataReader reader([&files, &c](std::string_view path) -> std::unique_ptr<FileSource> {
-            return std::make_unique<Liar>(files.opener()(path), c.size);
-        });
+        files["X:\\Kanal07_2020.chn"] = {.bytes = channelFile(countedMinutes(10)).substr(0, c.bytes),
+                                         .size = c.size};
+        DataReader reader(files.opener());
         StationConfig station;
         station.DataFolder = "X:\\";
         station.ChannelTable.grow(7).Mode = MODE_MEAN;

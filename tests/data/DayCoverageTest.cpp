@@ -3,6 +3,7 @@
 #include "data/DayCoverage.h"
 
 #include "data/ChannelFiles.h"
+#include "tests/testing/Stations.h"
 #include "tests/testing/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -13,21 +14,12 @@ namespace kelvrum {
 namespace {
 
 using kelvrum::testing::channelFile;
+using kelvrum::testing::channelStation;
 using kelvrum::testing::dayRecord;
+using kelvrum::testing::dayStation;
 using kelvrum::testing::TempFolder;
 
 const ReadingStep GO_ON = [] { return true; };
-
-StationConfig iniStation(const TempFolder& folder) {
-    StationConfig station;
-    station.Kind = ConfigKind::ini;
-    station.DataFolder = folder.base();
-    station.ChannelTable.grow(4).Mode = MODE_MEAN;
-    station.ChannelTable.grow(5).Mode = MODE_WIND_DIRECTION;
-    station.ChannelTable.grow(5).PairedChannel = 4;
-    station.ChannelTable.grow(12).Mode = MODE_SUM;
-    return station;
-}
 
 /// The minutes of 2020 up to 1 July, `present` of them at the start of each of the days of June.
 std::vector<double> june(std::initializer_list<int> present) {
@@ -49,7 +41,7 @@ MonthCoverage coverage(const StationConfig& station, std::int32_t channel, int y
 TEST(DayCoverage, CountsTheMinutesOfEachDay) {
     const TempFolder folder;
     folder.write("Kanal04_2020.chn", channelFile(june({1440, 1426, 1425, 1, 0, 720, 0, 0, 9, 10, 1440})));
-    const MonthCoverage month = coverage(iniStation(folder), 4, 2020, 6);
+    const MonthCoverage month = coverage(channelStation(folder), 4, 2020, 6);
     struct Row {
         int day, minutes;
         Coverage mark;
@@ -72,14 +64,14 @@ TEST(DayCoverage, CountsTheMinutesOfEachDay) {
         EXPECT_EQ(coverageOf(month, row.day), row.mark) << row.day;
         EXPECT_EQ(coverageText(month, row.day), row.text) << row.day;
     }
-    EXPECT_EQ(coverage(iniStation(folder), 4, 2020, 5).minutes, MonthCoverage{}.minutes);
-    EXPECT_EQ(coverage(iniStation(folder), 4, 2021, 6).minutes, MonthCoverage{}.minutes); // no file
+    EXPECT_EQ(coverage(channelStation(folder), 4, 2020, 5).minutes, MonthCoverage{}.minutes);
+    EXPECT_EQ(coverage(channelStation(folder), 4, 2021, 6).minutes, MonthCoverage{}.minutes); // no file
 }
 
 TEST(DayCoverage, OfASummedChannelOnlyDaysWithAValueAreMarked) {
     const TempFolder folder;
     folder.write("Kanal12_2020.chn", channelFile(june({0, 1, 30})));
-    const MonthCoverage month = coverage(iniStation(folder), 12, 2020, 6);
+    const MonthCoverage month = coverage(channelStation(folder), 12, 2020, 6);
     EXPECT_EQ(coverageOf(month, 1), Coverage::unmarked); // dry, or without data: the file cannot tell
     EXPECT_EQ(coverageText(month, 1), "");
     EXPECT_EQ(coverageOf(month, 2), Coverage::full);
@@ -90,9 +82,9 @@ TEST(DayCoverage, OfASummedChannelOnlyDaysWithAValueAreMarked) {
 TEST(DayCoverage, ADirectionNeedsItsSpeed) {
     const TempFolder folder;
     folder.write("Kanal05_2020.chn", channelFile(june({1440, 1440, 100})));
-    EXPECT_EQ(coverage(iniStation(folder), 5, 2020, 6).minutes[0], 0); // no speed at all
+    EXPECT_EQ(coverage(channelStation(folder), 5, 2020, 6).minutes[0], 0); // no speed at all
     folder.write("Kanal04_2020.chn", channelFile(june({1440, 700})));
-    const MonthCoverage month = coverage(iniStation(folder), 5, 2020, 6);
+    const MonthCoverage month = coverage(channelStation(folder), 5, 2020, 6);
     EXPECT_EQ(month.minutes[0], 1440);
     EXPECT_EQ(month.minutes[1], 700);
     EXPECT_EQ(month.minutes[2], 0);
@@ -103,14 +95,14 @@ TEST(DayCoverage, WhatAveragingTakesForMissingIsNotPresent) {
     folder.write("Kanal04_2020.chn", channelFile(std::vector<double>{
                                          0, std::numeric_limits<double>::quiet_NaN(), 99999900, -99999900,
                                          std::numeric_limits<double>::infinity(), 1e-300, -4}));
-    EXPECT_EQ(coverage(iniStation(folder), 4, 2020, 1).minutes[0], 2);
+    EXPECT_EQ(coverage(channelStation(folder), 4, 2020, 1).minutes[0], 2);
 }
 
 TEST(DayCoverage, OfTheLastDaysOfMonths) {
     const TempFolder folder;
     folder.write("Kanal04_2020.chn", channelFile(std::vector<double>(527040, 1.0)));
     folder.write("Kanal04_2021.chn", channelFile(std::vector<double>(527040, 1.0))); // a day too long
-    const StationConfig station = iniStation(folder);
+    const StationConfig station = channelStation(folder);
     const MonthCoverage leap = coverage(station, 4, 2020, 2);
     EXPECT_EQ(leap.minutes[28], 1440);
     EXPECT_EQ(leap.minutes[29], 0); // no 30 February
@@ -128,12 +120,7 @@ TEST(DayCoverage, OfDayFilesCountsEachMinuteOnce) {
                                      dayRecord(2020, 6, 18, 1, Floats{1, 2})); // by its own date
     folder.write("20200630.KMH", dayRecord(2020, 6, 30, 1439, Floats{1, 2}));
     folder.write("20200701.KMH", dayRecord(2020, 7, 1, 0, Floats{1, 2}));
-    StationConfig station;
-    station.Kind = ConfigKind::binary;
-    station.BaseFolder = folder.base();
-    station.ActiveChannels = {1, 3};
-    station.ChannelTable.grow(1).Mode = MODE_MEAN;
-    station.ChannelTable.grow(3).Mode = MODE_MEAN;
+    const StationConfig station = dayStation(folder);
     const MonthCoverage month = coverage(station, 3, 2020, 6);
     EXPECT_EQ(month.minutes[16], 1);
     EXPECT_EQ(month.minutes[17], 1);
@@ -147,9 +134,9 @@ TEST(DayCoverage, AStepGivesItUp) {
     const TempFolder folder;
     folder.write("Kanal04_2020.chn", channelFile(std::vector<double>(527040, 1.0)));
     int steps = 0;
-    EXPECT_FALSE(readCoverage(iniStation(folder), 4, 2020, 6, openFile, [&] { return ++steps < 2; }));
+    EXPECT_FALSE(readCoverage(channelStation(folder), 4, 2020, 6, openFile, [&] { return ++steps < 2; }));
     EXPECT_EQ(steps, 2);
-    EXPECT_TRUE(readCoverage(iniStation(folder), 4, 2020, 6, openFile, {}).has_value());
+    EXPECT_TRUE(readCoverage(channelStation(folder), 4, 2020, 6, openFile, {}).has_value());
 }
 
 } // namespace

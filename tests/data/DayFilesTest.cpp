@@ -3,7 +3,8 @@
 #include "data/DayFiles.h"
 
 #include "data/DayFormat.h"
-#include "tests/data/FakeFiles.h"
+#include "tests/testing/FakeFiles.h"
+#include "tests/testing/Stations.h"
 #include "tests/testing/TempFolder.h"
 #include "util/Validity.h"
 
@@ -17,25 +18,13 @@ namespace kelvrum {
 namespace {
 
 using kelvrum::testing::dayRecord;
+using kelvrum::testing::dayStation;
 using kelvrum::testing::FakeFiles;
 using kelvrum::testing::TempFolder;
 using Floats = std::vector<float>;
 
 const DateTime JUNE_18 = dateSerial(2020, 6, 18);
 const ReadingStep GO_ON = [] { return true; };
-
-/// A station with the channels 1 and 3, day files in `folder`.
-StationConfig testStation(const TempFolder& folder, bool wide = false) {
-    StationConfig station;
-    station.Kind = ConfigKind::binary;
-    station.BaseFolder = folder.base();
-    station.ActiveChannels = {1, 3};
-    station.ChannelTable.grow(1).Mode = MODE_MEAN;
-    station.ChannelTable.grow(3).Mode = MODE_MEAN;
-    station.ChannelTable.setCount(2);
-    station.WideRecords = wide;
-    return station;
-}
 
 /// A record of 18 June 2020 whose second field, that of channel 3, holds `value`.
 std::string narrow(int minute, float value) { return dayRecord(2020, 6, 18, minute, Floats{-1, value}); }
@@ -217,8 +206,7 @@ TEST(DayIntervals, GroupsFromTheRangeStart) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(::testing::Message() << row.from << " to " << row.to << " by " << row.interval);
-        expectMeans(intervalsOf(testStation(folder), minutesOf(3, row.from, row.to, row.interval)),
-                    row.means);
+        expectMeans(intervalsOf(dayStation(folder), minutesOf(3, row.from, row.to, row.interval)), row.means);
     }
 }
 
@@ -237,13 +225,13 @@ TEST(DayIntervals, RecordsAreComparedByTheMinute) {
          {from, std::nextafter(from, 0), std::nextafter(from, ENDLESS), from - SECONDS, from + SECONDS}) {
         for (const DateTime end :
              {to, std::nextafter(to, 0), std::nextafter(to, ENDLESS), to - SECONDS, to + SECONDS}) {
-            expectMeans(intervalsOf(testStation(folder), {3, "", {near, end}, 10}), expected);
+            expectMeans(intervalsOf(dayStation(folder), {3, "", {near, end}, 10}), expected);
         }
     }
     const std::vector<std::pair<std::int64_t, double>> lastHour = {{5, 7}};
     for (const DateTime midnight : {JUNE_18 + 1, std::nextafter(JUNE_18 + 1, 0), JUNE_18 + 1 + SECONDS}) {
-        expectMeans(intervalsOf(testStation(folder), {3, "", {JUNE_18 + 23.0 / 24, midnight}, 10}), lastHour);
-        expectMeans(intervalsOf(testStation(folder), {3, "", {midnight, JUNE_18 + 2}, 10}), {{0, 8}});
+        expectMeans(intervalsOf(dayStation(folder), {3, "", {JUNE_18 + 23.0 / 24, midnight}, 10}), lastHour);
+        expectMeans(intervalsOf(dayStation(folder), {3, "", {midnight, JUNE_18 + 2}, 10}), {{0, 8}});
     }
 }
 
@@ -256,7 +244,7 @@ TEST(DayIntervals, EveryMinuteFallsIntoItsInterval) {
     folder.write("20200618.KMH", bytes);
     for (const int start : {0, 1, 7, 427, 719}) {
         for (const std::int32_t interval : {1, 5, 15, 60}) {
-            const auto intervals = intervalsOf(testStation(folder), minutesOf(3, start, 1440, interval));
+            const auto intervals = intervalsOf(dayStation(folder), minutesOf(3, start, 1440, interval));
             ASSERT_EQ(intervals.size(), static_cast<std::size_t>((1440 - start + interval - 1) / interval));
             for (std::size_t i = 0; i < intervals.size(); ++i) {
                 const int first = start + static_cast<int>(i) * interval;
@@ -271,10 +259,10 @@ TEST(DayIntervals, EveryMinuteFallsIntoItsInterval) {
 TEST(DayIntervals, TheFieldOfTheChannel) {
     const TempFolder folder;
     folder.write("20200618.KMH", dayRecord(2020, 6, 18, 0, Floats{11, 33}));
-    expectMeans(intervalsOf(testStation(folder), minutesOf(1, 0, 10, 1)), {{0, 11}});
-    expectMeans(intervalsOf(testStation(folder), minutesOf(3, 0, 10, 1)), {{0, 33}});
+    expectMeans(intervalsOf(dayStation(folder), minutesOf(1, 0, 10, 1)), {{0, 11}});
+    expectMeans(intervalsOf(dayStation(folder), minutesOf(3, 0, 10, 1)), {{0, 33}});
     for (const std::int32_t inactive : {0, 2, 4, -1}) {
-        for (const DayInterval& interval : intervalsOf(testStation(folder), minutesOf(inactive, 0, 10, 1))) {
+        for (const DayInterval& interval : intervalsOf(dayStation(folder), minutesOf(inactive, 0, 10, 1))) {
             EXPECT_EQ(interval.mean, INVALID_VALUE) << inactive;
         }
     }
@@ -287,7 +275,7 @@ TEST(DayIntervals, ZerosAndMarkersAreAbsent) {
                                      narrow(5, std::numeric_limits<float>::quiet_NaN()) +
                                      narrow(6, std::numeric_limits<float>::infinity()) + narrow(20, 0) +
                                      narrow(30, 1) + narrow(31, -1));
-    expectMeans(intervalsOf(testStation(folder), minutesOf(3, 0, 60, 10)),
+    expectMeans(intervalsOf(dayStation(folder), minutesOf(3, 0, 60, 10)),
                 {{0, 4}, {2, INVALID_VALUE}, {3, 1e-300}});
 }
 
@@ -296,7 +284,7 @@ TEST(DayIntervals, WideRecordsGiveMeansMinimaAndMaxima) {
     folder.write("20200618.KMH", wide(0, 4, 2, 9) + wide(1, 6, 3, 7) + wide(2, 0, 0, 0) +
                                      wide(3, 99999900.0F, -99999900.0F, 99999900.0F) + wide(10, 5, 0, 8) +
                                      wide(20, 0, -3, 0) + wide(21, 0, -4, 99999900.0F) + wide(30, 0, 0, 0));
-    const auto intervals = intervalsOf(testStation(folder, true), minutesOf(3, 0, 60, 10));
+    const auto intervals = intervalsOf(dayStation(folder, true), minutesOf(3, 0, 60, 10));
     struct Row {
         std::int64_t index;
         double mean, minimum, maximum;
@@ -312,7 +300,7 @@ TEST(DayIntervals, WideRecordsGiveMeansMinimaAndMaxima) {
         EXPECT_DOUBLE_EQ(intervals[i].minimum, rows[i].minimum) << i;
         EXPECT_DOUBLE_EQ(intervals[i].maximum, rows[i].maximum) << i;
     }
-    const auto first = intervalsOf(testStation(folder, true), minutesOf(1, 0, 10, 1440));
+    const auto first = intervalsOf(dayStation(folder, true), minutesOf(1, 0, 10, 1440));
     ASSERT_EQ(first.size(), 1U);
     EXPECT_EQ(first[0].mean, -1);
     EXPECT_EQ(first[0].minimum, -2);
@@ -329,15 +317,15 @@ TEST(DayIntervals, RecordsCountByTheirOwnDateInAnyOrder) {
     folder.write("20200620.kmh", dayRecord(2020, 6, 20, 0, Floats{0, 7}));
     const std::vector<std::pair<std::int64_t, double>> expected = {
         {1, 1}, {2, 2}, {3, 4}, {144, 40}, {288, 7}};
-    expectMeans(intervalsOf(testStation(folder), minutesOf(3, 0, 3 * 1440, 10)), expected);
+    expectMeans(intervalsOf(dayStation(folder), minutesOf(3, 0, 3 * 1440, 10)), expected);
 }
 
 TEST(DayIntervals, NothingToRead) {
     const TempFolder folder;
-    EXPECT_TRUE(intervalsOf(testStation(folder), minutesOf(3, 0, 1440, 10)).empty());
+    EXPECT_TRUE(intervalsOf(dayStation(folder), minutesOf(3, 0, 1440, 10)).empty());
     folder.write("20200618.KMH", "");
     folder.write("20200619.KMH", "short");
-    EXPECT_TRUE(intervalsOf(testStation(folder), minutesOf(3, 0, 3000, 10)).empty());
+    EXPECT_TRUE(intervalsOf(dayStation(folder), minutesOf(3, 0, 3000, 10)).empty());
 }
 
 TEST(DayIntervals, AStepGivesUp) {
@@ -346,10 +334,10 @@ TEST(DayIntervals, AStepGivesUp) {
         folder.write(name, narrow(0, 1));
     }
     const ReadRequest request = minutesOf(3, 0, 4 * 1440, 10);
-    EXPECT_FALSE(readDayIntervals(testStation(folder), request, openFile, [] { return false; }).has_value());
+    EXPECT_FALSE(readDayIntervals(dayStation(folder), request, openFile, [] { return false; }).has_value());
     int steps = 0;
     EXPECT_FALSE(
-        readDayIntervals(testStation(folder), request, openFile, [&] { return ++steps < 3; }).has_value());
+        readDayIntervals(dayStation(folder), request, openFile, [&] { return ++steps < 3; }).has_value());
     EXPECT_EQ(steps, 3);
 }
 

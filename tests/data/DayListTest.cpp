@@ -3,6 +3,7 @@
 #include "data/DayList.h"
 
 #include "data/DataReader.h"
+#include "tests/testing/Stations.h"
 #include "tests/testing/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -14,24 +15,13 @@ namespace kelvrum {
 namespace {
 
 using kelvrum::testing::dayRecord;
+using kelvrum::testing::dayStation;
 using kelvrum::testing::TempFolder;
 using Floats = std::vector<float>;
 using Names = std::vector<std::string>;
 
 const DateTime JUNE_18 = dateSerial(2020, 6, 18);
 const ReadingStep GO_ON = [] { return true; };
-
-StationConfig testStation(const TempFolder& folder, bool wide = false) {
-    StationConfig station;
-    station.Kind = ConfigKind::binary;
-    station.BaseFolder = folder.base();
-    station.ActiveChannels = {1, 3};
-    station.ChannelTable.grow(1).Mode = MODE_MEAN;
-    station.ChannelTable.grow(3).Mode = MODE_MEAN;
-    station.ChannelTable.setCount(2);
-    station.WideRecords = wide;
-    return station;
-}
 
 /// A record of a day of June 2020 whose first value tells where it came from.
 std::string record(int day, int minute, float value) {
@@ -70,13 +60,12 @@ TEST(DayList, RecordsAreComparedByTheMinute) {
     };
     for (const DateTime from : around(at(18, 0))) {
         for (const DateTime to : around(at(18, 600))) {
-            EXPECT_EQ(firstValues(rowsOf(testStation(folder), from, to)), (Floats{2, 3}))
-                << from << " " << to;
+            EXPECT_EQ(firstValues(rowsOf(dayStation(folder), from, to)), (Floats{2, 3})) << from << " " << to;
         }
     }
     for (const DateTime from : around(at(18, 601))) {
         for (const DateTime to : around(at(19, 0))) {
-            EXPECT_EQ(firstValues(rowsOf(testStation(folder), from, to)), (Floats{4, 5, 6}))
+            EXPECT_EQ(firstValues(rowsOf(dayStation(folder), from, to)), (Floats{4, 5, 6}))
                 << from << " " << to;
         }
     }
@@ -132,10 +121,10 @@ TEST(FilesOfDay, FilesTooShortForAMinuteAndMissingOnes) {
         folder.write("20200618b.KMH", record(18, 10, 2));
         const Names names = {"20200618.KMH", "20200618b.KMH"};
         EXPECT_EQ(filesOfDay(folder.base(), names, JUNE_18, openFile).size(), 2U);
-        EXPECT_EQ(firstValues(rowsOf(testStation(folder), JUNE_18, JUNE_18 + 1)), Floats{2});
+        EXPECT_EQ(firstValues(rowsOf(dayStation(folder), JUNE_18, JUNE_18 + 1)), Floats{2});
     }
     const TempFolder empty;
-    EXPECT_EQ(firstValues(rowsOf(testStation(empty), JUNE_18, JUNE_18 + 1)), Floats{});
+    EXPECT_EQ(firstValues(rowsOf(dayStation(empty), JUNE_18, JUNE_18 + 1)), Floats{});
 }
 
 TEST(DayRows, InclusiveAtBothEndsAndInDayOrder) {
@@ -161,7 +150,7 @@ TEST(DayRows, InclusiveAtBothEndsAndInDayOrder) {
         {at(22, 0), at(23, 0), {}},
     };
     for (const Row& row : rows) {
-        EXPECT_EQ(firstValues(rowsOf(testStation(folder), row.from, row.to)), row.values)
+        EXPECT_EQ(firstValues(rowsOf(dayStation(folder), row.from, row.to)), row.values)
             << row.from << " to " << row.to;
     }
 }
@@ -175,19 +164,19 @@ TEST(DayRows, EveryMinuteAtBothEnds) {
     folder.write("20200618.KMH", bytes);
     for (int minute = 0; minute < 1440; minute += 13) {
         const DateTime t = JUNE_18 + timeSerial(minute / 60, minute % 60);
-        EXPECT_EQ(firstValues(rowsOf(testStation(folder), t, t)), Floats{static_cast<float>(minute)});
+        EXPECT_EQ(firstValues(rowsOf(dayStation(folder), t, t)), Floats{static_cast<float>(minute)});
     }
 }
 
 TEST(DayRows, FileOrderWithoutSorting) {
     const TempFolder folder;
     folder.write("20200618.KMH", record(18, 30, 3) + record(18, 10, 1) + record(18, 20, 2));
-    EXPECT_EQ(firstValues(rowsOf(testStation(folder), JUNE_18, JUNE_18 + 1)), (Floats{3, 1, 2}));
+    EXPECT_EQ(firstValues(rowsOf(dayStation(folder), JUNE_18, JUNE_18 + 1)), (Floats{3, 1, 2}));
     // A second file of the day that starts earlier comes second, one that starts later comes first.
     folder.write("20200618b.KMH", record(18, 40, 4));
-    EXPECT_EQ(firstValues(rowsOf(testStation(folder), JUNE_18, JUNE_18 + 1)), (Floats{4, 3, 1, 2}));
+    EXPECT_EQ(firstValues(rowsOf(dayStation(folder), JUNE_18, JUNE_18 + 1)), (Floats{4, 3, 1, 2}));
     folder.write("20200618b.KMH", record(18, 5, 4));
-    EXPECT_EQ(firstValues(rowsOf(testStation(folder), JUNE_18, JUNE_18 + 1)), (Floats{3, 1, 2, 4}));
+    EXPECT_EQ(firstValues(rowsOf(dayStation(folder), JUNE_18, JUNE_18 + 1)), (Floats{3, 1, 2, 4}));
 }
 
 TEST(DayRows, WhateverNumberTheFileHolds) {
@@ -197,7 +186,7 @@ TEST(DayRows, WhateverNumberTheFileHolds) {
                                      dayRecord(2020, 6, 31, 2, Floats{7, 7}) + // no such day
                                      dayRecord(2020, 6, 18, 1440, Floats{8, 8}) +
                                      record(18, 3, 9).substr(0, 13));
-    const DayRows rows = rowsOf(testStation(folder), JUNE_18, JUNE_18 + 30);
+    const DayRows rows = rowsOf(dayStation(folder), JUNE_18, JUNE_18 + 30);
     EXPECT_EQ(rows.values, (Floats{0, 99999900.0F, -1e30F, 0.1F}));
     ASSERT_EQ(rows.times.size(), 2U);
     EXPECT_NEAR(rows.times[0], at(18, 1), 1e-9);
@@ -207,15 +196,15 @@ TEST(DayRows, WhateverNumberTheFileHolds) {
 TEST(DayRows, ARecordCountsByItsOwnDate) {
     const TempFolder folder;
     folder.write("20200618.KMH", record(18, 10, 1) + record(19, 5, 2) + record(17, 5, 3) + record(18, 11, 4));
-    EXPECT_EQ(firstValues(rowsOf(testStation(folder), at(18, 0), at(18, 1439))), (Floats{1, 4}));
-    EXPECT_EQ(firstValues(rowsOf(testStation(folder), at(18, 0), at(19, 5))), (Floats{1, 2, 4}));
+    EXPECT_EQ(firstValues(rowsOf(dayStation(folder), at(18, 0), at(18, 1439))), (Floats{1, 4}));
+    EXPECT_EQ(firstValues(rowsOf(dayStation(folder), at(18, 0), at(19, 5))), (Floats{1, 2, 4}));
 }
 
 TEST(DayRows, OfWideRecordsTheMeans) {
     const TempFolder folder;
     folder.write("20200618.KMH", dayRecord(2020, 6, 18, 1, Floats{5, 4, 6, 50, 40, 60}) +
                                      dayRecord(2020, 6, 18, 2, Floats{7, 1, 9, 70, 10, 90}));
-    EXPECT_EQ(rowsOf(testStation(folder, true), JUNE_18, JUNE_18 + 1).values, (Floats{5, 50, 7, 70}));
+    EXPECT_EQ(rowsOf(dayStation(folder, true), JUNE_18, JUNE_18 + 1).values, (Floats{5, 50, 7, 70}));
 }
 
 TEST(DayRows, AStationWithoutChannelsHasNone) {
@@ -237,7 +226,7 @@ TEST(DayRows, AFileThatCannotBeOpenedIsSkipped) {
     const FileOpener open = [](std::string_view path) -> std::unique_ptr<FileSource> {
         return path.find("20200619") == std::string_view::npos ? openFile(path) : nullptr;
     };
-    const auto rows = readDayRows(testStation(folder), {JUNE_18, JUNE_18 + 5}, open, GO_ON);
+    const auto rows = readDayRows(dayStation(folder), {JUNE_18, JUNE_18 + 5}, open, GO_ON);
     ASSERT_TRUE(rows.has_value());
     EXPECT_EQ(firstValues(*rows), (Floats{1, 3}));
 }
@@ -249,11 +238,11 @@ TEST(DayRows, AStepGivesUp) {
     }
     DataReader reader;
     const TimeRange range = {JUNE_18, JUNE_18 + 5};
-    EXPECT_FALSE(reader.readDayList(testStation(folder), range, [] { return false; }).has_value());
+    EXPECT_FALSE(reader.readDayList(dayStation(folder), range, [] { return false; }).has_value());
     int steps = 0;
-    EXPECT_FALSE(reader.readDayList(testStation(folder), range, [&] { return ++steps < 3; }).has_value());
+    EXPECT_FALSE(reader.readDayList(dayStation(folder), range, [&] { return ++steps < 3; }).has_value());
     EXPECT_EQ(steps, 3);
-    const auto rows = reader.readDayList(testStation(folder), range, GO_ON);
+    const auto rows = reader.readDayList(dayStation(folder), range, GO_ON);
     ASSERT_TRUE(rows.has_value());
     EXPECT_EQ(rows->times.size(), 4U);
 }

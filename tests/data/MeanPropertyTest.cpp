@@ -3,7 +3,7 @@
 #include "data/Averaging.h"
 
 #include "config/ChannelTable.h"
-#include "tests/data/MadeMinutes.h"
+#include "tests/testing/MadeMinutes.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 // Reading a range in two parts is reading it whole, wherever the parts meet.
 #include "data/DataReader.h"
 
-#include "tests/data/FakeFiles.h"
-#include "tests/data/MadeMinutes.h"
+#include "tests/testing/FakeFiles.h"
+#include "tests/testing/MadeMinutes.h"
 #include "tests/testing/TempFolder.h"
 
 #include <gtest/gtest.h>

@@ -3,7 +3,8 @@
 #include "data/DataReader.h"
 #include "diagram/DiagramState.h"
 
-#include "tests/data/FakeFiles.h"
+#include "tests/testing/FakeFiles.h"
+#include "tests/testing/MadeMinutes.h"
 #include "tests/testing/TempFolder.h"
 
 #include <gtest/gtest.h>

@@ -4,8 +4,8 @@
 
 #include "diagram/DiagramState.h"
 #include "diagram/SeriesTable.h"
-#include "tests/data/FakeFiles.h"
-#include "tests/data/MadeMinutes.h"
+#include "tests/testing/FakeFiles.h"
+#include "tests/testing/MadeMinutes.h"
 #include "tests/testing/TempFolder.h"
 
 #include <gtest/gtest.h>

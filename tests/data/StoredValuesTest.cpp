@@ -3,6 +3,7 @@
 #include "data/StoredValues.h"
 
 #include "data/ChannelMinutes.h"
+#include "tests/testing/Stations.h"
 #include "tests/testing/TempFolder.h"
 
 #include <gmock/gmock.h>
@@ -13,25 +14,14 @@ namespace kelvrum {
 namespace {
 
 using kelvrum::testing::channelFile;
+using kelvrum::testing::channelStation;
 using kelvrum::testing::dayRecord;
+using kelvrum::testing::dayStation;
 using kelvrum::testing::TempFolder;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 const ReadingStep GO_ON = [] { return true; };
-
-/// Channel 4 (speed), 5 (direction, paired with 4), 104 (mean); the data are in the project's folder. The
-/// paired file is looked for without the project's folder, so the data folder is absolute.
-StationConfig iniStation(const TempFolder& folder) {
-    StationConfig station;
-    station.Kind = ConfigKind::ini;
-    station.DataFolder = folder.base();
-    station.ChannelTable.grow(4).Mode = MODE_MEAN;
-    station.ChannelTable.grow(5).Mode = MODE_WIND_DIRECTION;
-    station.ChannelTable.grow(5).PairedChannel = 4;
-    station.ChannelTable.grow(104).Mode = MODE_MEAN;
-    return station;
-}
 
 /// A file whose minutes are missing but for those listed.
 std::string minutesAt(std::size_t count, std::initializer_list<std::size_t> present, double value = 7) {
@@ -58,7 +48,7 @@ TEST(YearsWithFile, AreTakenFromTheNames) {
           "Kanal104_2015.chn", "Kanal04_2021.ch", "Kanal05_2014.chn"}) {
         folder.write(name, "");
     }
-    const StationConfig station = iniStation(folder);
+    const StationConfig station = channelStation(folder);
     EXPECT_THAT(yearsWithFile(station, 4), ElementsAre(2018, 2020));
     EXPECT_THAT(yearsWithFile(station, 104), ElementsAre(2015));
     EXPECT_THAT(yearsWithFile(station, 7), IsEmpty());
@@ -71,7 +61,7 @@ TEST(FindStored, LooksInTheOldestAndNewestYear) {
     folder.write("Kanal04_2018.chn", minutesAt(50000, {12345, 40000}));
     folder.write("Kanal04_2019.chn", minutesAt(10, {3}));
     folder.write("Kanal04_2020.chn", minutesAt(50000, {77, 33333}));
-    const StationConfig station = iniStation(folder);
+    const StationConfig station = channelStation(folder);
     EXPECT_EQ(found(station, 4, StoredEnd::first), minuteOf(2018, 12345));
     EXPECT_EQ(found(station, 4, StoredEnd::last), minuteOf(2020, 33333));
 }
@@ -81,7 +71,7 @@ TEST(FindStored, AtBothEndsOfAPieceAndOfTheFile) {
          {0U, 8191U, 8192U, 16383U, 16384U, 20000U - 8192U, 20000U - 8193U, 19999U}) {
         const TempFolder folder;
         folder.write("Kanal04_2020.chn", minutesAt(20000, {minute}));
-        const StationConfig station = iniStation(folder);
+        const StationConfig station = channelStation(folder);
         EXPECT_EQ(found(station, 4, StoredEnd::first), minuteOf(2020, static_cast<int>(minute)));
         EXPECT_EQ(found(station, 4, StoredEnd::last), minuteOf(2020, static_cast<int>(minute)));
     }
@@ -93,7 +83,7 @@ TEST(FindStored, WhatAveragingTakesForMissingIsNoValue) {
     const TempFolder folder;
     folder.write("Kanal04_2020.chn",
                  channelFile(std::vector<double>{0, nan, -99999900, 5, -5, 99999900, infinity, 0}));
-    const StationConfig station = iniStation(folder);
+    const StationConfig station = channelStation(folder);
     EXPECT_EQ(found(station, 4, StoredEnd::first), minuteOf(2020, 3));
     EXPECT_EQ(found(station, 4, StoredEnd::last), minuteOf(2020, 4));
 }
@@ -104,7 +94,7 @@ TEST(FindStored, YearsWithoutAValueArePassedOver) {
     folder.write("Kanal04_2018.chn", minutesAt(10, {}));
     folder.write("Kanal04_2019.chn", minutesAt(10, {2, 5}));
     folder.write("Kanal04_2020.chn", channelFile(std::vector<double>{}) + "torn");
-    const StationConfig station = iniStation(folder);
+    const StationConfig station = channelStation(folder);
     EXPECT_EQ(found(station, 4, StoredEnd::first), minuteOf(2019, 2));
     EXPECT_EQ(found(station, 4, StoredEnd::last), minuteOf(2019, 5));
     EXPECT_EQ(found(station, 104, StoredEnd::last), std::nullopt);
@@ -115,7 +105,7 @@ TEST(FindStored, ADirectionNeedsItsSpeed) {
     folder.write("Kanal05_2020.chn", minutesAt(100, {10, 20, 30, 40}));
     folder.write("Kanal04_2020.chn", minutesAt(35, {20, 30}));
     folder.write("Kanal05_2021.chn", minutesAt(100, {10})); // its speed has no file
-    const StationConfig station = iniStation(folder);
+    const StationConfig station = channelStation(folder);
     EXPECT_EQ(found(station, 5, StoredEnd::first), minuteOf(2020, 20));
     EXPECT_EQ(found(station, 5, StoredEnd::last), minuteOf(2020, 30));
 }
@@ -123,7 +113,7 @@ TEST(FindStored, ADirectionNeedsItsSpeed) {
 TEST(FindStored, MinutesBeyondTheYearDoNotCount) {
     const TempFolder folder;
     folder.write("Kanal04_2021.chn", minutesAt(527040, {100, 525599, 525600}));
-    EXPECT_EQ(found(iniStation(folder), 4, StoredEnd::last), minuteOf(2021, 525599));
+    EXPECT_EQ(found(channelStation(folder), 4, StoredEnd::last), minuteOf(2021, 525599));
     EXPECT_EQ(minutesOfYear(2020), 527040);
     EXPECT_EQ(minutesOfYear(2021), 525600);
     EXPECT_EQ(minutesOfYear(1900), 525600);
@@ -132,7 +122,7 @@ TEST(FindStored, MinutesBeyondTheYearDoNotCount) {
 TEST(FindStored, AStepGivesItUp) {
     const TempFolder folder;
     folder.write("Kanal04_2020.chn", minutesAt(100000, {0}));
-    const StationConfig station = iniStation(folder);
+    const StationConfig station = channelStation(folder);
     int steps = 0;
     EXPECT_FALSE(findStored(station, 4, StoredEnd::last, openFile, [&] { return ++steps < 3; }));
     EXPECT_EQ(steps, 3);
@@ -149,11 +139,7 @@ TEST(FindStored, OfDayFiles) {
     folder.write("20200619.kmh",
                  dayRecord(2020, 6, 19, 8, Floats{1, 2}) + dayRecord(2020, 6, 19, 9, Floats{1, 99999900.0F}));
     folder.write("20200620.KMH", dayRecord(2020, 6, 20, 1, Floats{1, 0}));
-    StationConfig station;
-    station.Kind = ConfigKind::binary;
-    station.BaseFolder = folder.base();
-    station.ActiveChannels = {1, 3};
-    station.ChannelTable.grow(3).Mode = MODE_MEAN;
+    const StationConfig station = dayStation(folder);
     EXPECT_EQ(found(station, 3, StoredEnd::first), dateSerial(2020, 6, 17) + 30 / 1440.0);
     EXPECT_EQ(found(station, 3, StoredEnd::last), dateSerial(2020, 6, 19) + 8 / 1440.0);
     EXPECT_EQ(found(station, 1, StoredEnd::last), dateSerial(2020, 6, 20) + 1 / 1440.0);

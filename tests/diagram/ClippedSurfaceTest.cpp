@@ -3,7 +3,7 @@
 #include "drawing/ClippedSurface.h"
 
 #include "diagram/LineDiagram.h"
-#include "tests/drawing/TestSurface.h"
+#include "tests/testing/TestSurface.h"
 
 #include <array>
 #include <gtest/gtest.h>

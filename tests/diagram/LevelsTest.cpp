@@ -3,7 +3,7 @@
 #include "diagram/LineDiagram.h"
 
 #include "tests/diagram/TestDiagram.h"
-#include "tests/drawing/TestSurface.h"
+#include "tests/testing/TestSurface.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

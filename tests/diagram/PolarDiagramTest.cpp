@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "diagram/PolarDiagram.h"
-#include "tests/drawing/TestSurface.h"
+#include "tests/testing/TestSurface.h"
 
 #include <algorithm>
 #include <cmath>

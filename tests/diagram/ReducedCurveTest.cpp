@@ -2,8 +2,8 @@
 // What is left of a long series on a surface.
 #include "diagram/ReducedCurve.h"
 
-#include "tests/drawing/ShowDots.h"
-#include "tests/drawing/TestSurface.h"
+#include "tests/testing/ShowDots.h"
+#include "tests/testing/TestSurface.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

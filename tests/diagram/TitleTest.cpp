@@ -3,8 +3,8 @@
 #include "diagram/LineDiagram.h"
 
 #include "tests/diagram/TestDiagram.h"
-#include "tests/drawing/ShowDots.h"
-#include "tests/drawing/TestSurface.h"
+#include "tests/testing/ShowDots.h"
+#include "tests/testing/TestSurface.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A recorded drawing: a value that plays what was drawn.
 #include "drawing/PlacedSurface.h"
-#include "tests/drawing/TestSurface.h"
+#include "tests/testing/TestSurface.h"
 
 #include <gtest/gtest.h>
 

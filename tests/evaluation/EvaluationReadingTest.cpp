@@ -5,7 +5,7 @@
 #include "data/DataReader.h"
 #include "data/DayFiles.h"
 #include "evaluation/Evaluation.h"
-#include "tests/data/FakeFiles.h"
+#include "tests/testing/FakeFiles.h"
 #include "tests/testing/TempFolder.h"
 
 #include <gtest/gtest.h>

@@ -2,8 +2,8 @@
 // Any bytes as Sammeldruck.cfg: as they come, and brought to the length of the file.
 #include "batchprint/SettingsFile.h"
 #include "data/IntervalChoices.h"
-#include "tests/config/FakeFiles.h"
 #include "tests/fuzz/Fuzzing.h"
+#include "tests/testing/FakeFiles.h"
 
 #include <string>
 
@@ -13,7 +13,7 @@ using namespace kelvrum;
 using fuzzing::require;
 
 LoadedSettings settingsOf(const std::string& bytes) {
-    return loadSettings("Sammeldruck.cfg", testing::fileOf(bytes));
+    return loadSettings("Sammeldruck.cfg", testing::openerOf(bytes));
 }
 
 } // namespace

@@ -3,9 +3,9 @@
 // input: a request, the lengths of the first two files, then the bytes of three.
 #include "data/DataReader.h"
 #include "data/DayFormat.h"
-#include "tests/data/FakeFiles.h"
 #include "tests/diagram/TestDiagram.h"
 #include "tests/fuzz/Fuzzing.h"
+#include "tests/testing/FakeFiles.h"
 #include "tests/testing/TempFolder.h"
 #include "util/LittleEndian.h"
 #include "util/Validity.h"

@@ -3,8 +3,8 @@
 #include "config/ChannelList.h"
 #include "config/IniFile.h"
 #include "config/ReadConf.h"
-#include "tests/config/FakeFiles.h"
 #include "tests/fuzz/Fuzzing.h"
+#include "tests/testing/FakeFiles.h"
 #include "util/Paths.h"
 
 #include <cmath>
@@ -18,7 +18,7 @@ using fuzzing::require;
 
 StationConfig stationOf(const std::string& bytes) {
     StationConfig station;
-    require(ReadIni("QEL.ini", station, testing::fileOf(bytes)) == INI_READ, "a file that opens is read");
+    require(ReadIni("QEL.ini", station, testing::openerOf(bytes)) == INI_READ, "a file that opens is read");
     return station;
 }
 
@@ -70,7 +70,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (isUtf8(bytes) && !bytes.starts_with("\xEF\xBB\xBF")) {
         require(stationOf("\xEF\xBB\xBF" + bytes) == station, "a byte-order mark changes nothing");
     }
-    const auto opened = readConf("P\\qel.INI", testing::fileOf(bytes));
+    const auto opened = readConf("P\\qel.INI", testing::openerOf(bytes));
     require(opened && opened->ChannelTable == station.ChannelTable,
             "the project has the channels of its file");
     return 0;

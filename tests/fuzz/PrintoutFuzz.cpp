@@ -2,8 +2,8 @@
 // Any rows and columns of the printed table, on paper of any size. The input: sizes, then the line of the
 // columns, the header, and rows.
 #include "app/TablePrintout.h"
-#include "tests/drawing/TestSurface.h"
 #include "tests/fuzz/Fuzzing.h"
+#include "tests/testing/TestSurface.h"
 
 #include <cmath>
 #include <memory>

@@ -3,8 +3,8 @@
 #include "config/ChannelList.h"
 #include "config/VarnixFile.h"
 #include "config/VarnixFormat.h"
-#include "tests/config/FakeFiles.h"
 #include "tests/fuzz/Fuzzing.h"
+#include "tests/testing/FakeFiles.h"
 
 #include <string>
 
@@ -49,7 +49,7 @@ std::string withOtherRest(std::string record) {
 StationConfig stationOf(const std::string& record) {
     StationConfig station;
     station.Kind = ConfigKind::binary;
-    require(ReadVarnix("VARNIX.CFG", station, testing::fileOf(record)),
+    require(ReadVarnix("VARNIX.CFG", station, testing::openerOf(record)),
             "a record of the right length is read");
     return station;
 }
@@ -60,7 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::string bytes(reinterpret_cast<const char*>(data), size);
     StationConfig untouched;
     if (size != RECORD_SIZE) {
-        require(!ReadVarnix("VARNIX.CFG", untouched, testing::fileOf(bytes)), "no other length is read");
+        require(!ReadVarnix("VARNIX.CFG", untouched, testing::openerOf(bytes)), "no other length is read");
         require(untouched == StationConfig(), "what is not read changes nothing");
     }
     bytes.resize(RECORD_SIZE);

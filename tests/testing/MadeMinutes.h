@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Minutes made at random for properties of readings and means.
+// Minutes of a channel: counted ones, and random ones for properties of readings and means.
 #pragma once
 
 #include "tests/testing/Property.h"
@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <sstream>
@@ -14,6 +15,15 @@
 #include <vector>
 
 namespace kelvrum::testing {
+
+/// Minutes that tell where they come from: minute m holds m + 1 + `more`.
+inline std::vector<double> countedMinutes(std::size_t count, double more = 0) {
+    std::vector<double> minutes(count);
+    for (std::size_t m = 0; m < count; ++m) {
+        minutes[m] = static_cast<double>(m + 1) + more;
+    }
+    return minutes;
+}
 
 /// A minute: a value not far from the middle, or one of the many ways not to be one.
 inline double madeMinute(Numbers& numbers, double middle = 0, double spread = 1e6) {
@@ -27,10 +37,10 @@ inline double madeMinute(Numbers& numbers, double middle = 0, double spread = 1e
     return numbers.oneIn(3) ? std::floor(v) : v;
 }
 
-inline std::vector<double> madeMinutes(Numbers& numbers, std::uint64_t most) {
+inline std::vector<double> madeMinutes(Numbers& numbers, std::uint64_t maxCount) {
     const double middle = numbers.oneOf(std::array{0.0, -300.0, 1e6});
     const double spread = numbers.oneOf(std::array{0.0, 5.0, 1e6});
-    std::vector<double> minutes(numbers.below(most + 1));
+    std::vector<double> minutes(numbers.below(maxCount + 1));
     for (double& v : minutes) {
         v = madeMinute(numbers, middle, spread);
     }
