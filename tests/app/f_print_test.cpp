@@ -4,8 +4,8 @@
 #include "diagram/PolarSys.h"
 #include "diagram/SeriesTable.h"
 #include "tests/app/WindowFixture.h"
+#include "tests/testing/PrintTest.h"
 #include "tests/testing/PrintedDocument.h"
-#include "tests/testing/PrivateCups.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -54,31 +54,11 @@ MadeStation longStation() {
 
 } // namespace
 
-class f_print_test : public QObject {
+class f_print_test : public PrintTest {
     Q_OBJECT
 
   private:
-    std::unique_ptr<PrivateCups> cups_;
-    std::size_t before_ = 0;
-
-    [[nodiscard]] std::vector<QString> documents() const {
-        const std::vector<QString> all = cups_->documents();
-        return {all.begin() + static_cast<std::ptrdiff_t>(before_), all.end()};
-    }
-
   private Q_SLOTS:
-    void initTestCase() {
-        if (!PrivateCups::isInstalled()) {
-            QSKIP("no print scheduler here");
-        }
-        cups_ = std::make_unique<PrivateCups>();
-    }
-    void init() {
-        cups_->start();
-        cups_->resume();
-        before_ = cups_->documents().size();
-    }
-    void cleanupTestCase() { cups_.reset(); }
 
     void withoutPrinter_data() {
         QTest::addColumn<bool>("running");
@@ -89,9 +69,9 @@ class f_print_test : public QObject {
         QFETCH(bool, running);
         const WindowFixture fixture;
         if (running) {
-            cups_->start(Queue::NONE);
+            cups().start(Queue::NONE);
         } else {
-            cups_->stop();
+            cups().stop();
         }
         for (const char* entry : {"menPrint", "menCPrint", "menSelP"}) {
             fixture.dialogs->messages.clear();
@@ -100,7 +80,7 @@ class f_print_test : public QObject {
         }
         QVERIFY(fixture.the<PolarSys>("KS").DataCount() > 1000);
         QVERIFY(QGuiApplication::overrideCursor() == nullptr);
-        cups_->start(); // the program goes on, and prints
+        cups().start(); // the program goes on, and prints
         fixture.dialogs->messages.clear();
         fixture.trigger("menPrint");
         QCOMPARE(fixture.dialogs->messages, QStringList());
@@ -250,7 +230,7 @@ class f_print_test : public QObject {
         fixture.trigger("menPrint");
         QCOMPARE(fixture.dialogs->questions.size(), 1);
         QCOMPARE(documents().size(), 1U);
-        QCOMPARE(cups_->newestJob()[QStringLiteral("job-name")],
+        QCOMPARE(cups().newestJob()[QStringLiteral("job-name")],
                  QStringLiteral("Kläranlage Nord – Staub – 18.06.2020"));
     }
 
@@ -346,7 +326,7 @@ class f_print_test : public QObject {
         const QString first = QString::fromStdString(folder.at("Erste.pdf"));
         const WindowFixture fixture;
         fixture.chooseChannel(DUST_ROW);
-        cups_->stop();
+        cups().stop();
         fixture.dialogs->onPrinter = [&](QPrinter& printer) {
             printer.setOutputFormat(QPrinter::PdfFormat);
             printer.setOutputFileName(first);
@@ -368,20 +348,20 @@ class f_print_test : public QObject {
         QCOMPARE(fixture.dialogs->messages,
                  QStringList{QStringLiteral("Drucken: Die Datei „/dev/full“ konnte nicht geschrieben werden: "
                                             "No space left on device.")});
-        cups_->start();
+        cups().start();
         QCOMPARE(documents().size(), 0U);
     }
 
     /// A print system that does not answer gives a message, and the window goes on.
     void aSilentPrintSystem() {
         const WindowFixture fixture;
-        cups_->hang();
+        cups().hang();
         fixture.trigger("menPrint");
         QCOMPARE(
             fixture.dialogs->messages,
             QStringList{QStringLiteral("Drucken: Das Drucksystem antwortet nicht. Bitte versuchen Sie es "
                                        "später noch einmal.")});
-        cups_->start();
+        cups().start();
         fixture.trigger("menPrint");
         QCOMPARE(documents().size(), 1U);
     }
@@ -390,9 +370,9 @@ class f_print_test : public QObject {
         const WindowFixture fixture;
         fixture.chooseInterval(4);
         fixture.click("optView(1)");
-        cups_->reject(QStringLiteral("Papier wird gewechselt"));
+        cups().reject(QStringLiteral("Papier wird gewechselt"));
         fixture.trigger("menPrint");
-        cups_->resume();
+        cups().resume();
         QCOMPARE(fixture.dialogs->messages.size(), 1);
         QVERIFY(fixture.dialogs->messages[0].contains(QStringLiteral("Papier wird gewechselt")));
         QVERIFY(QGuiApplication::overrideCursor() == nullptr);
@@ -441,7 +421,7 @@ class f_print_test : public QObject {
         QVERIFY(fixture.the<QAbstractButton>("optView(1)").isChecked());
         QCOMPARE(fixture.the<QTableView>("lView").model()->rowCount(), rows);
         QVERIFY(QGuiApplication::overrideCursor() == nullptr);
-        QCOMPARE(cups_->openJobs(), 0U);
+        QCOMPARE(cups().openJobs(), 0U);
         QCOMPARE(documents().size(), 0U);
         QCOMPARE(QDir(QDir::tempPath()).entryList({QStringLiteral("kelvrum-*.pdf")}, QDir::Files),
                  filesBefore);
@@ -489,7 +469,7 @@ class f_print_test : public QObject {
             });
         QCOMPARE(fixture.dialogs->messages, QStringList());
         QCOMPARE(result, QStringLiteral("2 Seiten an den Drucker „Testdrucker“ gedruckt."));
-        QCOMPARE(cups_->newestJob()[QStringLiteral("job-name")],
+        QCOMPARE(cups().newestJob()[QStringLiteral("job-name")],
                  QStringLiteral("Kläranlage Nord – Sammeldruck – 18.06.2020"));
         const auto found = documents();
         QCOMPARE(found.size(), 1U);
@@ -539,7 +519,7 @@ class f_print_test : public QObject {
                 QTest::keyClick(dialog.findChild<QCheckBox*>(QString::fromUtf8(row)), Qt::Key_Space);
             }
             if (step == 0 && dies) {
-                cups_->kill();
+                cups().kill();
             }
             auto* button = dialog.findChild<QPushButton*>(QStringLiteral("OKButton"));
             QTest::mouseClick(button, Qt::LeftButton);
@@ -548,7 +528,7 @@ class f_print_test : public QObject {
         int reads = 0;
         fixture.files.onRead = [&] {
             if (++reads == step) {
-                cups_->kill();
+                cups().kill();
             }
         };
         fixture.inWindowOf([&] { fixture.trigger("menCPrint"); }, print);
@@ -559,7 +539,7 @@ class f_print_test : public QObject {
         QVERIFY(QGuiApplication::overrideCursor() == nullptr);
         QCOMPARE(fixture.the<PolarSys>("KS").DataCount(), count);
         fixture.dialogs->messages.clear();
-        cups_->start();
+        cups().start();
         const std::size_t printed = documents().size();
         QCOMPARE(printed, message.isEmpty() ? 1U : 0U);
         fixture.inWindowOf([&] { fixture.trigger("menCPrint"); }, print);

@@ -23,16 +23,14 @@ constexpr double NEAR = 0.3; // millimetres
 
 } // namespace
 
-class PrintAreaTest : public QObject {
+class PrintAreaTest : public testing::PrintTest {
     Q_OBJECT
 
   private:
-    std::unique_ptr<PrivateCups> cups_;
-
     [[nodiscard]] PrintedPage printedPage(PrintedDiagram& diagram) const {
         diagram.control.setAchseText("Staub;Feuchte");
         diagram.print(true);
-        return printedPages(cups_->documents().back()).at(0);
+        return printedPages(cups().documents().back()).at(0);
     }
 
     /// Whether a page leaves these margins: its title is 3 mm below its upper edge, in the middle of its
@@ -53,14 +51,6 @@ class PrintAreaTest : public QObject {
     }
 
   private Q_SLOTS:
-    void initTestCase() {
-        if (!PrivateCups::isInstalled()) {
-            QSKIP("There is no print scheduler here.");
-        }
-        cups_ = std::make_unique<PrivateCups>();
-    }
-    void cleanup() { seriesTable().clear(); }
-    void cleanupTestCase() { cups_.reset(); }
 
     void areas_data() {
         QTest::addColumn<QMarginsF>("smallest");
@@ -103,13 +93,12 @@ class PrintAreaTest : public QObject {
     }
 
     void aPageWithoutBordersIsTheSheet() {
-        cups_->start();
         PrintedDiagram diagram;
         QVERIFY(leaves(printedPage(diagram), {}));
     }
 
     void aPageIsWhatTheQueueCanPrintOn() {
-        cups_->start(Queue::BORDERS);
+        cups().start(Queue::BORDERS);
         PrintedDiagram diagram;
         diagram.control.setFussnote("Fußnote");
         const PrintedPage page = printedPage(diagram);
@@ -121,7 +110,7 @@ class PrintAreaTest : public QObject {
     }
 
     void theBordersAreThoseOfTheChosenPaper() {
-        cups_->start(Queue::BORDERS);
+        cups().start(Queue::BORDERS);
         PrintedDiagram diagram;
         diagram.job.setUp([](QPrinter& printer) {
             printer.setPageSize(QPageSize(QPageSize::A5));
@@ -134,7 +123,6 @@ class PrintAreaTest : public QObject {
 
     /// Margins count when the user has set them in a dialog that was accepted, and stay.
     void theUsersMarginsCount() {
-        cups_->start();
         PrintedDiagram diagram;
         const auto dialog = [&](const QMarginsF& margins, bool accepted) {
             return diagram.job.setUp([&](QPrinter& printer) {
@@ -155,7 +143,7 @@ class PrintAreaTest : public QObject {
     }
 
     void theToolkitsMarginsDoNotCount() {
-        cups_->start(Queue::BORDERS);
+        cups().start(Queue::BORDERS);
         PrintedDiagram diagram;
         diagram.job.setUp([](QPrinter& printer) { // as its dialog does with another paper
             QPrinter fresh(QPrinter::HighResolution);

@@ -37,19 +37,10 @@ std::string failure(PolarSys& control, bool finish) {
 
 } // namespace
 
-class PrintDiagTest : public QObject {
+class PrintDiagTest : public testing::PrintTest {
     Q_OBJECT
 
   private:
-    std::unique_ptr<PrivateCups> cups_;
-    std::size_t before_ = 0;
-
-    /// The documents that this test function has printed so far.
-    [[nodiscard]] std::vector<QString> documents() const {
-        const std::vector<QString> all = cups_->documents();
-        return {all.begin() + static_cast<std::ptrdiff_t>(before_), all.end()};
-    }
-
     /// Prints one page and reads it; a page without words when it did not come out as one.
     [[nodiscard]] PrintedPage printedPage(PrintedDiagram& diagram) const {
         diagram.print(true);
@@ -59,22 +50,6 @@ class PrintDiagTest : public QObject {
     }
 
   private Q_SLOTS:
-    void initTestCase() {
-        if (!PrivateCups::isInstalled()) {
-            QSKIP("There is no print scheduler here.");
-        }
-        cups_ = std::make_unique<PrivateCups>();
-    }
-    void init() {
-        try {
-            cups_->start();
-            before_ = cups_->documents().size();
-        } catch (const std::exception& error) {
-            QFAIL(error.what());
-        }
-    }
-    void cleanup() { seriesTable().clear(); }
-    void cleanupTestCase() { cups_.reset(); }
 
     // --- jobs ---
 
@@ -175,16 +150,16 @@ class PrintDiagTest : public QObject {
             diagram.print(true);
             QVERIFY(diagram.job.hasPrinter());
         }
-        cups_->stop();
+        cups().stop();
         if (running) {
-            cups_->start(Queue::NONE);
+            cups().start(Queue::NONE);
         }
         QVERIFY(!diagram.job.hasPrinter());
         QCOMPARE(failure(diagram.control, finish), std::string(UNREACHABLE));
         QVERIFY(!diagram.job.isOpen());
         QCOMPARE(failure(diagram.control, finish), std::string(UNREACHABLE)); // the control is usable
 
-        cups_->start();
+        cups().start();
         QVERIFY(diagram.job.hasPrinter());
         QCOMPARE(documents().size(), std::size_t(printedBefore ? 1 : 0));
         diagram.control.setHeadLine("Danach");
@@ -195,33 +170,33 @@ class PrintDiagTest : public QObject {
     void anotherPrinterTakesThePlaceOfOneThatIsGone() {
         PrintedDiagram diagram;
         diagram.print(true);
-        cups_->start(Queue::OTHER);
-        const std::size_t before = cups_->documents().size();
+        cups().start(Queue::OTHER);
+        const std::size_t before = cups().documents().size();
         QVERIFY(diagram.job.hasPrinter());
         QCOMPARE(diagram.job.printer().printerName(), QStringLiteral("Ersatzdrucker"));
         diagram.print(true);
-        QCOMPARE(cups_->documents().size(), before + 1);
+        QCOMPARE(cups().documents().size(), before + 1);
     }
 
     void aPrinterThatIsGoneBeforeTheEndPrintsNothing() {
         PrintedDiagram diagram;
         diagram.print(false);
-        cups_->start(Queue::OTHER); // not the one that the pages were made for
-        const std::size_t before = cups_->documents().size();
+        cups().start(Queue::OTHER); // not the one that the pages were made for
+        const std::size_t before = cups().documents().size();
         QCOMPARE(failure(diagram.control, true), std::string(UNREACHABLE));
         QVERIFY(!diagram.job.isOpen());
-        QCOMPARE(cups_->documents().size(), before);
+        QCOMPARE(cups().documents().size(), before);
     }
 
     void aSchedulerThatDiesBetweenPagesPrintsNone() {
         PrintedDiagram diagram;
         diagram.control.setHeadLine("Vorher");
         diagram.print(false);
-        cups_->kill();
+        cups().kill();
         QCOMPARE(failure(diagram.control, true), std::string(UNREACHABLE));
         QVERIFY(!diagram.job.isOpen());
 
-        cups_->start();
+        cups().start();
         QCOMPARE(documents().size(), std::size_t(0));
         diagram.control.setHeadLine("Danach");
         const PrintedPage page = printedPage(diagram);
@@ -233,10 +208,10 @@ class PrintDiagTest : public QObject {
         PrintedDiagram diagram;
         diagram.print(false);
         diagram.print(false);
-        cups_->kill();
+        cups().kill();
         QVERIFY_THROWS_EXCEPTION(PrintError, diagram.job.end());
         QVERIFY(!diagram.job.isOpen());
-        cups_->start();
+        cups().start();
         QCOMPARE(documents().size(), std::size_t(0));
         diagram.print(true);
         QCOMPARE(documents().size(), std::size_t(1));
@@ -245,8 +220,8 @@ class PrintDiagTest : public QObject {
     void aSchedulerThatIsBackInTimeTakesTheWholeJob() {
         PrintedDiagram diagram;
         diagram.print(false);
-        cups_->kill();
-        cups_->start();
+        cups().kill();
+        cups().start();
         diagram.print(true);
         QCOMPARE(documents().size(), std::size_t(1));
         QCOMPARE(printedPages(documents()[0]).size(), std::size_t(2));

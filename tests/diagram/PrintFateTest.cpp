@@ -63,42 +63,23 @@ void chooseFile(PrintJob& job, const QString& path) {
 
 } // namespace
 
-class PrintFateTest : public QObject {
+class PrintFateTest : public testing::PrintTest {
     Q_OBJECT
 
   private:
-    std::unique_ptr<PrivateCups> cups_;
-    std::size_t before_ = 0;
     QTemporaryDir scratch_;
     QStringList filesBefore_;
 
-    [[nodiscard]] std::size_t newJobs() const { return cups_->allJobs() - before_; }
-
   private Q_SLOTS:
-    void initTestCase() {
-        if (!PrivateCups::isInstalled()) {
-            QSKIP("There is no print scheduler here.");
-        }
-        cups_ = std::make_unique<PrivateCups>();
-    }
     void init() {
-        try {
-            cups_->start();
-            cups_->resume();
-            before_ = cups_->allJobs();
-            qputenv("TMPDIR", scratch_.path().toLocal8Bit()); // other tests have temporary files of their own
-            filesBefore_ = temporaryFiles();
-        } catch (const std::exception& error) {
-            QFAIL(error.what());
-        }
+        PrintTest::init();
+        qputenv("TMPDIR", scratch_.path().toLocal8Bit()); // other tests have temporary files of their own
+        filesBefore_ = temporaryFiles();
     }
     void cleanup() {
-        seriesTable().clear();
-        if (cups_) {
-            QCOMPARE(temporaryFiles(), filesBefore_);
-        }
+        PrintTest::cleanup();
+        QCOMPARE(temporaryFiles(), filesBefore_);
     }
-    void cleanupTestCase() { cups_.reset(); }
 
     // --- the queue's answer ---
 
@@ -114,7 +95,7 @@ class PrintFateTest : public QObject {
     void aQueueThatRefusesSaysWhy() {
         PrintedDiagram diagram;
         diagram.print(false);
-        cups_->reject(WORDS);
+        cups().reject(WORDS);
         const QString said = failure(diagram.job);
         QVERIFY2(said.startsWith(
                      QStringLiteral("Der Druckauftrag wurde vom Drucker „Testdrucker“ nicht angenommen: ")),
@@ -122,7 +103,7 @@ class PrintFateTest : public QObject {
         QVERIFY2(said.contains(WORDS), qPrintable(said));
         QVERIFY(!diagram.job.isOpen());
         QCOMPARE(newJobs(), std::size_t(0));
-        cups_->resume();
+        cups().resume();
         diagram.print(true);
         QCOMPARE(newJobs(), std::size_t(1));
     }
@@ -130,13 +111,13 @@ class PrintFateTest : public QObject {
     void aStoppedQueueSaysWhy() {
         PrintedDiagram diagram;
         diagram.print(false);
-        cups_->halt(WORDS);
+        cups().halt(WORDS);
         const QString said = failure(diagram.job);
         QVERIFY2(said.startsWith(QStringLiteral("Der Drucker „Testdrucker“ ist angehalten: ") + WORDS),
                  qPrintable(said));
         QCOMPARE(newJobs(), std::size_t(1)); // it waits
-        cups_->resume();
-        QCOMPARE(cups_->documents().size(), before_ + 1);
+        cups().resume();
+        QCOMPARE(documents().size(), std::size_t(1));
     }
 
     void aSchedulerThatDiesWhileItReceivesPrintsNothing() {
@@ -144,13 +125,13 @@ class PrintFateTest : public QObject {
         diagram.print(false);
         diagram.job.setStep([this](const PrintProgress& progress) {
             if (progress.stage == Stage::making) {
-                cups_->kill(); // after the last question, before the first byte
+                cups().kill(); // after the last question, before the first byte
             }
             return true;
         });
         QCOMPARE(failure(diagram.job), QString::fromUtf8(UNREACHABLE));
         diagram.job.setStep({});
-        cups_->start();
+        cups().start();
         QCOMPARE(newJobs(), std::size_t(0));
         diagram.print(true);
         QCOMPARE(newJobs(), std::size_t(1));
@@ -166,19 +147,19 @@ class PrintFateTest : public QObject {
         PrintedDiagram diagram;
         int steps = 0;
         if (early) {
-            cups_->hang();
+            cups().hang();
             diagram.job.setStep([&](const PrintProgress&) { return ++steps > 0; });
             QVERIFY_THROWS_EXCEPTION(PrintError, std::ignore = diagram.job.hasPrinter());
         } else {
             diagram.print(false);
-            cups_->hang();
+            cups().hang();
             diagram.job.setStep([&](const PrintProgress&) { return ++steps > 0; });
             QCOMPARE(failure(diagram.job), QString::fromUtf8(NO_ANSWER));
         }
         QVERIFY(steps > 50); // events have run meanwhile
         QVERIFY(!diagram.job.isOpen());
         diagram.job.setStep({});
-        cups_->start();
+        cups().start();
         QCOMPARE(newJobs(), std::size_t(0));
         diagram.print(true);
         QCOMPARE(newJobs(), std::size_t(1));
@@ -199,20 +180,20 @@ class PrintFateTest : public QObject {
         diagram.print(false);
         diagram.print(false);
         if (hanging) {
-            cups_->hang();
+            cups().hang();
         }
         diagram.job.setStep([stage](const PrintProgress& progress) { return int(progress.stage) != stage; });
         QVERIFY_THROWS_EXCEPTION(PrintCancelled, diagram.job.end());
         QVERIFY(!diagram.job.isOpen());
         diagram.job.setStep({});
-        cups_->start();
+        cups().start();
         QCOMPARE(newJobs(), std::size_t(0));
     }
 
     // --- the options of the job ---
 
     void theQueueGetsNameAndChoices() {
-        cups_->start(Queue::BORDERS); // its description has sides and sources
+        cups().start(Queue::BORDERS); // its description has sides and sources
         PrintedDiagram diagram;
         diagram.job.setName("Kläranlage Nord – Staub PM10 – 18.06.2026");
         diagram.job.setUp([](QPrinter& printer) {
@@ -225,7 +206,7 @@ class PrintFateTest : public QObject {
             return true;
         });
         diagram.print(true);
-        const auto job = cups_->newestJob();
+        const auto job = cups().newestJob();
         const auto is = [&job](const char* name, const char* value) {
             const auto found = job.find(QString::fromUtf8(name));
             const QString text = found != job.end() ? found->second : QStringLiteral("nothing");
@@ -241,7 +222,7 @@ class PrintFateTest : public QObject {
         QVERIFY(is("print-color-mode", "monochrome"));
         QVERIFY(is("media", "A5"));
         QVERIFY(is("InputSlot", "Lower"));
-        const QImage page = testing::picturedPage(cups_->documents().back(), 0, 5);
+        const QImage page = testing::picturedPage(cups().documents().back(), 0, 5);
         for (int y = 0; y < page.height(); ++y) {
             for (int x = 0; x < page.width(); ++x) {
                 const QRgb dot = page.pixel(x, y);
@@ -255,7 +236,7 @@ class PrintFateTest : public QObject {
     void aFileCountsAsAPrinter() {
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("Bericht.pdf"));
-        cups_->stop();
+        cups().stop();
         PrintedDiagram diagram;
         QVERIFY(!diagram.job.hasPrinter());
         chooseFile(diagram.job, path);
@@ -274,7 +255,7 @@ class PrintFateTest : public QObject {
         QCOMPARE(printedPages(other).size(), std::size_t(1));
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 2);
         QCOMPARE(diagram.job.receipt().place, QStringLiteral("in die Datei „%1“").arg(other));
-        cups_->start();
+        cups().start();
     }
 
     void aFileIsReplacedAsAWhole_data() {

@@ -93,16 +93,14 @@ std::vector<Column> yearOfMinutes() {
 
 } // namespace
 
-class PrintPageTest : public QObject {
+class PrintPageTest : public testing::PrintTest {
     Q_OBJECT
 
   private:
-    std::unique_ptr<PrivateCups> cups_;
-
     /// Prints one page and gives the document.
     [[nodiscard]] QString printed(PrintedDiagram& diagram) const {
         diagram.print(true);
-        return cups_->documents().back();
+        return documents().back();
     }
     [[nodiscard]] PrintedPage printedPage(PrintedDiagram& diagram) const {
         return printedPages(printed(diagram)).at(0);
@@ -112,19 +110,6 @@ class PrintPageTest : public QObject {
     }
 
   private Q_SLOTS:
-    void initTestCase() {
-        if (!PrivateCups::isInstalled()) {
-            QSKIP("There is no print scheduler here.");
-        }
-        cups_ = std::make_unique<PrivateCups>();
-        try {
-            cups_->start();
-        } catch (const std::exception& error) {
-            QFAIL(error.what());
-        }
-    }
-    void cleanup() { seriesTable().clear(); }
-    void cleanupTestCase() { cups_.reset(); }
 
     // --- texts ---
 

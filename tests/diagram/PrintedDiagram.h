@@ -6,8 +6,8 @@
 #include "drawing/PrintJob.h"
 
 #include "tests/diagram/TestDiagram.h"
+#include "tests/testing/PrintTest.h"
 #include "tests/testing/PrintedDocument.h"
-#include "tests/testing/PrivateCups.h"
 
 #include <QTest>
 #include <vector>

@@ -256,11 +256,20 @@ void PrivateCups::writeConfiguration() const {
 
 QString PrivateCups::printer() const { return QString::fromLatin1(namesOf(queue_).printer); }
 
-void PrivateCups::reject(const QString& reason) const {
+void PrivateCups::restore() {
+    if (scheduler_.state() != QProcess::Running || queue_ != Queue::DEFAULT || refusing_) {
+        start();
+        resume();
+    }
+}
+
+void PrivateCups::reject(const QString& reason) {
+    refusing_ = true;
     outputOf(QStringLiteral("cupsreject"), {QStringLiteral("-r"), reason, printer()});
 }
 
-void PrivateCups::halt(const QString& reason) const {
+void PrivateCups::halt(const QString& reason) {
+    refusing_ = true;
     outputOf(QStringLiteral("cupsdisable"), {QStringLiteral("-r"), reason, printer()});
 }
 
@@ -283,6 +292,7 @@ void PrivateCups::hang() {
 void PrivateCups::start(Queue queue) {
     stop();
     queue_ = queue;
+    refusing_ = false;
     writeConfiguration();
     scheduler_.start(programPath(QStringLiteral("cupsd")),
                      {QStringLiteral("-f"), QStringLiteral("-c"), path(QStringLiteral("cupsd.conf")),

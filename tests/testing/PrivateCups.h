@@ -42,14 +42,18 @@ class PrivateCups {
     /// queue has had are there again. Throws std::runtime_error with the error log when it does not start.
     void start(Queue queue = Queue::DEFAULT);
 
+    /// Makes the scheduler what it is after start(): starts it anew, unless nothing has been done to it
+    /// since.
+    void restore();
+
     /// Ends the scheduler in good order, or at once as a crash would. It is gone on return.
     void stop() { end(&QProcess::terminate); }
     void kill() { end(&QProcess::kill); }
 
     /// From now on the printer takes no jobs, or takes them and prints none, for a reason; or does both
     /// again.
-    void reject(const QString& reason) const;
-    void halt(const QString& reason) const;
+    void reject(const QString& reason);
+    void halt(const QString& reason);
     void resume() const;
 
     /// Ends the scheduler; in its place there is a socket from now on which takes calls and never answers.
@@ -77,6 +81,7 @@ class PrivateCups {
     TempFolder folder_;
     QProcess scheduler_;
     Queue queue_ = Queue::DEFAULT;
+    bool refusing_ = false; // since reject() or halt()
     int silentSocket_ = -1; // listens while `hang` is in force
 };
 

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/testing/PrintTest.h"
+
+#include "diagram/SeriesTable.h"
+
+#include <QTest>
+#include <exception>
+
+namespace kelvrum::testing {
+
+std::vector<QString> PrintTest::documents() const {
+    const std::vector<QString> all = cups_->documents();
+    return {all.begin() + static_cast<std::ptrdiff_t>(documentsBefore_), all.end()};
+}
+
+void PrintTest::initTestCase() {
+    if (!PrivateCups::isInstalled()) {
+        QSKIP("There is no print scheduler here.");
+    }
+    cups_ = std::make_unique<PrivateCups>();
+}
+
+void PrintTest::init() {
+    try {
+        cups_->restore();
+        documentsBefore_ = cups_->documents().size();
+        jobsBefore_ = cups_->allJobs();
+    } catch (const std::exception& error) {
+        QFAIL(error.what());
+    }
+}
+
+void PrintTest::cleanup() { seriesTable().clear(); }
+
+} // namespace kelvrum::testing
