@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A recorded drawing: a value that plays what was drawn.
-#include "drawing/PlacedSurface.h"
+#include "drawing/RecordedDrawing.h"
+
 #include "tests/testing/TestSurface.h"
 
 #include <gtest/gtest.h>
@@ -59,30 +60,6 @@ TEST(RecordedDrawing, RestartsEmptyWithTheDefaultFont) {
     surface.restart();
     EXPECT_TRUE(surface.drawing().primitives.empty());
     EXPECT_EQ(surface.textExtent("x").width, TestSurface::CHARACTER);
-}
-
-TEST(PlacedSurface, MovesEveryPrimitiveAndLeavesThePaper) {
-    TestSurface page({500, 400}, 2);
-    PlacedSurface placed(page, {100, 10}, {50, 40}, 3, 2);
-    EXPECT_EQ(placed.size(), (Extent{50, 40}));
-    EXPECT_EQ(placed.scale(), 3);
-    drawAll(placed);
-
-    TestSurface expected({500, 400}, 2);
-    expected.setPen(RED);
-    expected.setClip(Box{101, 12, 130, 50});
-    expected.line({101, 12}, {103, 14});
-    const Segment segments[] = {{{100, 10}, {105, 15}}, {{107, 17}, {107, 17}}};
-    expected.lines(segments);
-    const Box boxes[] = {{100, 10, 102, 12}, {105, 15, 106, 17}};
-    expected.fill(boxes, BLUE);
-    expected.ellipse({100, 10, 109, 19}, {});
-    expected.pie({100, 10, 109, 19}, {109, 10}, {100, 19}, GREEN);
-    expected.setFont({"Courier", 22, true, false});
-    expected.text({103, 14}, "Nord");
-    expected.setClip({});
-    EXPECT_EQ(page.drawing(), expected.drawing());
-    EXPECT_EQ(placed.textExtent("x").width, 2 * TestSurface::BOLD_CHARACTER);
 }
 
 } // namespace
