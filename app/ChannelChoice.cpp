@@ -20,6 +20,9 @@ ChannelChoice::ChannelChoice(QWidget* parent)
     });
     connect(this, &QListWidget::itemClicked, this, &ChannelChoice::click);
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &ChannelChoice::keepSelection);
+    // Once the change is complete: a click and a key select first and make the row the current one then.
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &ChannelChoice::followSelection,
+            Qt::QueuedConnection);
 }
 
 void ChannelChoice::fill(const std::vector<ListedChannel>& channels) {
@@ -47,6 +50,16 @@ void ChannelChoice::keepSelection() {
     QListWidgetItem* shown = currentItem();
     if (shown != nullptr && !selectionModel()->hasSelection()) {
         shown->setSelected(true);
+    }
+}
+
+/// A screen reader selects a row without making it the current one, and leaves the old one selected.
+void ChannelChoice::followSelection() {
+    for (QListWidgetItem* item : selectedItems()) {
+        if (item != currentItem()) {
+            setCurrentItem(item, QItemSelectionModel::ClearAndSelect);
+            return;
+        }
     }
 }
 

@@ -32,6 +32,7 @@ class ChannelChoice : public QListWidget {
 
   private:
     void keepSelection();
+    void followSelection();
     void click(QListWidgetItem* item);
 
     bool pressChose_ = false; // the press of the mouse has chosen another channel

@@ -29,6 +29,7 @@ KindMenu::KindMenu(QWidget* diagram)
     : QMenu(diagram)
     , kinds_(new QActionGroup(this)) {
     setObjectName(QStringLiteral("menKS"));
+    setAccessibleName(QStringLiteral("Diagramm"));
     for (const Kind& entry : KINDS) {
         QAction* action = addAction(QString::fromUtf8(entry.caption));
         action->setObjectName(QString::fromUtf8(entry.name));

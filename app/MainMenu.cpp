@@ -13,6 +13,7 @@ namespace {
 QMenu* addMenu(QMainWindow& window, const char* name, const char* caption) {
     QMenu* menu = window.menuBar()->addMenu(QString::fromUtf8(caption));
     menu->setObjectName(QString::fromUtf8(name));
+    menu->setAccessibleName(menu->title().remove(QLatin1Char('&')));
     return menu;
 }
 
@@ -40,6 +41,8 @@ MainMenu::MainMenu(QMainWindow& window)
     , MenEnd(addLastEntry(menDat, "MenEnd", "&Ende"))
     , menKor(addMenu(window, "menKor", "&Korrekturfaktoren"))
     , menWind(addEntry(menKor, "menWind", "&Wind"))
-    , menStaub(addEntry(menKor, "menStaub", "&Staub")) {}
+    , menStaub(addEntry(menKor, "menStaub", "&Staub")) {
+    window.menuBar()->setAccessibleName(QStringLiteral("Menüleiste"));
+}
 
 } // namespace kelvrum

@@ -11,6 +11,7 @@
 #include "app/ZoomFrame.h"
 #include "config/ConfigForms.h"
 #include "diagram/PolarSys.h"
+#include "util/AccessibleButtons.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -38,6 +39,7 @@ f::f(Environment environment)
     , loader_([this](const ReadingStep& step) { loadView(step); }, [] { QCoreApplication::processEvents(); })
     , menu_(*this)
     , client_(new QWidget(this)) {
+    makeButtonsClickable();
     setCentralWidget(client_);
     buildParts();
     buildReading();

@@ -58,6 +58,7 @@ void f::buildParts() {
 void f::buildFoot() {
     constexpr int WIDTH = column::WIDTH - 3;
     Frame2 = makeControl<QFrame>(client_, "Frame2", QRect(column::LEFT, 646, column::WIDTH, 13));
+    Frame2->setAccessibleName(QStringLiteral("Status"));
     Label8 = makeControl<QLabel>(Frame2, "Label8", QRect(3, 0, WIDTH, 13), QStringLiteral("Lade Daten ..."));
     Label8->setAutoFillBackground(true); // in a low window both labels lie over the column
     Label8->hide();

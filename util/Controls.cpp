@@ -3,7 +3,9 @@
 
 #include "util/Numbers.h"
 
+#include <QAbstractItemView>
 #include <QEvent>
+#include <QItemSelectionModel>
 #include <QLineEdit>
 
 namespace kelvrum {
@@ -49,6 +51,23 @@ void showNumber(QLineEdit& field, double v) {
 void ignorePassingWheel(QWidget& control) {
     control.setFocusPolicy(Qt::StrongFocus);
     control.installEventFilter(new PassingWheel(&control));
+}
+
+void followScreenReader(QComboBox& choice) {
+    const QAbstractItemView* list = choice.view();
+    QItemSelectionModel* marked = list->selectionModel();
+    const auto follow = [&choice, list, marked](const QItemSelection& selected) {
+        const QModelIndexList rows = selected.indexes();
+        // While the list is unfolded, marking a row is not yet choosing it.
+        if (rows.isEmpty() || list->isVisible() || !choice.isEnabled() ||
+            rows.first().row() == choice.currentIndex()) {
+            return;
+        }
+        marked->select(rows.first(), QItemSelectionModel::ClearAndSelect);
+        choice.setCurrentIndex(rows.first().row());
+        Q_EMIT choice.activated(rows.first().row());
+    };
+    QObject::connect(marked, &QItemSelectionModel::selectionChanged, &choice, follow);
 }
 
 } // namespace kelvrum

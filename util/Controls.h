@@ -33,6 +33,10 @@ void showNumber(QLineEdit& field, double v);
 /// and does not bring it the focus.
 void ignorePassingWheel(QWidget& control);
 
+/// A row that a screen reader selects in the folded list of a choice is chosen as if by the user; the toolkit
+/// alone would only mark it.
+void followScreenReader(QComboBox& choice);
+
 /// A control with its object name, at its place in its parent.
 template<typename Control, typename... Arguments>
 Control* makeControl(QWidget* parent, const QString& name, const QRect& place, Arguments&&... arguments) {
@@ -48,12 +52,13 @@ Control* makeControl(QWidget* parent, const char* name, const QRect& place, Argu
 }
 
 /// Fills a drop-down list with choices, each of which has a `caption`; `data` is the member that becomes the
-/// item data.
+/// item data. Screen readers can choose from it.
 template<typename Choices, typename Data>
 void fillChoices(QComboBox& box, const Choices& choices, Data data) {
     for (const auto& choice : choices) {
         box.addItem(QString::fromUtf8(choice.caption), choice.*data);
     }
+    followScreenReader(box);
 }
 
 } // namespace kelvrum

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // For those who work without a mouse or without seeing the window: names, tab order, mnemonics.
+#include "diagram/PolarSys.h"
 #include "tests/app/WindowFixture.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -23,6 +25,21 @@ namespace {
 QChar mnemonic(const QString& caption) {
     const QKeySequence keys = QKeySequence::mnemonic(caption);
     return keys.isEmpty() ? QChar() : QChar(keys[0].key()).toUpper();
+}
+
+/// Toggles the row with that text in a list or in the folded list of a choice, as a screen reader does.
+void toggle(QWidget* control, const QString& text) {
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(control);
+    if (list->role() == QAccessible::ComboBox) {
+        list = list->child(0);
+    }
+    for (int i = 0; i < list->childCount(); ++i) {
+        if (list->child(i)->text(QAccessible::Name) == text) {
+            list->child(i)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+            return;
+        }
+    }
+    qFatal("no row");
 }
 
 } // namespace
@@ -227,6 +244,78 @@ class f_access_test : public QObject {
         QVERIFY(fixture.files.opened > 0);
         QTest::keyClick(&fixture.the<QWidget>("Command2"), Qt::Key_Space);
         QCOMPARE(fixture.the<QLabel>("lZoom").text(), QStringLiteral("2"));
+    }
+
+    /// A screen reader works the controls through its own interfaces, and the view follows as if by the user.
+    void aScreenReaderChoosesAChannel() {
+        const WindowFixture fixture;
+        auto& list = fixture.the<QListWidget>("selChan");
+        for (const int row : {2, 0, 3}) {
+            toggle(&list, list.item(row)->text());
+            QTRY_COMPARE(list.currentRow(), row);
+            QCOMPARE(list.selectedItems(), QList<QListWidgetItem*>{list.item(row)});
+            QVERIFY(fixture.the<PolarSys>("KS").HeadLine().find(list.item(row)->text().toStdString()) !=
+                    std::string::npos);
+        }
+        toggle(&list, list.item(3)->text()); // one is selected at all times
+        QCoreApplication::processEvents();
+        QCOMPARE(list.selectedItems(), QList<QListWidgetItem*>{list.item(3)});
+    }
+
+    void aScreenReaderChoosesAnInterval() {
+        WindowFixture fixture;
+        auto& choice = fixture.the<QComboBox>("selInterval");
+        fixture.files.opened = 0;
+        for (const int row : {4, 1}) {
+            toggle(&choice, choice.itemText(row));
+            QCOMPARE(choice.currentIndex(), row);
+        }
+        QCOMPARE(fixture.window->interval(), 5);
+        QVERIFY(fixture.files.opened >= 2);
+        // What is marked in the unfolded list is not chosen before a key says so.
+        choice.showPopup();
+        QTRY_VERIFY(choice.view()->isVisible());
+        QTest::keyClick(choice.view(), Qt::Key_Down);
+        QTest::keyClick(choice.view(), Qt::Key_Escape);
+        QCoreApplication::processEvents();
+        QCOMPARE(choice.currentIndex(), 1);
+    }
+
+    void aScreenReaderClicksBoxesAndOptions() {
+        const WindowFixture fixture;
+        const auto click = [&fixture](const char* name) {
+            QAccessible::queryAccessibleInterface(&fixture.the<QWidget>(name))
+                ->actionInterface()
+                ->doAction(QAccessibleActionInterface::toggleAction());
+        };
+        click("Check1");
+        QVERIFY(fixture.the<QWidget>("Text3").isEnabled());
+        click("Check2");
+        QVERIFY(fixture.the<PolarSys>("KS").showMittel());
+        click("optView(1)");
+        QVERIFY(fixture.the<QWidget>("lView").isVisible());
+        click("Option1");
+        QVERIFY(!fixture.the<QWidget>("Text1").isEnabled());
+        const auto* face = QAccessible::queryAccessibleInterface(&fixture.the<QWidget>("Check1"));
+        QVERIFY(face->state().checked);
+        QCOMPARE(face->role(), QAccessible::CheckBox);
+        QCOMPARE(face->text(QAccessible::Name), QStringLiteral("Grenzwerte anzeigen"));
+    }
+
+    void barsAndStripsHaveNames() {
+        const WindowFixture fixture;
+        const std::pair<QWidget*, const char*> rows[] = {
+            {fixture.window->menuBar(), "Menüleiste"},
+            {&fixture.the<QWidget>("menDat"), "Datei"},
+            {&fixture.the<QWidget>("menKor"), "Korrekturfaktoren"},
+            {&fixture.the<QWidget>("menKS"), "Diagramm"},
+            {&fixture.the<QWidget>("Frame2"), "Status"}};
+        for (const auto& [widget, name] : rows) {
+            const auto* face = QAccessible::queryAccessibleInterface(widget);
+            QCOMPARE(face->text(QAccessible::Name), QString::fromUtf8(name));
+        }
+        const auto* face = QAccessible::queryAccessibleInterface(&fixture.the<QWidget>("KS"));
+        QCOMPARE(face->role(), QAccessible::Chart);
     }
 };
 
