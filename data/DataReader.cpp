@@ -43,6 +43,34 @@ ReadStatus endQuietlyOnError(Read read) {
     }
 }
 
+/// Collects the values of consecutive intervals, so that they are added at once.
+class DayRun {
+  public:
+    DayRun(SeriesFill& fill, const ReadRequest& request)
+        : fill_(fill)
+        , request_(request) {}
+
+    void add(std::int64_t index, double value) {
+        if (count_ == values_.size() || index != first_ + static_cast<std::int64_t>(count_)) {
+            end();
+            first_ = index;
+        }
+        values_[count_++] = value;
+    }
+
+    void end() {
+        fill_.add(request_.range.from, first_, request_.interval, std::span(values_).first(count_));
+        count_ = 0;
+    }
+
+  private:
+    SeriesFill& fill_;
+    const ReadRequest& request_;
+    std::array<double, 512> values_{};
+    std::int64_t first_ = 0;
+    std::size_t count_ = 0;
+};
+
 /// Lays the intervals of day files into the table, pass after pass, and returns the number of columns.
 std::size_t fillPasses(const std::vector<DayInterval>& intervals, const ReadRequest& request, bool wide) {
     constexpr std::array<double DayInterval::*, 3> PASSES = {&DayInterval::mean, &DayInterval::minimum,
@@ -50,21 +78,24 @@ std::size_t fillPasses(const std::vector<DayInterval>& intervals, const ReadRequ
     const std::size_t passes = wide ? PASSES.size() : 1;
     const std::int64_t minutes = minuteNumber(request.range.to) - minuteNumber(request.range.from);
     SeriesFill fill(seriesTable(), intervals.size() * passes);
-    const auto startOf = [&request](std::int64_t index) {
-        return intervalStart(request.range.from, index, request.interval);
+    const auto addGap = [&](std::int64_t index) { // a run of intervals without records
+        fill.add(intervalStart(request.range.from, index, request.interval), INVALID_VALUE);
     };
     for (std::size_t pass = 0; pass < passes; ++pass) {
         fill.startPass();
+        DayRun run(fill, request);
         std::int64_t next = 0; // the interval that would follow without a gap
         for (const DayInterval& interval : intervals) {
             if (interval.index > next) {
-                fill.add(startOf(next), INVALID_VALUE); // a run of intervals without records
+                run.end();
+                addGap(next);
             }
-            fill.add(startOf(interval.index), interval.*PASSES[pass]);
+            run.add(interval.index, interval.*PASSES[pass]);
             next = interval.index + 1;
         }
+        run.end();
         if (next * request.interval < minutes) {
-            fill.add(startOf(next), INVALID_VALUE);
+            addGap(next);
         }
     }
     return fill.finish();

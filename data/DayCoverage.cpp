@@ -6,6 +6,7 @@
 #include "data/ChannelMinutes.h"
 #include "data/DayFiles.h"
 #include "data/DayFormat.h"
+#include "data/DayRecords.h"
 #include "util/Validity.h"
 
 #include <algorithm>
@@ -59,9 +60,11 @@ bool countDayFiles(const StationConfig& station, std::int32_t channel, const Fil
     const std::size_t field = static_cast<std::size_t>(slot - active.begin()) *
                               (station.WideRecords ? kmh::WIDE_FIELD : kmh::NARROW_FIELD);
     const DateTime first = dateSerial(result.year, result.month, 1);
+    const std::int64_t firstMinute = minuteNumber(first);
     const int days = daysOf(result.year, result.month);
     std::vector<std::bitset<MINUTES_PER_DAY>> present(static_cast<std::size_t>(days));
     const std::string folder = dataFolder(station);
+    DayRecordReader records(kmh::recordSize(active.size(), station.WideRecords));
     for (const std::string& name : dayFilesBetween(folder, {first, first + days - 1})) {
         if (step && !step()) {
             return false;
@@ -70,16 +73,15 @@ bool countDayFiles(const StationConfig& station, std::int32_t channel, const Fil
         if (!file) {
             continue;
         }
-        readDayRecords(*file, kmh::recordSize(active.size(), station.WideRecords),
-                       [&](const DayRecord& record) {
-                           // A record counts by its own date, whatever the file's.
-                           const auto minute = std::llround((record.time - first) * MINUTES_PER_DAY);
-                           if (minute >= 0 && minute < std::int64_t{days} * MINUTES_PER_DAY &&
-                               isPresent(record.value(field))) {
-                               present[static_cast<std::size_t>(minute / MINUTES_PER_DAY)].set(
-                                   static_cast<std::size_t>(minute % MINUTES_PER_DAY));
-                           }
-                       });
+        records.read(*file, [&](const DayRecord& record) {
+            // A record counts by its own date, whatever the file's.
+            const std::int64_t minute = record.minute - firstMinute;
+            if (minute >= 0 && minute < std::int64_t{days} * MINUTES_PER_DAY &&
+                isPresent(record.value(field))) {
+                present[static_cast<std::size_t>(minute / MINUTES_PER_DAY)].set(
+                    static_cast<std::size_t>(minute % MINUTES_PER_DAY));
+            }
+        });
     }
     for (std::size_t day = 0; day < present.size(); ++day) {
         result.minutes[day] = static_cast<int>(present[day].count());

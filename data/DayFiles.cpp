@@ -3,8 +3,8 @@
 
 #include "config/DataFolder.h"
 #include "data/DayFormat.h"
+#include "data/DayRecords.h"
 #include "util/Format.h"
-#include "util/LittleEndian.h"
 #include "util/Paths.h"
 #include "util/Text.h"
 #include "util/Validity.h"
@@ -12,95 +12,99 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <utility>
 
 namespace kelvrum {
 
 namespace {
 
-constexpr std::size_t PIECE_SIZE = 256UL * 1024; // bytes fetched with one read, about
-
-/// A record with its fields; nothing when its date or minute is impossible.
-std::optional<DayRecord> recordOf(std::span<const std::byte> record) {
-    const int year = loadLittle<std::int16_t>(record, kmh::YEAR_AT);
-    const int month = loadLittle<std::uint8_t>(record, kmh::MONTH_AT);
-    const int day = loadLittle<std::uint8_t>(record, kmh::DAY_AT);
-    const int minute = loadLittle<std::int16_t>(record, kmh::MINUTE_AT);
-    if (!isDate(year, month, day) || minute < 0 || minute >= MINUTES_PER_DAY) {
-        return std::nullopt;
-    }
-    const DateTime date = dateSerial(year, month, day);
-    return DayRecord{date + static_cast<double>(minute) / MINUTES_PER_DAY,
-                     static_cast<std::int64_t>(date) * MINUTES_PER_DAY + minute,
-                     record.subspan(kmh::FIELDS_AT)};
-}
-
-/// The present values of one field of an interval's records.
-struct Gathered {
-    double sum = 0;
-    std::int64_t count = 0;
-    double minimum = INVALID_VALUE;
-    double maximum = INVALID_VALUE;
-
-    void addMean(double v) {
-        if (isPresent(v)) {
-            sum += v;
-            ++count;
-        }
-    }
-    void addMinimum(double v) {
-        if (isPresent(v) && (minimum == INVALID_VALUE || v < minimum)) {
-            minimum = v;
-        }
-    }
-    void addMaximum(double v) {
-        if (isPresent(v) && (maximum == INVALID_VALUE || v > maximum)) {
-            maximum = v;
-        }
-    }
-    [[nodiscard]] double mean() const {
-        return count == 0 ? INVALID_VALUE : validate(sum / static_cast<double>(count));
-    }
-};
-
-struct Interval {
-    std::int64_t index;
-    Gathered gathered;
-};
-
-/// Intervals by number. Records come nearly always in time order: they are stored in sequence then.
+/// Intervals by number, each with the sum of its present values in place of their mean. Records come nearly
+/// always in time order: they are stored in sequence then.
 class Intervals {
   public:
-    Gathered& at(std::int64_t index) {
-        if (inOrder_.empty() || index > inOrder_.back().index) {
-            inOrder_.push_back({index, {}});
-        }
-        if (index == inOrder_.back().index) {
-            return inOrder_.back().gathered;
-        }
-        const auto found =
-            std::lower_bound(inOrder_.begin(), inOrder_.end(), index,
-                             [](const Interval& one, std::int64_t i) { return one.index < i; });
-        return found->index == index ? found->gathered : late_[index];
+    /// Of so many minutes each, counted from the minute `first`; `expected` of them have room at once.
+    Intervals(std::int64_t first, std::int32_t minutes, std::size_t expected)
+        : first_(first)
+        , minutes_(minutes)
+        , lastStart_(first - 2 * std::int64_t{minutes}) {
+        inOrder_.reserve(expected);
     }
 
-    /// Passes all of them to `consume(index, gathered)` by ascending number.
-    template<typename Consume>
-    void each(Consume consume) const {
-        auto late = late_.begin();
-        for (const Interval& one : inOrder_) {
-            for (; late != late_.end() && late->first < one.index; ++late) {
-                consume(late->first, late->second);
+    /// The interval of a minute, which must not lie before the first one.
+    DayInterval& at(std::int64_t minute) {
+        const std::int64_t after = minute - lastStart_;
+        if (after >= 2 * minutes_) {
+            return append((minute - first_) / minutes_);
+        }
+        if (after >= minutes_) {
+            return append(inOrder_.back().index + 1); // mostly; a division would take half of the time
+        }
+        return after >= 0 ? inOrder_.back() : earlier((minute - first_) / minutes_);
+    }
+
+    /// All of them by ascending number, the sums turned into means.
+    std::vector<DayInterval> finish() {
+        if (!late_.empty()) {
+            const auto middle = static_cast<std::ptrdiff_t>(inOrder_.size());
+            for (const auto& [index, interval] : late_) {
+                inOrder_.push_back(interval);
             }
-            consume(one.index, one.gathered);
+            std::inplace_merge(inOrder_.begin(), inOrder_.begin() + middle, inOrder_.end(),
+                               [](const DayInterval& a, const DayInterval& b) { return a.index < b.index; });
         }
+        for (DayInterval& one : inOrder_) {
+            one.mean =
+                one.present == 0 ? INVALID_VALUE : validate(one.mean / static_cast<double>(one.present));
+        }
+        return std::move(inOrder_);
     }
-
-    [[nodiscard]] std::size_t count() const { return inOrder_.size() + late_.size(); }
 
   private:
-    std::vector<Interval> inOrder_;
-    std::map<std::int64_t, Gathered> late_; // whose first record came after one of a later interval
+    static DayInterval empty(std::int64_t index) { return {index, 0, INVALID_VALUE, INVALID_VALUE, 0}; }
+
+    DayInterval& append(std::int64_t index) {
+        lastStart_ = first_ + index * minutes_;
+        return inOrder_.emplace_back(empty(index));
+    }
+
+    DayInterval& earlier(std::int64_t index) {
+        const auto found =
+            std::lower_bound(inOrder_.begin(), inOrder_.end(), index,
+                             [](const DayInterval& one, std::int64_t i) { return one.index < i; });
+        return found->index == index ? *found : late_.try_emplace(index, empty(index)).first->second;
+    }
+
+    std::int64_t first_;
+    std::int64_t minutes_;
+    std::int64_t lastStart_; // the first minute of the last interval in sequence; none: far before all
+    std::vector<DayInterval> inOrder_;
+    std::map<std::int64_t, DayInterval> late_; // whose first record came after one of a later interval
 };
+
+void addMean(DayInterval& interval, double v) {
+    if (isPresent(v)) {
+        interval.mean += v;
+        ++interval.present;
+    }
+}
+
+void addMinimum(DayInterval& interval, double v) {
+    if (isPresent(v) && (interval.minimum == INVALID_VALUE || v < interval.minimum)) {
+        interval.minimum = v;
+    }
+}
+
+void addMaximum(DayInterval& interval, double v) {
+    if (isPresent(v) && (interval.maximum == INVALID_VALUE || v > interval.maximum)) {
+        interval.maximum = v;
+    }
+}
+
+/// The intervals that so many days can have, at most those of a year.
+std::size_t intervalsOf(std::size_t days, std::int32_t minutes) {
+    constexpr std::size_t YEAR = 366;
+    return std::min(days, YEAR) * static_cast<std::size_t>((MINUTES_PER_DAY - 1) / minutes + 1) + 1;
+}
 
 } // namespace
 
@@ -110,28 +114,6 @@ std::string dayName(DateTime t) {
 }
 
 std::string dayFileName(DateTime day) { return dayName(day) + std::string(kmh::EXTENSION); }
-
-float DayRecord::value(std::size_t at) const { return loadLittle<float>(fields, at); }
-
-void readDayRecords(FileSource& file, std::size_t recordSize,
-                    const std::function<void(const DayRecord&)>& consume) {
-    std::vector<std::byte> piece(std::max<std::size_t>(PIECE_SIZE / recordSize, 1) * recordSize);
-    std::uint64_t offset = 0;
-    for (;;) {
-        const std::size_t got = file.read(offset, piece);
-        const std::size_t records = got / recordSize;
-        for (std::size_t i = 0; i < records; ++i) {
-            const auto bytes = std::span<const std::byte>(piece).subspan(i * recordSize, recordSize);
-            if (const auto record = recordOf(bytes)) {
-                consume(*record);
-            }
-        }
-        if (got < piece.size()) {
-            return;
-        }
-        offset += got;
-    }
-}
 
 std::vector<std::string> dayFilesBetween(const std::string& folder, const TimeRange& range) {
     const std::string first = dayName(range.from);
@@ -157,11 +139,10 @@ std::vector<std::string> dayFilesBetween(const std::string& folder, const TimeRa
 std::optional<std::vector<DayInterval>> readDayIntervals(const StationConfig& station,
                                                          const ReadRequest& request, const FileOpener& open,
                                                          const ReadingStep& step) {
-    std::vector<DayInterval> result;
     const auto& active = station.ActiveChannels;
     const auto slot = std::find(active.begin(), active.end(), request.channel);
     if (slot == active.end() || request.interval < 1) {
-        return result;
+        return std::vector<DayInterval>();
     }
     const bool wide = station.WideRecords;
     const std::size_t field =
@@ -169,32 +150,30 @@ std::optional<std::vector<DayInterval>> readDayIntervals(const StationConfig& st
     const std::string folder = dataFolder(station);
     const std::int64_t first = minuteNumber(request.range.from);
     const std::int64_t end = minuteNumber(request.range.to);
-    Intervals intervals;
-    for (const std::string& name : dayFilesBetween(folder, request.range)) {
+    const std::vector<std::string> names = dayFilesBetween(folder, request.range);
+    DayRecordReader records(kmh::recordSize(active.size(), wide));
+    Intervals intervals(first, request.interval, intervalsOf(names.size(), request.interval));
+    for (const std::string& name : names) {
         const auto file = open(folder + name);
         if (!file) {
             continue;
         }
-        readDayRecords(*file, kmh::recordSize(active.size(), wide), [&](const DayRecord& record) {
+        records.read(*file, [&](const DayRecord& record) {
             if (record.minute < first || record.minute >= end) {
                 return;
             }
-            Gathered& interval = intervals.at((record.minute - first) / request.interval);
-            interval.addMean(record.value(field));
+            DayInterval& interval = intervals.at(record.minute);
+            addMean(interval, record.value(field));
             if (wide) {
-                interval.addMinimum(record.value(field + kmh::MINIMUM_AT));
-                interval.addMaximum(record.value(field + kmh::MAXIMUM_AT));
+                addMinimum(interval, record.value(field + kmh::MINIMUM_AT));
+                addMaximum(interval, record.value(field + kmh::MAXIMUM_AT));
             }
         });
-        if (step && !step()) {
+        if (!runStep(step)) {
             return std::nullopt;
         }
     }
-    result.reserve(intervals.count());
-    intervals.each([&result](std::int64_t index, const Gathered& gathered) {
-        result.push_back({index, gathered.mean(), gathered.minimum, gathered.maximum, gathered.count});
-    });
-    return result;
+    return intervals.finish();
 }
 
 } // namespace kelvrum

@@ -7,10 +7,8 @@
 #include "util/DateTime.h"
 #include "util/FileSource.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -21,22 +19,6 @@ std::string dayName(DateTime t);
 
 /// Name of the day file of a date, for example "20200618.KMH".
 std::string dayFileName(DateTime day);
-
-/// One record: its time, once as a date-time and once as the minute by which times are compared
-/// (minuteNumber), and its value fields.
-struct DayRecord {
-    DateTime time = 0;
-    std::int64_t minute = 0;
-    std::span<const std::byte> fields;
-
-    /// The float at a byte offset of the value fields.
-    [[nodiscard]] float value(std::size_t at) const;
-};
-
-/// Passes the records of a day file to `consume`, from its start to its end. Records with an impossible date
-/// or minute are skipped, a torn last one is dropped.
-void readDayRecords(FileSource& file, std::size_t recordSize,
-                    const std::function<void(const DayRecord&)>& consume);
 
 /// The names of the day files of the days from one date to another, in day order: those named by the date
 /// alone, in any case of letters.

@@ -3,6 +3,7 @@
 
 #include "config/DataFolder.h"
 #include "data/DayFormat.h"
+#include "data/DayRecords.h"
 #include "util/LittleEndian.h"
 #include "util/Paths.h"
 #include "util/Text.h"
@@ -62,6 +63,7 @@ std::optional<DayRows> readDayRows(const StationConfig& station, const TimeRange
     }
     const std::size_t fieldSize = station.WideRecords ? kmh::WIDE_FIELD : kmh::NARROW_FIELD;
     const std::size_t recordSize = kmh::recordSize(rows.channels, station.WideRecords);
+    DayRecordReader records(recordSize);
     const std::string folder = dataFolder(station);
     const std::int64_t firstMinute = minuteNumber(range.from);
     const std::int64_t lastMinute = minuteNumber(range.to);
@@ -81,7 +83,7 @@ std::optional<DayRows> readDayRows(const StationConfig& station, const TimeRange
                 rows.reserve(daysOf(range) *
                              (file->size() / recordSize)); // as if all were as long as the first
             }
-            readDayRecords(*file, recordSize, [&](const DayRecord& record) {
+            records.read(*file, [&](const DayRecord& record) {
                 if (record.minute < firstMinute || record.minute > lastMinute) {
                     return;
                 }
@@ -92,7 +94,7 @@ std::optional<DayRows> readDayRows(const StationConfig& station, const TimeRange
                     rows.values[filled + i] = record.value(i * fieldSize);
                 }
             });
-            if (step && !step()) {
+            if (!runStep(step)) {
                 return std::nullopt;
             }
         }

@@ -6,6 +6,7 @@
 #include "data/ChannelMinutes.h"
 #include "data/DayFiles.h"
 #include "data/DayFormat.h"
+#include "data/DayRecords.h"
 #include "util/Paths.h"
 #include "util/Text.h"
 #include "util/Validity.h"
@@ -72,17 +73,15 @@ std::optional<StoredTime> findInYears(const StationConfig& station, std::int32_t
 }
 
 /// The earliest or latest time at which a day file has a value of a field.
-std::optional<DateTime> timeInDay(FileSource& file, const StationConfig& station, std::size_t field,
+std::optional<DateTime> timeInDay(FileSource& file, DayRecordReader& records, std::size_t field,
                                   StoredEnd end) {
     std::optional<DateTime> found;
-    readDayRecords(
-        file, kmh::recordSize(station.ActiveChannels.size(), station.WideRecords),
-        [&](const DayRecord& record) {
-            if (isPresent(record.value(field)) &&
-                (!found || (end == StoredEnd::first ? record.time < *found : record.time > *found))) {
-                found = record.time;
-            }
-        });
+    records.read(file, [&](const DayRecord& record) {
+        if (isPresent(record.value(field)) &&
+            (!found || (end == StoredEnd::first ? record.time < *found : record.time > *found))) {
+            found = record.time;
+        }
+    });
     return found;
 }
 
@@ -100,13 +99,14 @@ std::optional<StoredTime> findInDays(const StationConfig& station, std::int32_t 
     if (end == StoredEnd::last) {
         std::reverse(names.begin(), names.end());
     }
+    DayRecordReader records(kmh::recordSize(active.size(), station.WideRecords));
     for (const std::string& name : names) {
         if (step && !step()) {
             return std::nullopt;
         }
         try {
             const auto file = open(folder + name);
-            if (const auto time = file ? timeInDay(*file, station, field, end) : std::nullopt) {
+            if (const auto time = file ? timeInDay(*file, records, field, end) : std::nullopt) {
                 return StoredTime{time};
             }
         } catch (const std::exception&) {

@@ -3,6 +3,7 @@
 #include "data/DayFiles.h"
 
 #include "data/DayFormat.h"
+#include "data/DayRecords.h"
 #include "tests/testing/FakeFiles.h"
 #include "tests/testing/Stations.h"
 #include "tests/testing/TempFolder.h"
@@ -92,7 +93,7 @@ TEST(DayFiles, RecordsOneByOne) {
                            dayRecord(2020, 1, 1, 2, Floats{5, 6});
         std::vector<DateTime> times;
         Floats values;
-        readDayRecords(*files.opener()("f"), 14, [&](const DayRecord& record) {
+        DayRecordReader(14).read(*files.opener()("f"), [&](const DayRecord& record) {
             times.push_back(record.time);
             values.push_back(record.value(0));
             values.push_back(record.value(4));
@@ -113,7 +114,7 @@ TEST(DayFiles, ATornLastRecordIsDropped) {
         FakeFiles files;
         files["f"].bytes = bytes.substr(0, cut);
         std::size_t records = 0;
-        readDayRecords(*files.opener()("f"), 14, [&](const DayRecord& record) {
+        DayRecordReader(14).read(*files.opener()("f"), [&](const DayRecord& record) {
             ++records;
             EXPECT_EQ(record.value(4), 10.0F * static_cast<float>(records));
             EXPECT_EQ(record.fields.size(), 8U);
@@ -132,7 +133,7 @@ TEST(DayFiles, AReadThatFailsEndsTheFile) {
         files["f"].bytes = bytes;
         files["f"].failsAt = 14 * whole + 9;
         std::size_t records = 0;
-        readDayRecords(*files.opener()("f"), 14, [&](const DayRecord& record) {
+        DayRecordReader(14).read(*files.opener()("f"), [&](const DayRecord& record) {
             EXPECT_EQ(record.value(4), static_cast<float>(records));
             ++records;
         });
@@ -148,7 +149,7 @@ TEST(DayFiles, AllRecordsOfALongFileInFewReads) {
     FakeFiles files;
     files["f"].bytes = bytes;
     int records = 0;
-    readDayRecords(*files.opener()("f"), 18, [&](const DayRecord& record) {
+    DayRecordReader(18).read(*files.opener()("f"), [&](const DayRecord& record) {
         EXPECT_EQ(record.value(0), static_cast<float>(records));
         ++records;
     });
