@@ -19,14 +19,17 @@ std::string valueText(const IntervalValue& row, const LocaleTexts& texts) {
 
 std::string recordText(const DayRows& records, std::size_t row, std::size_t column,
                        const LocaleTexts& texts) {
-    return column == 0 ? rowTime(records.times[row], texts)
-                       : shownNumber(records.values[row * records.channels + column - 1], texts);
+    if (column == 0) {
+        return rowTime(records.times()[row], texts);
+    }
+    const std::span<const float> values = records.values(row);
+    return values.empty() ? std::string() : shownNumber(values[column - 1], texts);
 }
 
 } // namespace
 
 std::string ListRows::text(std::size_t row) const {
-    if (records.times.empty()) {
+    if (records.empty()) {
         return timeText(values[row], texts) + '|' + valueText(values[row], texts);
     }
     std::string cells;
@@ -64,7 +67,7 @@ void DataListModel::clear() {
 }
 
 std::span<IntervalValue> DataListModel::room(std::size_t rows) {
-    if (!records_.times.empty()) {
+    if (!records_.empty()) {
         clear(); // rows of one kind only
     }
     if (rows_.size() < count_ + rows) {
@@ -91,7 +94,7 @@ void DataListModel::setDayRows(DayRows rows) {
 }
 
 void DataListModel::show() {
-    const int rows = static_cast<int>(records_.times.empty() ? count_ : records_.times.size());
+    const int rows = static_cast<int>(records_.empty() ? count_ : records_.count());
     if (shown_ == 0 && rows > 0) {
         beginResetModel(); // the views lay out a full list faster than inserted rows
         shown_ = rows;
@@ -117,7 +120,7 @@ ListRows DataListModel::copy() const {
 QString DataListModel::text(int row, int column) const {
     const auto r = static_cast<std::size_t>(row);
     const auto c = static_cast<std::size_t>(column);
-    if (!records_.times.empty()) {
+    if (!records_.empty()) {
         return QString::fromStdString(recordText(records_, r, c, texts_));
     }
     return QString::fromStdString(c == 0 ? timeText(rows_[r], texts_) : valueText(rows_[r], texts_));

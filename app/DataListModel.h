@@ -21,9 +21,7 @@ struct ListRows {
     DayRows records;                   // ... or these
     std::size_t columns = 0;
 
-    [[nodiscard]] std::size_t count() const {
-        return records.times.empty() ? values.size() : records.times.size();
-    }
+    [[nodiscard]] std::size_t count() const { return records.empty() ? values.size() : records.count(); }
     /// A row's cells, separated by "|".
     [[nodiscard]] std::string text(std::size_t row) const;
 };

@@ -2,12 +2,15 @@
 // The model of the data list keeps the rules of models through everything that a load does with it.
 #include "app/DataListModel.h"
 
+#include "tests/testing/Stations.h"
+#include "tests/testing/TempFolder.h"
 #include "util/DateTime.h"
 #include "util/Validity.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 #include <QTest>
+#include <array>
 
 namespace kelvrum {
 
@@ -27,15 +30,16 @@ void append(DataListModel& model, int first, int count) {
     model.added(static_cast<std::size_t>(count));
 }
 
-DayRows recordsOf(std::size_t count) {
-    DayRows rows;
-    rows.channels = 2;
-    for (std::size_t i = 0; i < count; ++i) {
-        rows.times.push_back(JUNE_18 + static_cast<double>(i) / 1440);
-        rows.values.push_back(static_cast<float>(i));
-        rows.values.push_back(0.5F);
+/// Records of a day's first minutes; the first of their two values is the minute.
+DayRows recordsOf(int count) {
+    static const testing::TempFolder folder; // where the rows find their values
+    std::string bytes;
+    for (int minute = 0; minute < count; ++minute) {
+        bytes += testing::dayRecord(2020, 6, 18, minute, std::array{static_cast<float>(minute), 0.5F});
     }
-    return rows;
+    folder.write("20200618.KMH", bytes);
+    const auto rows = readDayRows(testing::dayStation(folder), {JUNE_18, JUNE_18 + 1}, openFile, {});
+    return rows.value_or(DayRows{});
 }
 
 } // namespace

@@ -280,7 +280,7 @@ TEST(ChangingDayFiles, DaysThatGoAreSkipped) {
 
         const auto rows = reader.readDayList(station, {day, day + 3}, {});
         ASSERT_TRUE(rows);
-        EXPECT_EQ(rows->times.size(), 2U * 1440U);
+        EXPECT_EQ(rows->count(), 2U * 1440U);
     }
 }
 

@@ -10,6 +10,9 @@
 
 #include <array>
 #include <cmath>
+#include <filesystem>
+#include <functional>
+#include <stdexcept>
 
 namespace kelvrum {
 namespace {
@@ -34,13 +37,24 @@ DayRows rowsOf(const StationConfig& station, DateTime from, DateTime to) {
     return rows.value_or(DayRows{});
 }
 
+/// The values of all rows, one row after the other.
+Floats allValues(const DayRows& rows) {
+    Floats values;
+    for (std::size_t row = 0; row < rows.count(); ++row) {
+        const auto read = rows.values(row);
+        EXPECT_EQ(read.size(), rows.channels()) << row;
+        values.insert(values.end(), read.begin(), read.end());
+    }
+    return values;
+}
+
 /// The first values of all rows.
 Floats firstValues(const DayRows& rows) {
-    EXPECT_EQ(rows.channels, 2U);
-    EXPECT_EQ(rows.values.size(), rows.times.size() * 2);
+    EXPECT_EQ(rows.channels(), 2U);
+    const Floats all = allValues(rows);
     Floats values;
-    for (std::size_t i = 0; i < rows.values.size(); i += 2) {
-        values.push_back(rows.values[i]);
+    for (std::size_t i = 0; i < all.size(); i += 2) {
+        values.push_back(all[i]);
     }
     return values;
 }
@@ -187,10 +201,10 @@ TEST(DayRows, WhateverNumberTheFileHolds) {
                                      dayRecord(2020, 6, 18, 1440, Floats{8, 8}) +
                                      record(18, 3, 9).substr(0, 13));
     const DayRows rows = rowsOf(dayStation(folder), JUNE_18, JUNE_18 + 30);
-    EXPECT_EQ(rows.values, (Floats{0, 99999900.0F, -1e30F, 0.1F}));
-    ASSERT_EQ(rows.times.size(), 2U);
-    EXPECT_NEAR(rows.times[0], at(18, 1), 1e-9);
-    EXPECT_NEAR(rows.times[1], at(18, 2), 1e-9);
+    EXPECT_EQ(allValues(rows), (Floats{0, 99999900.0F, -1e30F, 0.1F}));
+    ASSERT_EQ(rows.count(), 2U);
+    EXPECT_NEAR(rows.times()[0], at(18, 1), 1e-9);
+    EXPECT_NEAR(rows.times()[1], at(18, 2), 1e-9);
 }
 
 TEST(DayRows, ARecordCountsByItsOwnDate) {
@@ -204,7 +218,7 @@ TEST(DayRows, OfWideRecordsTheMeans) {
     const TempFolder folder;
     folder.write("20200618.KMH", dayRecord(2020, 6, 18, 1, Floats{5, 4, 6, 50, 40, 60}) +
                                      dayRecord(2020, 6, 18, 2, Floats{7, 1, 9, 70, 10, 90}));
-    EXPECT_EQ(rowsOf(dayStation(folder, true), JUNE_18, JUNE_18 + 1).values, (Floats{5, 50, 7, 70}));
+    EXPECT_EQ(allValues(rowsOf(dayStation(folder, true), JUNE_18, JUNE_18 + 1)), (Floats{5, 50, 7, 70}));
 }
 
 TEST(DayRows, AStationWithoutChannelsHasNone) {
@@ -214,8 +228,110 @@ TEST(DayRows, AStationWithoutChannelsHasNone) {
     station.Kind = ConfigKind::binary;
     station.BaseFolder = folder.base();
     const DayRows rows = rowsOf(station, JUNE_18, JUNE_18 + 1);
-    EXPECT_TRUE(rows.times.empty());
-    EXPECT_TRUE(rows.values.empty());
+    EXPECT_TRUE(rows.empty());
+    EXPECT_TRUE(rows.times().empty());
+}
+
+/// Rows are read in pieces; any of them may be requested next, and some records have no row.
+TEST(DayRows, ValuesInAnyOrder) {
+    const TempFolder folder;
+    const auto valueOf = [](int day, int minute) { return static_cast<float>(day * 10000 + minute + 1); };
+    for (const int day : {18, 19, 20}) {
+        std::string bytes;
+        for (int minute = 0; minute < 1440; ++minute) {
+            bytes += minute % 7 == 3 ? dayRecord(2020, 6, 31, minute, Floats{-1, -1}) // no such day
+                                     : record(day, minute, valueOf(day, minute));
+        }
+        for (int again = 0; again < 6; ++again) { // several pieces
+            bytes += bytes.substr(0, std::size_t{1440} * 14);
+        }
+        folder.write("202006" + std::to_string(day) + ".KMH", bytes);
+    }
+    const DayRows rows = rowsOf(dayStation(folder), at(18, 5), at(20, 1000));
+    ASSERT_GT(rows.count(), 20000U);
+    for (std::size_t i = 0; i < 1000; ++i) {
+        const std::size_t row = i * 7919 % rows.count();
+        const CalendarTime time = shownTime(rows.times()[row]);
+        const auto values = rows.values(row);
+        ASSERT_EQ(values.size(), 2U) << row;
+        EXPECT_EQ(values[0], valueOf(time.day, time.hour * 60 + time.minute)) << row;
+        EXPECT_EQ(values[1], 0.5F) << row;
+    }
+}
+
+TEST(DayRows, NeighboursAreReadTogether) {
+    const TempFolder folder;
+    std::string bytes;
+    for (int minute = 0; minute < 1440; ++minute) {
+        bytes += record(18, minute, static_cast<float>(minute));
+    }
+    folder.write("20200618.KMH", bytes);
+    std::size_t opened = 0;
+    const FileOpener open = [&opened](std::string_view path) {
+        ++opened;
+        return openFile(path);
+    };
+    const auto rows = readDayRows(dayStation(folder), {JUNE_18, JUNE_18 + 1}, open, GO_ON);
+    ASSERT_TRUE(rows.has_value());
+    opened = 0;
+    EXPECT_EQ(firstValues(*rows).size(), 1440U);
+    EXPECT_EQ(opened, 1U);
+}
+
+/// A row never shows the values of another time.
+TEST(DayRows, FilesThatChangeAfterTheReading) {
+    struct Row {
+        const char* what;
+        std::function<void(const TempFolder&)> change;
+        std::vector<Floats> values; // of the two rows
+    };
+    const std::string file = "20200618.KMH";
+    const Row rows[] = {
+        {"nothing", [](const TempFolder&) {}, {{1, 0.5}, {2, 0.5}}},
+        {"gone", [&](const TempFolder& f) { std::filesystem::remove(f.path() / file); }, {{}, {}}},
+        {"emptied", [&](const TempFolder& f) { f.write(file, ""); }, {{}, {}}},
+        {"cut within the second record",
+         [&](const TempFolder& f) { f.write(file, record(18, 10, 1) + record(18, 11, 2).substr(0, 13)); },
+         {{1, 0.5}, {}}},
+        {"longer",
+         [&](const TempFolder& f) {
+             f.write(file, record(18, 10, 1) + record(18, 11, 2) + record(18, 12, 3));
+         },
+         {{1, 0.5}, {2, 0.5}}},
+        {"one record before",
+         [&](const TempFolder& f) {
+             f.write(file, record(18, 9, 0) + record(18, 10, 1) + record(18, 11, 2));
+         },
+         {{}, {}}},
+        {"another day's",
+         [&](const TempFolder& f) { f.write(file, record(17, 10, 1) + record(18, 11, 2)); },
+         {{}, {2, 0.5}}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        const TempFolder folder;
+        folder.write(file, record(18, 10, 1) + record(18, 11, 2));
+        const DayRows read = rowsOf(dayStation(folder), JUNE_18, JUNE_18 + 1);
+        ASSERT_EQ(read.count(), 2U);
+        row.change(folder);
+        for (std::size_t i = 0; i < 2; ++i) {
+            const auto values = read.values(i);
+            EXPECT_EQ(Floats(values.begin(), values.end()), row.values[i]) << i;
+        }
+    }
+}
+
+TEST(DayRows, AnErrorLeavesTheRowWithoutValues) {
+    const TempFolder folder;
+    folder.write("20200618.KMH", record(18, 10, 1));
+    bool fails = false;
+    const FileOpener open = [&fails](std::string_view path) {
+        return fails ? throw std::runtime_error("no such disk") : openFile(path);
+    };
+    const auto rows = readDayRows(dayStation(folder), {JUNE_18, JUNE_18 + 1}, open, GO_ON);
+    ASSERT_TRUE(rows.has_value());
+    fails = true;
+    EXPECT_TRUE(rows->values(0).empty());
 }
 
 TEST(DayRows, AFileThatCannotBeOpenedIsSkipped) {
@@ -244,7 +360,7 @@ TEST(DayRows, AStepGivesUp) {
     EXPECT_EQ(steps, 3);
     const auto rows = reader.readDayList(dayStation(folder), range, GO_ON);
     ASSERT_TRUE(rows.has_value());
-    EXPECT_EQ(rows->times.size(), 4U);
+    EXPECT_EQ(rows->count(), 4U);
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 #include "util/Validity.h"
 
 #include <array>
+#include <bit>
 #include <cmath>
 #include <map>
 #include <string>
@@ -136,6 +137,33 @@ void checkSeries(const std::vector<DayInterval>& intervals, const DiagramState& 
     require(values == 0, "every value of an interval is shown");
 }
 
+/// The minute of a file's first record; 0 when it has none.
+int startOf(std::string_view file) {
+    return file.size() < 6 ? 0
+                           : loadLittle<std::int16_t>(std::as_bytes(std::span(file.data(), file.size())), 4);
+}
+
+/// The files by their number in the order in which they are listed.
+std::array<std::size_t, 3> listOrder(const std::array<std::string_view, 3>& files) {
+    if (startOf(files[0]) < startOf(files[2])) {
+        return {2, 0, 1};
+    }
+    return {0, 2, 1};
+}
+
+void checkRows(const DayRows& rows, const std::vector<Record>& listed, bool wide) {
+    for (std::size_t row = 0; row < listed.size(); ++row) {
+        const auto values = rows.values(row);
+        require(minuteOf(rows.times()[row]) == listed[row].minute, "rows come in the order of the files");
+        require(values.size() == rows.channels(), "every row has all its values");
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            require(std::bit_cast<std::uint32_t>(values[i]) ==
+                        loadLittle<std::uint32_t>(listed[row].fields, i * (wide ? 12 : 4)),
+                    "a row's values are those of its record");
+        }
+    }
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -166,14 +194,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::size_t recordSize = kmh::recordSize(station.ActiveChannels.size(), wide);
     testing::FakeFiles made;
     Plain plain;
-    std::size_t listed = 0;
-    for (std::size_t i = 0; i < files.size(); ++i) {
+    std::vector<Record> listed;
+    for (const std::size_t i : listOrder(files)) {
         made[station.BaseFolder + NAMES.at(i)].bytes = files.at(i);
         const bool named = i == 0 || range.to >= day + 1 - 1e-9;
         for (const Record& record : recordsOf(files.at(i), recordSize)) {
             const bool inRange = record.minute >= minuteOf(range.from) && record.minute <= minuteOf(range.to);
             const bool read = (i != 1 || named) && length >= -from;
-            listed += inRange && read ? 1 : 0;
+            if (inRange && read) {
+                listed.push_back(record);
+            }
             if (i != 2 && read) {
                 plain.add(record, request, static_cast<std::size_t>(slot) * (wide ? 12 : 4), wide);
             }
@@ -187,7 +217,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     reader.readDayDiagram(station, request, {}, diagram, {});
     checkSeries(*intervals, diagram, range, wide);
     const auto rows = reader.readDayList(station, range, {});
-    require(rows && rows->times.size() == listed, "every record of the range has a row");
-    require(rows->values.size() == listed * rows->channels, "every row has all its values");
+    require(rows && rows->count() == listed.size(), "every record of the range has a row");
+    checkRows(*rows, listed, wide);
     return 0;
 }

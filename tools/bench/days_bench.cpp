@@ -52,16 +52,13 @@ void dayDiagram(benchmark::State& state) {
 void dayList(benchmark::State& state) {
     const StationConfig& config = days(state.range(0) != 0).config;
     DataReader reader;
-    std::size_t bytes = 0;
     std::size_t rows = 0;
     for (auto _ : state) {
         afterPainting(state);
         const auto list = reader.readDayList(config, benchYear(), {});
-        rows = list->times.size();
-        bytes = list->times.capacity() * sizeof(DateTime) + list->values.capacity() * sizeof(float);
+        rows = list->count();
     }
     state.counters["rows"] = static_cast<double>(rows);
-    state.counters["bytes_a_row"] = static_cast<double>(bytes) / static_cast<double>(rows);
 }
 
 // In this order each year is written only once.
