@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The dimensions of the left column.
+// The dimensions of the left column, and the labels of its fields.
 #pragma once
 
+#include "util/Controls.h"
+
+#include <QLabel>
 #include <QRect>
 
 namespace kelvrum::column {
@@ -20,5 +23,13 @@ inline QRect row(int y) { return {INNER_LEFT, y, INNER_WIDTH, CONTROL_HEIGHT}; }
 
 /// A button or option as wide as its frame.
 inline QRect option(int y) { return {INNER_LEFT, y, INNER_WIDTH, 17}; }
+
+/// The label at the left of a field, whose key brings the focus to the field.
+inline QLabel* makeLabel(QWidget* parent, const char* name, int y, const char* caption, QWidget* field) {
+    auto* label = makeControl<QLabel>(parent, name, QRect(INNER_LEFT, y, 62, CONTROL_HEIGHT),
+                                      QString::fromUtf8(caption));
+    label->setBuddy(field);
+    return label;
+}
 
 } // namespace kelvrum::column

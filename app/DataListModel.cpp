@@ -2,19 +2,15 @@
 #include "app/DataListModel.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace kelvrum {
 
 namespace {
-/// Smaller values are shown as 0: they represent a measured zero.
-constexpr double SHOWN_AS_ZERO = 1e-200;
-
 std::string timeText(const IntervalValue& row, const LocaleTexts& texts) { return rowTime(row.start, texts); }
 
 std::string valueText(const IntervalValue& row, const LocaleTexts& texts) {
-    return shownNumber(std::fabs(row.value) > SHOWN_AS_ZERO ? row.value : 0, texts);
+    return shownValue(row.value, texts);
 }
 
 std::string recordText(const DayRows& records, std::size_t row, std::size_t column,

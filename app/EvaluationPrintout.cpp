@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/EvaluationPrintout.h"
 
+#include "app/TablePage.h"
 #include "app/TablePrintout.h"
 #include "util/Numbers.h"
 
@@ -12,16 +13,13 @@ namespace kelvrum {
 
 namespace {
 
+using namespace tablepage;
+
 // Millimetres.
-constexpr double LEFT_MARGIN = 20;
-constexpr double FIRST_LINE = 10;
-constexpr double LOWER_MARGIN = 10;
 constexpr double BELOW_HEADER = 2;
 constexpr double BETWEEN_COLUMNS = 4;
 
-const Font TITLE_FONT{"Arial", 12, true, false};
 const Font HEADING_FONT{"Arial", 10, true, false};
-const Font TEXT_FONT{"Arial", 10, false, false};
 
 std::string joined(const std::vector<std::string>& cells) {
     std::string row;

@@ -24,7 +24,7 @@ namespace kelvrum {
 
 namespace {
 
-constexpr int ROW_HEIGHT = 18;
+constexpr int TABLE_ROW_HEIGHT = 18;
 constexpr QSize SIZE(1200, 670);
 constexpr int SUMMARY_WIDTH = 450;
 
@@ -58,8 +58,8 @@ QTableView* EvaluationWindow::makeView(const char* name, const QString& describe
     view->setTabKeyNavigation(false); // the tab key leaves the table
     view->verticalHeader()->hide();
     view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    view->verticalHeader()->setMinimumSectionSize(ROW_HEIGHT);
-    view->verticalHeader()->setDefaultSectionSize(ROW_HEIGHT);
+    view->verticalHeader()->setMinimumSectionSize(TABLE_ROW_HEIGHT);
+    view->verticalHeader()->setDefaultSectionSize(TABLE_ROW_HEIGHT);
     view->horizontalHeader()->setHighlightSections(false);
     return view;
 }

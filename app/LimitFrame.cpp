@@ -20,13 +20,6 @@ QLineEdit* makeLimit(QWidget* parent, const char* name, int y, const char* text)
     return box;
 }
 
-QLabel* makeLabel(QWidget* parent, const char* name, int y, const char* caption, QWidget* buddy) {
-    const QRect place(column::INNER_LEFT, y, 62, column::CONTROL_HEIGHT);
-    auto* label = makeControl<QLabel>(parent, name, place, QString::fromUtf8(caption));
-    label->setBuddy(buddy);
-    return label;
-}
-
 double limitIn(const QLineEdit& box) {
     return numberIn(box).value_or(std::numeric_limits<double>::quiet_NaN());
 }
@@ -38,8 +31,8 @@ LimitFrame::LimitFrame(QWidget* parent)
     , Check1(makeControl<QCheckBox>(this, "Check1", column::option(18), QStringLiteral("an&zeigen")))
     , Text3(makeLimit(this, "Text3", 36, "100"))
     , Text4(makeLimit(this, "Text4", 57, "0"))
-    , Label6(makeLabel(this, "Label6", 36, "Grenzwert &1", Text3))
-    , Label7(makeLabel(this, "Label7", 57, "Grenzwert &2", Text4))
+    , Label6(column::makeLabel(this, "Label6", 36, "Grenzwert &1", Text3))
+    , Label7(column::makeLabel(this, "Label7", 57, "Grenzwert &2", Text4))
     , Check2(makeControl<QCheckBox>(this, "Check2", column::option(79), QStringLiteral("Mi&ttelwert"))) {
     setObjectName(QStringLiteral("Frame7"));
     setGeometry(column::LEFT, 472, column::WIDTH, 98);

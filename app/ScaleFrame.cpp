@@ -18,13 +18,6 @@ NumberField* makeBound(QWidget* parent, const char* name, int y) {
     return makeControl<NumberField>(parent, name, QRect(59, y, 50, column::CONTROL_HEIGHT), QString());
 }
 
-QLabel* makeLabel(QWidget* parent, const char* name, int y, const char* caption, QWidget* buddy) {
-    const QRect place(column::INNER_LEFT, y, 62, column::CONTROL_HEIGHT);
-    auto* label = makeControl<QLabel>(parent, name, place, QString::fromUtf8(caption));
-    label->setBuddy(buddy);
-    return label;
-}
-
 } // namespace
 
 ScaleFrame::ScaleFrame(QWidget* parent)
@@ -33,8 +26,8 @@ ScaleFrame::ScaleFrame(QWidget* parent)
     , Option2(makeControl<QRadioButton>(this, "Option2", column::option(35), QStringLiteral("Man&uell")))
     , Text1(makeBound(this, "Text1", 53))
     , Text2(makeBound(this, "Text2", 74))
-    , Label4(makeLabel(this, "Label4", 53, "&Minimum:", Text1))
-    , Label5(makeLabel(this, "Label5", 74, "Ma&ximum:", Text2)) {
+    , Label4(column::makeLabel(this, "Label4", 53, "&Minimum:", Text1))
+    , Label5(column::makeLabel(this, "Label5", 74, "Ma&ximum:", Text2)) {
     setObjectName(QStringLiteral("Frame5"));
     setGeometry(column::LEFT, 373, column::WIDTH, 97);
     auto* scales = new QButtonGroup(this);

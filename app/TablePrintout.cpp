@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/TablePrintout.h"
 
+#include "app/TablePage.h"
 #include "util/Numbers.h"
 #include "util/Text.h"
 
@@ -11,10 +12,9 @@ namespace kelvrum {
 
 namespace {
 
+using namespace tablepage;
+
 // Millimetres.
-constexpr double LEFT_MARGIN = 20;
-constexpr double FIRST_LINE = 10;
-constexpr double LOWER_MARGIN = 10;
 constexpr double RIGHT_MARGIN = 10;
 constexpr double BEHIND_HEADER = 5;
 
@@ -22,8 +22,6 @@ constexpr double BEHIND_HEADER = 5;
 constexpr std::string_view TIME_SAMPLE = "31.12.2005  17:17";
 constexpr std::string_view VALUE_SAMPLE = "12345678901234 [ert]";
 
-const Font TITLE_FONT{"Arial", 12, true, false};
-const Font TEXT_FONT{"Arial", 10, false, false};
 const Font FOOT_FONT{"Arial", 8, false, false};
 
 /// True within a UTF-8 character, after its first byte.

@@ -8,10 +8,8 @@ namespace kelvrum {
 
 namespace {
 
-constexpr double SHOWN_AS_ZERO = 1e-200; // as in the data list
-
 std::string cell(const std::optional<double>& v, const LocaleTexts& texts) {
-    return v ? shownNumber(std::fabs(*v) > SHOWN_AS_ZERO ? *v : 0, texts) : std::string();
+    return v ? shownValue(*v, texts) : std::string();
 }
 
 std::string header(const std::string& name, const char* what, const std::string& unit) {

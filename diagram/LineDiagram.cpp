@@ -36,10 +36,10 @@ std::vector<std::string_view> axisCaptions(const std::string& text) {
 }
 
 /// One drawing: its inputs and what its stages share.
-class Drawing {
+class LinePainting {
   public:
-    Drawing(Surface& surface, const DiagramProperties& properties, const Series& series,
-            const DiagramLayout& layout, const LocaleTexts& texts)
+    LinePainting(Surface& surface, const DiagramProperties& properties, const Series& series,
+                 const DiagramLayout& layout, const LocaleTexts& texts)
         : surface_(surface)
         , properties_(properties)
         , layout_(layout)
@@ -292,7 +292,7 @@ class Drawing {
 LineDrawing drawLineDiagram(Surface& surface, const DiagramProperties& properties, const Series& series,
                             const DiagramLayout& layout, const LocaleTexts& texts) {
     cleanVectorRegisters(); // the drawing begins with passes over the series
-    return Drawing(surface, properties, series, layout, texts).run();
+    return LinePainting(surface, properties, series, layout, texts).run();
 }
 
 LineDrawing drawLineDiagram(Surface& surface, DiagramState& control, const DiagramLayout& layout,

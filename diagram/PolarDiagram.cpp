@@ -36,11 +36,11 @@ void requireProduct(std::int32_t count, int radius) {
 }
 
 /// One drawing: its inputs and what its stages share.
-class Drawing {
+class PolarPainting {
   public:
     /// `paper` is the background colour of the drawing.
-    Drawing(Surface& surface, const DiagramProperties& properties, const PolarSamples& samples,
-            const LocaleTexts& texts, Colour paper)
+    PolarPainting(Surface& surface, const DiagramProperties& properties, const PolarSamples& samples,
+                  const LocaleTexts& texts, Colour paper)
         : surface_(surface)
         , properties_(properties)
         , samples_(samples)
@@ -280,7 +280,7 @@ namespace {
 /// Draws what a control has in use. Its Ycenter is set first: it stays when an error ends the drawing.
 PolarDrawing drawControl(Surface& surface, DiagramState& control, const LocaleTexts& texts, Colour paper) {
     const DiagramProperties properties = control.properties();
-    Drawing drawing(surface, properties, control.samples(), texts, paper);
+    PolarPainting drawing(surface, properties, control.samples(), texts, paper);
     if (const auto y = drawing.yCentre()) {
         control.setYcenter(*y);
     }
@@ -311,7 +311,7 @@ void placePicture(Surface& page, Extent picture, Draw draw) {
 
 PolarDrawing drawPolarDiagram(Surface& surface, const DiagramProperties& properties,
                               const PolarSamples& samples, const LocaleTexts& texts) {
-    return Drawing(surface, properties, samples, texts, properties.BgCol).run();
+    return PolarPainting(surface, properties, samples, texts, properties.BgCol).run();
 }
 
 PolarDrawing drawPolarDiagram(Surface& surface, DiagramState& control, const LocaleTexts& texts) {

@@ -17,8 +17,6 @@ namespace {
 
 constexpr int POINTER_REST = 300; // milliseconds until a value under the pointer is reported
 
-QString toQString(const std::string& text) { return QString::fromStdString(text); }
-
 } // namespace
 
 ReadoutOverlay::ReadoutOverlay(PolarSys& diagram, LocaleTexts texts)
@@ -305,7 +303,7 @@ void ReadoutOverlay::clearReadout() {
 QString ReadoutOverlay::text() const {
     QString text;
     for (const std::string& line : lines_) {
-        text += (text.isEmpty() ? QString() : QStringLiteral(", ")) + toQString(line);
+        text += (text.isEmpty() ? QString() : QStringLiteral(", ")) + QString::fromStdString(line);
     }
     return text;
 }

@@ -29,8 +29,6 @@ const QColor BAND_EDGE(0, 96, 192);
 
 QRect rectOf(const Box& box) { return {box.left, box.top, box.right - box.left, box.bottom - box.top}; }
 
-QString toQString(const std::string& text) { return QString::fromStdString(text); }
-
 bool holds(const Box& box, Dot dot) {
     return dot.x >= box.left && dot.x < box.right && dot.y >= box.top && dot.y < box.bottom;
 }
@@ -43,7 +41,7 @@ Extent ReadoutOverlay::fieldSize() const {
     const QFontMetrics metrics(font());
     int width = 0;
     for (const std::string& line : lines_) {
-        width = std::max(width, metrics.horizontalAdvance(toQString(line)));
+        width = std::max(width, metrics.horizontalAdvance(QString::fromStdString(line)));
     }
     return {dots(width + 2 * PADDING),
             dots(metrics.height() * static_cast<int>(lines_.size()) + 2 * PADDING)};
@@ -184,7 +182,7 @@ void ReadoutOverlay::paintField(QPainter& painter, const Box& field) const {
     const QFontMetrics metrics(font());
     int y = PADDING;
     for (const std::string& line : lines_) {
-        painter.drawText(PADDING, y + metrics.ascent(), toQString(line));
+        painter.drawText(PADDING, y + metrics.ascent(), QString::fromStdString(line));
         y += metrics.height();
     }
     painter.restore();
@@ -207,7 +205,8 @@ void ReadoutOverlay::paintBand(QPainter& painter) const {
     painter.fillRect(left, top, dots(1), height, BAND_EDGE);
     painter.fillRect(right, top, dots(1), height, BAND_EDGE);
 
-    const QString text = toQString(rowTime(band_->from, texts_) + " – " + rowTime(band_->to, texts_));
+    const QString text =
+        QString::fromStdString(rowTime(band_->from, texts_) + " – " + rowTime(band_->to, texts_));
     const QFontMetrics metrics(font());
     const Extent size{dots(metrics.horizontalAdvance(text) + 2 * PADDING), dots(metrics.height())};
     const int last = std::max(0, dots(width()) - size.width);

@@ -10,16 +10,11 @@ namespace kelvrum {
 namespace {
 
 constexpr const char* NO_VALUE = "kein Wert";
-constexpr double SHOWN_AS_ZERO = 1e-200; // as in the data list
-
-std::string number(double v, const LocaleTexts& texts) {
-    return shownNumber(std::fabs(v) > SHOWN_AS_ZERO ? v : 0, texts);
-}
 
 std::string withUnit(double v, const ReadoutSeries& series, const LocaleTexts& texts) {
     const std::string unit = series.unit.empty() ? "" : " " + series.unit;
     const std::string point = series.directions ? " " + std::string(compassPoint(v)) : "";
-    return number(v, texts) + unit + point;
+    return shownValue(v, texts) + unit + point;
 }
 
 std::string valueText(const std::optional<double>& v, const ReadoutSeries& series, const LocaleTexts& texts) {
@@ -73,7 +68,7 @@ std::vector<std::string> readoutLines(const Readout& readout, const ReadoutSerie
                                       label(first, both) + valueText(value.y1, first, texts)};
     if (readout.spread.count > 1) {
         lines.push_back(std::to_string(readout.spread.count) +
-                        " Werte: " + number(readout.spread.smallest, texts) + " bis " +
+                        " Werte: " + shownValue(readout.spread.smallest, texts) + " bis " +
                         withUnit(readout.spread.greatest, {{}, first.unit, false}, texts));
     }
     if (value.minimum) {

@@ -36,16 +36,16 @@ using Connection = std::unique_ptr<http_t, CloseConnection>;
 using Message = std::unique_ptr<ipp_t, DropMessage>;
 
 /// The options of a job as CUPS keeps them.
-class Options {
+class EncodedOptions {
   public:
-    explicit Options(const QueueJob& job) {
+    explicit EncodedOptions(const QueueJob& job) {
         for (const auto& [name, value] : job.options) {
             count_ = cupsAddOption(name.c_str(), value.c_str(), count_, &list_);
         }
     }
-    Options(const Options&) = delete;
-    Options& operator=(const Options&) = delete;
-    ~Options() { cupsFreeOptions(count_, list_); }
+    EncodedOptions(const EncodedOptions&) = delete;
+    EncodedOptions& operator=(const EncodedOptions&) = delete;
+    ~EncodedOptions() { cupsFreeOptions(count_, list_); }
     void encode(ipp_t* request) const {
         cupsEncodeOptions2(request, count_, list_, IPP_TAG_OPERATION);
         cupsEncodeOptions2(request, count_, list_, IPP_TAG_JOB);
@@ -143,7 +143,7 @@ Message sendOnce(http_t* http, const QueueJob& job, std::ifstream& file, std::ui
     ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr, job.title.c_str());
     ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_MIMETYPE, "document-format", nullptr,
                  "application/pdf");
-    Options(job).encode(request.get());
+    EncodedOptions(job).encode(request.get());
 
     const std::string resource = "/printers/" + job.queue;
     const std::size_t length = ippLength(request.get()) + static_cast<std::size_t>(size);

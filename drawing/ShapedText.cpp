@@ -11,9 +11,7 @@ namespace kelvrum {
 ShapedText::ShapedText(const QFont& font, QPaintDevice* device)
     : font_(font)
     , device_(device)
-    , raw_(QRawFont::fromFont(font))
-    , height_(0)
-    , ascent_(0) {
+    , raw_(QRawFont::fromFont(font)) {
     const QFontMetrics metrics = device != nullptr ? QFontMetrics(font, device) : QFontMetrics(font);
     height_ = metrics.height();
     ascent_ = metrics.ascent();

@@ -47,8 +47,8 @@ class ShapedText {
     QFont font_;
     QPaintDevice* device_;
     QRawFont raw_;
-    int height_;
-    int ascent_;
+    int height_ = 0;
+    int ascent_ = 0;
     std::array<std::optional<double>, CHARACTERS*(CHARACTERS + 1)> advances_;
     std::array<quint32, CHARACTERS> glyphs_{};
 };

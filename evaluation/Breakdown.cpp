@@ -9,7 +9,6 @@ namespace kelvrum {
 
 namespace {
 
-constexpr int MINUTES_PER_HOUR = 60;
 constexpr std::int64_t LONGEST_IN_HOURS = MINUTES_PER_DAY;
 constexpr std::int64_t LONGEST_IN_DAYS = 62LL * MINUTES_PER_DAY;
 

@@ -55,7 +55,6 @@ std::string EvaluationFigures::percent(std::optional<double> v) const {
 std::string EvaluationFigures::degrees(std::optional<double> v) const { return formatted(v, "0.0"); }
 
 std::string EvaluationFigures::duration(std::int64_t minutes) {
-    constexpr std::int64_t MINUTES_PER_HOUR = 60;
     struct Part {
         std::int64_t count;
         const char* unit;

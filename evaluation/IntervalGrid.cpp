@@ -10,7 +10,6 @@ namespace kelvrum {
 
 namespace {
 
-constexpr int MINUTES_PER_HOUR = 60;
 constexpr std::int64_t MS_PER_MINUTE = 60'000;
 constexpr double MS_PER_DAY = static_cast<double>(MS_PER_MINUTE) * MINUTES_PER_DAY;
 

@@ -12,6 +12,7 @@ namespace kelvrum {
 /// Days since 1899-12-30 00:00; the fraction is the time of day.
 using DateTime = double;
 
+inline constexpr int MINUTES_PER_HOUR = 60;
 inline constexpr int MINUTES_PER_DAY = 1440;
 
 /// The serial numbers that have a calendar date: 1 January 100 to 31 December 9999.

@@ -131,6 +131,11 @@ std::string shownNumber(double v, const LocaleTexts& texts) {
 
 std::string shownNumber(float v, const LocaleTexts& texts) { return shownNumber(decimalValue(v), texts); }
 
+std::string shownValue(double v, const LocaleTexts& texts) {
+    constexpr double MEASURED_ZERO = 1e-200;
+    return shownNumber(std::fabs(v) > MEASURED_ZERO ? v : 0, texts);
+}
+
 std::string rowTime(DateTime t, const LocaleTexts& texts) {
     return formatDateTime(t, texts.shortDate, texts) + formatDateTime(t, " hh:mm", texts);
 }

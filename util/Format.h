@@ -31,6 +31,10 @@ std::string shownNumber(double v, const LocaleTexts& texts);
 /// The same of a single-precision number, with no more digits than it has.
 std::string shownNumber(float v, const LocaleTexts& texts);
 
+/// The same of a value in the data list: magnitudes up to 1e-200, which represent a measured zero, are shown
+/// as 0.
+std::string shownValue(double v, const LocaleTexts& texts);
+
 /// The row text of the data list: the short date directly followed by " hh:mm".
 std::string rowTime(DateTime t, const LocaleTexts& texts);
 

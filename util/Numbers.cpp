@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "util/Numbers.h"
 
+#include "util/Text.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -17,8 +19,6 @@ constexpr int SIGNIFICANT_DIGITS = 15;
 // large one that is written with one.
 constexpr int FIRST_PLAIN_EXPONENT = -14;
 constexpr int LAST_PLAIN_EXPONENT = 15;
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 struct Scanned {
     double value = 0;

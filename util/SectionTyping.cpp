@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "util/SectionTyping.h"
 
+#include "util/Text.h"
+
 #include <algorithm>
 
 namespace kelvrum {
@@ -26,8 +28,6 @@ std::optional<SectionTyping::Unit> unitOf(char letter) {
         return std::nullopt;
     }
 }
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 std::size_t digitsOf(SectionTyping::Unit unit) {
     return unit == SectionTyping::Unit::year ? YEAR_DIGITS : OTHER_DIGITS;

@@ -8,6 +8,9 @@
 
 namespace kelvrum {
 
+/// Whether the character is one of 0 to 9, in every locale.
+constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
 /// The text without blanks (only blanks, no tabs) at both ends.
 std::string_view trimBlanks(std::string_view text);
 
