@@ -32,7 +32,7 @@ plain() {
     use_preset plain && cmake --build --preset plain --target kelvrum_plain makestation && tools/checks/plain.sh
 }
 
-# run_tests PRESET LOCALE ZONE : when a test fails, CTest's summary is the last output.
+# run_tests PRESET LOCALE ZONE [OPTIONS] : when a test fails, CTest's summary is the last output.
 run_tests() {
     began=$(date +%s)
     tools/checks/locales.sh "$@" || exit $?
@@ -44,13 +44,13 @@ step licence tools/checks/licence.sh
 step layers tools/checks/layers.sh
 step shell tools/checks/shell.sh
 step plain plain
-step clang build clang
+step "build (asan)" build asan # with the second compiler
+step tidy tools/checks/tidy.sh --program # ./check.sh lints the tests that have changed
 step fuzz tools/checks/fuzz.sh
 step "build (debug)" build debug
-step tidy tools/checks/tidy.sh --program # ./check.sh lints the tests that have changed
-step "build (asan)" build asan
 step package tools/checks/package.sh
-run_tests debug C UTC
-echo "== tests (debug): $(($(date +%s) - began)) s"
+run_tests debug C UTC -L unit
+echo "== tests (debug, unit): $(($(date +%s) - began)) s"
 run_tests debug en_US.UTF-8 Europe/Berlin
+echo "== tests (debug): $(($(date +%s) - began)) s"
 run_tests asan de_DE.UTF-8 Pacific/Auckland

@@ -9,6 +9,12 @@ function(kelvrum_settings target)
         target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
                                                  $<$<BOOL:${KELVRUM_WERROR}>:-Werror>)
     endif()
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        target_compile_options(${target} PRIVATE -Wunused-const-variable=1) # as clang does
+    endif()
+    if(KELVRUM_UNITY) # a local name that another source of the dozen has too
+        target_compile_options(${target} PRIVATE -Wno-shadow)
+    endif()
     # Products and sums are rounded one by one on every processor. The program reads neither the errno of a square root nor
     # floating-point flags.
     if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
@@ -72,6 +78,10 @@ function(kelvrum_plain_library target)
     add_library(${target} STATIC ${ARG_SOURCES})
     kelvrum_alias(${target})
     kelvrum_settings(${target})
+    set_target_properties(${target} PROPERTIES UNITY_BUILD "${KELVRUM_UNITY}" UNITY_BUILD_BATCH_SIZE 12)
+    if(KELVRUM_FUZZ) # count the branches that an input reaches
+        target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+    endif()
     target_link_libraries(${target} PUBLIC ${ARG_USES})
     add_dependencies(kelvrum_plain ${target})
 endfunction()
@@ -85,7 +95,7 @@ function(kelvrum_ui_library target)
     add_library(${target} STATIC ${ARG_SOURCES})
     kelvrum_alias(${target})
     kelvrum_qt_settings(${target})
-    set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    set_target_properties(${target} PROPERTIES AUTOMOC ON UNITY_BUILD "${KELVRUM_UNITY}" UNITY_BUILD_BATCH_SIZE 12)
     target_link_libraries(${target} PUBLIC ${ARG_USES} Qt6::Widgets Qt6::PrintSupport)
     kelvrum_precompiled(${target} kelvrum_precompiled_windows)
 endfunction()

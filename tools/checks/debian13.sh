@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Checks the project on Debian 13: creates a fresh root of that release, copies this tree into it and runs the given
 # commands there, by default ./run.sh and ./test.sh.
-#     tools/checks/debian13.sh [COMMAND...]     for example 'cmake --preset clang' 'cmake --build --preset clang'
+#     tools/checks/debian13.sh [COMMAND...]     for example 'cmake --preset debug' 'cmake --build --preset debug'
 # Needs mmdebstrap, permission to create a root (root, sudo or user namespaces), the machine's own mirror of the
 # distribution, 8 GB in TMPDIR (or /tmp) and an hour or more. Installs nothing outside that root, which is always removed
 # at the end.

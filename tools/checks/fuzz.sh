@@ -19,10 +19,10 @@ fi
 if [ $# -gt 0 ]; then
     shift
 fi
-use_preset fuzz
-cmake --build --preset fuzz
+use_preset asan
+cmake --build --preset asan --target kelvrum_fuzz_targets
 
-folder=build/fuzz/tests/fuzz
+folder=build/asan/tests/fuzz
 rm -rf build/fuzz/seeds
 "$folder/make_seeds" build/fuzz/seeds
 mkdir -p build/fuzz/crashes build/fuzz/logs

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Runs all tests under other languages and time zones: nothing stored, read or computed may depend on them.
 #   locales.sh                       the debug tests under each of the three settings below
-#   locales.sh PRESET LOCALE ZONE    the tests of one build under one setting
+#   locales.sh PRESET LOCALE ZONE [OPTIONS]    the tests of one build under one setting, with further options of ctest
 # The locales are compiled into build/locales, so the system needs none; their sources are in the package "locales".
 set -eu
 cd -P "$(dirname "$0")/../.."
@@ -20,7 +20,7 @@ make_locale() {
     fi
 }
 
-# run_in PRESET LOCALE ZONE
+# run_in PRESET LOCALE ZONE [OPTIONS]. Many tests wait, for a print scheduler above all: two share a processor.
 run_in() {
     if [ "$2" != C ]; then
         make_locale "$2"
@@ -41,12 +41,17 @@ run_in() {
         return 1
     fi
     echo "== tests ($1, $2, $3)"
-    env -u LANGUAGE LOCPATH="$folder" LC_ALL="$2" LANG="$2" TZ="$3" \
-        LSAN_OPTIONS="suppressions=$PWD/tools/checks/locales.supp:print_suppressions=0" ctest --preset "$1" -j2
+    preset=$1
+    locale=$2
+    zone=$3
+    shift 3
+    env -u LANGUAGE LOCPATH="$folder" LC_ALL="$locale" LANG="$locale" TZ="$zone" \
+        LSAN_OPTIONS="suppressions=$PWD/tools/checks/locales.supp:print_suppressions=0" \
+        ctest --preset "$preset" -j"$((2 * $(getconf _NPROCESSORS_ONLN)))" "$@"
 }
 
-if [ $# -eq 3 ]; then
-    run_in "$1" "$2" "$3"
+if [ $# -ge 3 ]; then
+    run_in "$@"
     exit
 fi
 run_in debug C UTC
