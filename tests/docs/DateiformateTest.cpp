@@ -7,7 +7,9 @@
 #include "config/VarnixFormat.h"
 #include "data/ChannelFormat.h"
 #include "data/DataReader.h"
+#include "data/DayFiles.h"
 #include "data/DayFormat.h"
+#include "data/DayList.h"
 #include "diagram/DiagramState.h"
 #include "diagram/SavedProperties.h"
 #include "tests/docs/MarkdownDocument.h"
@@ -105,10 +107,10 @@ TEST_F(Dateiformate, RecordsOfADay) {
         const auto records = readDayRows(station(table.words[2]), DAY_OF_RECORDS, openFile, GO_ON);
         ASSERT_TRUE(records);
         Rows rows;
-        for (std::size_t i = 0; i < records->times.size(); ++i) {
-            rows.push_back({rowTime(records->times[i], LocaleTexts{})});
-            for (std::size_t k = 0; k < records->channels; ++k) {
-                rows.back().push_back(shown(static_cast<double>(records->values[i * records->channels + k])));
+        for (std::size_t i = 0; i < records->count(); ++i) {
+            rows.push_back({rowTime(records->times()[i], LocaleTexts{})});
+            for (const float value : records->values(i)) {
+                rows.back().push_back(shown(static_cast<double>(value)));
             }
         }
         EXPECT_EQ(rows, table.rows);

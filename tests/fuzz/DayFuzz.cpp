@@ -2,6 +2,7 @@
 // Any day files, narrow and wide, read as diagram and as list, beside a plain count of their records. The
 // input: a request, the lengths of the first two files, then the bytes of three.
 #include "data/DataReader.h"
+#include "data/DayFiles.h"
 #include "data/DayFormat.h"
 #include "tests/diagram/TestDiagram.h"
 #include "tests/fuzz/Fuzzing.h"

@@ -3,6 +3,8 @@
 #include "config/ChannelList.h"
 #include "config/ReadConf.h"
 #include "data/DataReader.h"
+#include "data/DayFiles.h"
+#include "data/DayList.h"
 #include "tests/testing/TempFolder.h"
 #include "tools/makestation/FileWriting.h"
 #include "tools/makestation/IniWriter.h"
@@ -242,20 +244,22 @@ TEST(StationFiles, OfTheBinaryFormsReadBackRecordByRecord) {
         const auto rows =
             readDayRows(*station, {timeOf(plan.begin()), plan.until}, openFile, [] { return true; });
         ASSERT_TRUE(rows);
-        ASSERT_EQ(rows->channels, QUANTITIES);
+        ASSERT_EQ(rows->channels(), QUANTITIES);
         std::size_t row = 0;
         for (const MinuteRecord& record : minutesOf(plan)) {
             if (!record.recorded) {
                 continue;
             }
-            ASSERT_LT(row, rows->times.size());
-            ASSERT_NEAR(rows->times[row], timeOf(record.minute), 1e-9);
+            ASSERT_LT(row, rows->count());
+            ASSERT_NEAR(rows->times()[row], timeOf(record.minute), 1e-9);
+            const std::span<const float> values = rows->values(row);
+            ASSERT_EQ(values.size(), QUANTITIES);
             for (std::size_t i = 0; i < QUANTITIES; ++i) {
-                ASSERT_EQ(rows->values[row * QUANTITIES + i], static_cast<float>(record.values[i]));
+                ASSERT_EQ(values[i], static_cast<float>(record.values[i]));
             }
             ++row;
         }
-        EXPECT_EQ(row, rows->times.size());
+        EXPECT_EQ(row, rows->count());
     }
 }
 
