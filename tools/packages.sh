@@ -6,9 +6,9 @@
 BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libcups2-dev fonts-liberation"
 # To start it without a display and to take its picture.
 PICTURE_PACKAGES="xvfb xdotool imagemagick"
-# To test: second compiler, its fuzzer and names for its stack traces, formatter, linters, test and benchmark libraries, a print scheduler, PDF tools,
+# To test: second compiler, its fuzzer, linker and names for its stack traces, formatter, linters, test and benchmark libraries, a print scheduler, PDF tools,
 # locales and time zones.
-TEST_PACKAGES="clang libclang-rt-dev llvm clang-format clang-tidy shellcheck libgtest-dev libgmock-dev libbenchmark-dev xvfb xdotool
+TEST_PACKAGES="clang libclang-rt-dev lld llvm clang-format clang-tidy shellcheck libgtest-dev libgmock-dev libbenchmark-dev xvfb xdotool
     imagemagick cups cups-client cups-filters poppler-utils locales tzdata"
 # To build the installation package, to check it and to install it into a fresh root.
 PACKAGING_PACKAGES="dpkg-dev file lintian desktop-file-utils appstream man-db mmdebstrap xvfb xdotool x11-utils"
