@@ -245,7 +245,8 @@ std::optional<QueueAnswer> fateNow(http_t* http, const std::string& queue, int n
     }
     const QueueState printer = stateOf(http, queue);
     if (printer.stopped || state == IPP_JSTATE_STOPPED) {
-        return QueueAnswer{Fate::stopped, number, printer.words.empty() ? words() : printer.words};
+        return QueueAnswer{printer.stopped ? Fate::stopped : Fate::halted, number,
+                           printer.words.empty() ? words() : printer.words};
     }
     if (state == IPP_JSTATE_HELD) {
         return QueueAnswer{Fate::accepted, number, {}};

@@ -55,6 +55,10 @@ void checkFate(const QueueAnswer& answer, const QString& printer) {
     case Fate::cancelled:
         throwError(QStringLiteral("Der Druckauftrag wurde auf dem Drucker „%1“ abgebrochen%2")
                        .arg(printer, words.isEmpty() ? QStringLiteral(".") : words));
+    case Fate::halted:
+        throwError(QStringLiteral("Der Druckauftrag wurde auf dem Drucker „%1“ angehalten%2\n"
+                                  "Bitte prüfen Sie den Drucker und drucken Sie noch einmal.")
+                       .arg(printer, words.isEmpty() ? QStringLiteral(".") : words));
     case Fate::stopped:
         throwError(QStringLiteral("Der Drucker „%1“ ist angehalten%2\n"
                                   "Der Auftrag wartet und wird gedruckt, sobald der Drucker wieder läuft.")

@@ -26,6 +26,7 @@ struct QueueAnswer {
         refused,     // not taken by the queue
         cancelled,   // taken, and cancelled or aborted since
         stopped,     // taken, but the queue is stopped
+        halted,      // taken, but stopped itself, while the queue goes on
         silent,      // the print system does not answer
         unreachable, // there is no print system, or it ended the connection
         withdrawn,   // by the caller

@@ -165,6 +165,53 @@ class PrintFateTest : public testing::PrintTest {
         QCOMPARE(newJobs(), std::size_t(1));
     }
 
+    void aJobThatFailsLaterSaysWhy_data() {
+        QTest::addColumn<int>("queue");
+        QTest::addColumn<QString>("said"); // up to the print system's own words
+        QTest::newRow("cancelled at the queue")
+            << int(Queue::ENDLESS)
+            << QStringLiteral("Der Druckauftrag wurde auf dem Drucker „Dauerdrucker“ abgebrochen: ");
+        QTest::newRow("aborted by the printer")
+            << int(Queue::FAILING)
+            << QStringLiteral("Der Druckauftrag wurde auf dem Drucker „Fehldrucker“ abgebrochen: ");
+        QTest::newRow("stopped, unlike its printer")
+            << int(Queue::FILTER)
+            << QStringLiteral("Der Druckauftrag wurde auf dem Drucker „Filterdrucker“ angehalten: ");
+    }
+    void aJobThatFailsLaterSaysWhy() {
+        QFETCH(int, queue);
+        QFETCH(QString, said);
+        cups().start(Queue(queue));
+        const std::size_t known = cups().allJobs();
+        PrintedDiagram diagram;
+        diagram.print(false);
+        diagram.job.setStep([&](const PrintProgress& progress) {
+            if (queue == int(Queue::ENDLESS) && progress.stage == Stage::sending && cups().openJobs() > 0) {
+                cups().cancelJobs();
+            }
+            return true;
+        });
+        const QString message = failure(diagram.job);
+        QVERIFY2(message.startsWith(said), qPrintable(message));
+        QVERIFY2(message.section(QStringLiteral(": "), 1).size() > 5, qPrintable(message));
+        QVERIFY(!diagram.job.isOpen());
+        QCOMPARE(cups().allJobs(), known + 1);
+    }
+
+    /// The user may cancel a job that the queue has already accepted.
+    void aJobIsWithdrawnFromTheQueue() {
+        cups().start(Queue::ENDLESS);
+        const std::size_t known = cups().allJobs();
+        PrintedDiagram diagram;
+        diagram.print(false);
+        diagram.job.setStep([&](const PrintProgress& progress) {
+            return progress.stage != Stage::sending || cups().openJobs() == 0;
+        });
+        QVERIFY_THROWS_EXCEPTION(PrintCancelled, diagram.job.end());
+        QCOMPARE(cups().allJobs(), known + 1);
+        QTRY_COMPARE(cups().openJobs(), std::size_t(0));
+    }
+
     // --- cancelling ---
 
     void aCancelledJobLeavesNothing_data() {

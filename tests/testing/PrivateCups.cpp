@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/testing/PrivateCups.h"
 
+#include "tests/testing/PrinterDescriptions.h"
+
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
@@ -69,76 +71,38 @@ Allow all
 // A printer without description prints documents as they come ("raw").
 constexpr const char* PRINTERS_CONF = R"(<DefaultPrinter %1>
 Info %1
-DeviceURI file:///dev/null
+DeviceURI %2
 State Idle
 Accepting Yes
 Shared No
+ErrorPolicy abort-job
 </DefaultPrinter>
 )";
 
-// A printer that passes documents on as they come, but cannot print at the edges of its sheets: 5, 6, 7 and
-// 10 mm at the left, upper, right and lower edge of A4, 20 mm all around of A5.
-constexpr const char* BORDERS_PPD = R"PPD(*PPD-Adobe: "4.3"
-*FormatVersion: "4.3"
-*FileVersion: "1.0"
-*LanguageVersion: English
-*LanguageEncoding: ISOLatin1
-*PCFileName: "BORDERS.PPD"
-*Manufacturer: "Test"
-*Product: "(Borders)"
-*ModelName: "Borders"
-*ShortNickName: "Borders"
-*NickName: "Borders"
-*PSVersion: "(3010.000) 0"
-*LanguageLevel: "3"
-*ColorDevice: True
-*DefaultColorSpace: RGB
-*cupsFilter2: "application/pdf application/pdf 0 -"
-*OpenUI *PageSize/Size: PickOne
-*OrderDependency: 10 AnySetup *PageSize
-*DefaultPageSize: A4
-*PageSize A4/A4: ""
-*PageSize A5/A5: ""
-*CloseUI: *PageSize
-*OpenUI *PageRegion/Size: PickOne
-*OrderDependency: 10 AnySetup *PageRegion
-*DefaultPageRegion: A4
-*PageRegion A4/A4: ""
-*PageRegion A5/A5: ""
-*CloseUI: *PageRegion
-*DefaultImageableArea: A4
-*ImageableArea A4: "14.173 28.346 575.158 824.992"
-*ImageableArea A5: "56.693 56.693 363.307 538.307"
-*DefaultPaperDimension: A4
-*PaperDimension A4: "595 842"
-*PaperDimension A5: "420 595"
-*OpenUI *InputSlot/Source: PickOne
-*DefaultInputSlot: Upper
-*InputSlot Upper/Upper: ""
-*InputSlot Lower/Lower: ""
-*CloseUI: *InputSlot
-*OpenUI *Duplex/Both Sides: PickOne
-*DefaultDuplex: None
-*Duplex None/Off: ""
-*Duplex DuplexNoTumble/Long Edge: ""
-*Duplex DuplexTumble/Short Edge: ""
-*CloseUI: *Duplex
-*OpenUI *ColorModel/Colour: PickOne
-*DefaultColorModel: RGB
-*ColorModel RGB/Colour: ""
-*ColorModel Gray/Grey: ""
-*CloseUI: *ColorModel
-)PPD";
+// Further devices: one that prints until the job is cancelled, and one that fails.
+struct Device {
+    const char* name;
+    const char* script;
+};
+constexpr Device DEVICES[] = {{"endless", "#!/bin/sh\nexec sleep 60\n"}, {"failing", "#!/bin/sh\nexit 1\n"}};
 
-/// A queue's name, and the folder of its jobs.
+/// A queue's name, the folder of its jobs and its device.
 struct QueueNames {
     const char* printer;
     const char* folder;
+    const char* device = "file:///dev/null";
 };
 
 const QueueNames& namesOf(PrivateCups::Queue queue) {
     static constexpr QueueNames NAMES[] = {
-        {"Testdrucker", "jobs"}, {"Ersatzdrucker", "other"}, {"", "none"}, {"Randdrucker", "borders"}};
+        {"Testdrucker", "jobs"},
+        {"Ersatzdrucker", "other"},
+        {"", "none"},
+        {"Randdrucker", "borders"},
+        {"Dauerdrucker", "endless", "endless://device"},
+        {"Fehldrucker", "failing", "failing://device"},
+        {"Filterdrucker", "filter"},
+    };
     return NAMES[static_cast<std::size_t>(queue)];
 }
 
@@ -149,6 +113,16 @@ QString programPath(const QString& name) {
                             : QStandardPaths::findExecutable(name, {QStringLiteral("/usr/sbin"),
                                                                     QStringLiteral("/usr/local/sbin"),
                                                                     QStringLiteral("/sbin")});
+}
+
+/// The folder of the scheduler's own programs.
+QString schedulerPrograms() {
+    const QString folders[] = {QStringLiteral("/usr/lib/cups"), QStringLiteral("/usr/libexec/cups"),
+                               QStringLiteral("/usr/lib64/cups")};
+    const auto* found = std::find_if(std::begin(folders), std::end(folders), [](const QString& folder) {
+        return QFile::exists(folder + QStringLiteral("/daemon"));
+    });
+    return found != std::end(folders) ? *found : folders[0];
 }
 
 void write(const QString& path, const QString& text) {
@@ -222,13 +196,24 @@ PrivateCups::PrivateCups() {
     qunsetenv("PRINTER"); // both would name another default printer
     qunsetenv("LPDEST");
     QDir folder(path({}));
-    for (const char* name : {"state", "tmp", "ppd"}) {
+    for (const char* name : {"state", "tmp", "ppd", "programs/backend"}) {
         folder.mkpath(QString::fromLatin1(name));
     }
-    for (const Queue queue : {Queue::DEFAULT, Queue::OTHER, Queue::NONE, Queue::BORDERS}) {
+    for (const Queue queue : {Queue::DEFAULT, Queue::OTHER, Queue::NONE, Queue::BORDERS, Queue::ENDLESS,
+                              Queue::FAILING, Queue::FILTER}) {
         for (const char* name : {"/cache", "/spool"}) {
             folder.mkpath(QString::fromLatin1(namesOf(queue).folder) + QString::fromLatin1(name));
         }
+    }
+    for (const Device& device : DEVICES) {
+        const QString script = path(QStringLiteral("programs/backend/")) + QString::fromLatin1(device.name);
+        write(script, QString::fromLatin1(device.script));
+        QFile::setPermissions(script, QFile::ReadOwner | QFile::ExeOwner); // the scheduler wants no more
+    }
+    const QString programs = schedulerPrograms();
+    for (const char* name : {"daemon", "filter"}) {
+        QFile::link(programs + QLatin1Char('/') + QString::fromLatin1(name),
+                    path(QStringLiteral("programs/")) + QString::fromLatin1(name));
     }
     scheduler_.setProcessChannelMode(QProcess::MergedChannels);
 #ifdef __linux__
@@ -244,13 +229,23 @@ void PrivateCups::writeConfiguration() const {
     const QString folder = QString::fromStdString(folder_.path().string());
     const QString jobFolder = QString::fromLatin1(namesOf(queue_).folder);
     const QString printer = QString::fromLatin1(namesOf(queue_).printer);
-    write(path(QStringLiteral("cups-files.conf")), QString::fromLatin1(FILES_CONF).arg(folder, jobFolder));
+    const QString device = QString::fromLatin1(namesOf(queue_).device);
+    QString files = QString::fromLatin1(FILES_CONF).arg(folder, jobFolder);
+    if (!device.startsWith(QStringLiteral("file:"))) {
+        files += QStringLiteral("ServerBin %1/programs\n").arg(folder);
+    }
+    write(path(QStringLiteral("cups-files.conf")), files);
     write(path(QStringLiteral("cupsd.conf")), QString::fromLatin1(CUPSD_CONF).arg(folder));
     write(path(QStringLiteral("printers.conf")),
-          printer.isEmpty() ? QString() : QString::fromLatin1(PRINTERS_CONF).arg(printer));
-    QFile::remove(path(QStringLiteral("ppd/Randdrucker.ppd")));
+          printer.isEmpty() ? QString() : QString::fromLatin1(PRINTERS_CONF).arg(printer, device));
+    const QString borders = path(QStringLiteral("ppd/Randdrucker.ppd"));
+    const QString filter = path(QStringLiteral("ppd/Filterdrucker.ppd"));
+    QFile::remove(borders);
+    QFile::remove(filter);
     if (queue_ == Queue::BORDERS) {
-        write(path(QStringLiteral("ppd/Randdrucker.ppd")), QString::fromLatin1(BORDERS_PPD));
+        write(borders, QString::fromLatin1(BORDERS_PPD));
+    } else if (queue_ == Queue::FILTER) {
+        write(filter, QString::fromLatin1(FILTER_PPD).arg(programPath(QStringLiteral("false"))));
     }
 }
 
@@ -276,6 +271,10 @@ void PrivateCups::halt(const QString& reason) {
 void PrivateCups::resume() const {
     outputOf(QStringLiteral("cupsaccept"), {printer()});
     outputOf(QStringLiteral("cupsenable"), {printer()});
+}
+
+void PrivateCups::cancelJobs() const {
+    outputOf(QStringLiteral("cancel"), {QStringLiteral("-a"), printer()});
 }
 
 void PrivateCups::hang() {

@@ -27,6 +27,9 @@ class PrivateCups {
         OTHER,   // there is one printer, "Ersatzdrucker"
         NONE,    // there is no printer
         BORDERS, // there is one printer, "Randdrucker", which cannot print at the edges of its sheets
+        ENDLESS, // there is one printer, "Dauerdrucker", which prints each job until it is cancelled
+        FAILING, // there is one printer, "Fehldrucker", which aborts each job
+        FILTER,  // there is one printer, "Filterdrucker", which goes on when it cannot read a job
     };
 
     /// Whether the scheduler and the readers of its documents are installed.
@@ -55,6 +58,9 @@ class PrivateCups {
     void reject(const QString& reason);
     void halt(const QString& reason);
     void resume() const;
+
+    /// Cancels all jobs of the printer, as a person does at the queue.
+    void cancelJobs() const;
 
     /// Ends the scheduler; in its place there is a socket from now on which takes calls and never answers.
     void hang();
