@@ -9,6 +9,7 @@
 #include "drawing/QueueOptions.h"
 
 #include <QFileInfo>
+#include <QPrintEngine>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <numeric>
@@ -71,6 +72,14 @@ void checkFate(const QueueAnswer& answer, const QString& printer) {
                    .arg(target.isEmpty() ? document.path() : target, document.reason()));
 }
 
+std::unique_ptr<QPrinter> newPrinter() {
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer->setFullPage(true);
+    printer->setColorMode(QPrinter::Color); // a queue without a description counts as grey otherwise
+    printer->setCreator(DEFAULT_NAME);
+    return printer;
+}
+
 QMarginsF millimetres(QPageLayout layout, QMarginsF (QPageLayout::*margins)() const) {
     layout.setUnits(QPageLayout::Millimeter);
     return (layout.*margins)();
@@ -91,6 +100,28 @@ QMarginsF toolkitMargins(const QPrinter& printer) {
     return marginsOf(fresh);
 }
 
+// Where the toolkit's printer dialog keeps further choices for a queue.
+constexpr auto DIALOG_OPTIONS = QPrintEngine::PrintEnginePropertyKey(0xfe00);
+
+/// A printer with the same settings.
+std::unique_ptr<QPrinter> copyOf(const QPrinter& printer) {
+    auto copy = newPrinter();
+    if (printer.outputFormat() == QPrinter::PdfFormat) {
+        copy->setOutputFormat(QPrinter::PdfFormat);
+        copy->setOutputFileName(printer.outputFileName());
+    } else {
+        copy->setPrinterName(printer.printerName());
+    }
+    copy->setPageLayout(printer.pageLayout());
+    copy->setCopyCount(printer.copyCount());
+    copy->setCollateCopies(printer.collateCopies());
+    copy->setDuplex(printer.duplex());
+    copy->setColorMode(printer.colorMode());
+    copy->setPaperSource(printer.paperSource());
+    copy->printEngine()->setProperty(DIALOG_OPTIONS, printer.printEngine()->property(DIALOG_OPTIONS));
+    return copy;
+}
+
 bool differ(const QMarginsF& a, const QMarginsF& b) {
     constexpr double ROUNDING = 0.05; // millimetres, between units of the dialog
     const QMarginsF d = a - b;
@@ -106,10 +137,7 @@ PrintJob::~PrintJob() = default;
 
 QPrinter& PrintJob::printer() {
     if (!printer_) {
-        printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
-        printer_->setFullPage(true);
-        printer_->setColorMode(QPrinter::Color); // a queue without a description counts as grey otherwise
-        printer_->setCreator(DEFAULT_NAME);
+        printer_ = newPrinter();
     }
     return *printer_;
 }
@@ -146,7 +174,9 @@ bool PrintJob::hasPrinter() {
 
 bool PrintJob::setUp(const std::function<bool(QPrinter&)>& dialog) {
     const QMarginsF before = marginsOf(printer());
+    auto kept = copyOf(printer()); // the toolkit's dialog changes the printer even when it is cancelled
     if (!dialog(printer())) {
+        printer_ = std::move(kept);
         return false;
     }
     if (toFile()) {

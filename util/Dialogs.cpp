@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "util/Dialogs.h"
 
+#include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -71,11 +73,31 @@ QString Dialogs::choosePdf(QWidget* parent, const QString& proposed) {
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
+namespace {
+
+/// The toolkit's dialog opens with a printer even when file output is in use.
+void showFileOutput(QPrintDialog& dialog, const QString& file) {
+    auto* printers = dialog.findChild<QComboBox*>(QStringLiteral("printers"));
+    auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("filename"));
+    if (printers != nullptr && name != nullptr) {
+        printers->setCurrentIndex(printers->count() - 1);
+        name->setText(file);
+    }
+}
+
+} // namespace
+
 bool Dialogs::setUpPrinter(QWidget* parent, QPrinter& printer) {
+    const QString file = printer.outputFormat() == QPrinter::PdfFormat ? printer.outputFileName() : QString();
     QPrintDialog dialog(&printer, parent);
     dialog.setWindowTitle(QStringLiteral("Drucker einrichten"));
     dialog.setOption(QAbstractPrintDialog::PrintToFile, true);
     dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
+    if (!file.isEmpty()) {
+        dialog.setModal(true);
+        dialog.show(); // which adds file output to the printers
+        showFileOutput(dialog, file);
+    }
     return dialog.exec() == QDialog::Accepted;
 }
 
