@@ -383,11 +383,9 @@ class f_print_test : public PrintTest {
     void aCancelledList() {
         const QStringList filesBefore =
             QDir(QDir::tempPath()).entryList({QStringLiteral("kelvrum-*.pdf")}, QDir::Files);
-        MadeStation made = madeStation();
-        made.minutes[7].assign(366 * 1440, 12.5);
-        const WindowFixture fixture(made);
+        const WindowFixture fixture(longStation());
         fixture.chooseChannel(DUST_ROW);
-        fixture.arrange({QStringLiteral("01.01.2020 00:00"), QStringLiteral("31.12.2020 00:00")}, 0);
+        fixture.arrange({QStringLiteral("18.06.2020 00:00"), QStringLiteral("25.06.2020 00:00")}, 0);
         fixture.click("optView(1)");
         const int rows = fixture.the<QTableView>("lView").model()->rowCount();
         bool cancelled = false;
@@ -410,7 +408,8 @@ class f_print_test : public PrintTest {
         });
         timer.start(50);
         fixture.dialogs->onPrinter = [](QPrinter& printer) {
-            printer.setPageSize(QPageSize(QPageSize::A5)); // makes more of them
+            printer.setPageSize(QPageSize(QPageSize::A10)); // with one row on each page
+            printer.setPageOrientation(QPageLayout::Landscape);
         };
         fixture.trigger("menSelP");
         timer.stop();
