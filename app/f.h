@@ -27,6 +27,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class QFrame;
 class QKeyEvent;
@@ -152,7 +153,8 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     [[nodiscard]] bool isNewest(unsigned requests) const;
 
     // --- f_print.cpp: printing ---
-    bool printerReady();
+    // A window is that above which dialogs and messages appear.
+    bool printerReady(QWidget& window);
     void printView();
     void printNow();
     void setUpPrinterAndPrint();
@@ -160,8 +162,8 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     void openBatchPrint();
     void printDiagram();
     void printList();
-    bool chooseFile();
-    void say(const std::exception& error);
+    bool chooseFile(QWidget& window);
+    void say(QWidget& window, const std::exception& error);
     [[nodiscard]] std::string nameOfView() const;
     [[nodiscard]] std::string printingDate() const;
     [[nodiscard]] std::string shownRange() const;

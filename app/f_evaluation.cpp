@@ -13,7 +13,6 @@
 #include "drawing/PrintWait.h"
 #include "evaluation/EvaluationReading.h"
 #include "util/BusyPointer.h"
-#include "util/Dialogs.h"
 #include "util/Validity.h"
 
 #include <QAction>
@@ -73,14 +72,13 @@ void f::openEvaluation() {
 }
 
 void f::printEvaluation(const EvaluationText& text, QWidget& window) {
-    if (!printerReady()) {
+    if (!printerReady(window)) {
         return;
     }
     printJob_.setName(jobName(station_.Title, "Auswertung", range(), environment_.texts));
-    if (!chooseFile()) {
+    if (!chooseFile(window)) {
         return;
     }
-    QString failure;
     try {
         const BusyPointer busy;
         const PrintWait wait(printJob_, window);
@@ -91,10 +89,7 @@ void f::printEvaluation(const EvaluationText& text, QWidget& window) {
         printJob_.abandon();
     } catch (const std::exception& error) {
         printJob_.abandon();
-        failure = QString::fromUtf8(error.what());
-    }
-    if (!failure.isEmpty()) {
-        environment_.dialogs->message(&window, failure, QStringLiteral("Drucken"));
+        say(window, error);
     }
 }
 

@@ -30,24 +30,24 @@ constexpr std::size_t PAGES_UNASKED = 20; // a list of more pages is printed onl
 
 } // namespace
 
-void f::say(const std::exception& error) {
-    environment_.dialogs->message(this, QString::fromUtf8(error.what()), QStringLiteral("Drucken"));
+void f::say(QWidget& window, const std::exception& error) {
+    environment_.dialogs->message(&window, QString::fromUtf8(error.what()), QStringLiteral("Drucken"));
 }
 
 /// Shows a message when the system has no printer, the current one has no name or the print system is silent.
-bool f::printerReady() {
+bool f::printerReady(QWidget& window) {
     try {
-        const PrintWait wait(printJob_, *this);
+        const PrintWait wait(printJob_, window);
         if (printJob_.hasPrinter()) {
             return true;
         }
     } catch (const PrintCancelled&) {
         return false;
     } catch (const PrintError& error) {
-        say(error);
+        say(window, error);
         return false;
     }
-    environment_.dialogs->message(this, QStringLiteral("Driver missing"), QStringLiteral("Printer"));
+    environment_.dialogs->message(&window, QStringLiteral("Driver missing"), QStringLiteral("Printer"));
     return false;
 }
 
@@ -57,11 +57,11 @@ void f::printView() {
 
 void f::printNow() {
     finishEdits();
-    if (!printerReady()) {
+    if (!printerReady(*this)) {
         return;
     }
     printJob_.setName(nameOfView());
-    if (!chooseFile()) {
+    if (!chooseFile(*this)) {
         return;
     }
     try {
@@ -74,16 +74,16 @@ void f::printNow() {
         printJob_.abandon();
     } catch (const std::exception& error) {
         printJob_.abandon();
-        say(error);
+        say(*this, error);
     }
 }
 
 /// Asks for the name of the PDF file, where one is printed into; false when the user cancels.
-bool f::chooseFile() {
+bool f::chooseFile(QWidget& window) {
     if (!printJob_.needsFile()) {
         return true;
     }
-    const QString file = environment_.dialogs->choosePdf(this, printJob_.proposedFile());
+    const QString file = environment_.dialogs->choosePdf(&window, printJob_.proposedFile());
     printJob_.setFile(file);
     return !file.isEmpty();
 }
@@ -140,7 +140,7 @@ void f::setUpPrinterAndPrint() {
         } catch (const PrintCancelled&) {
             return;
         } catch (const PrintError& error) {
-            say(error);
+            say(*this, error);
             return;
         }
         // Cancelling ends it silently.
@@ -156,7 +156,7 @@ void f::showBatchPrint() {
 }
 
 void f::openBatchPrint() {
-    if (!printerReady()) {
+    if (!printerReady(*this)) {
         return;
     }
     view_->diagram().setPageNotes(pageNotes());

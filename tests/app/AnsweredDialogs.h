@@ -39,7 +39,8 @@ class AnsweredDialogs : public Dialogs {
         return pdf;
     }
 
-    void message(QWidget* /*parent*/, const QString& text, const QString& title) override {
+    void message(QWidget* above, const QString& text, const QString& title) override {
+        parent = above;
         messages.push_back(title + QStringLiteral(": ") + text);
     }
     bool setUpPrinter(QWidget* /*parent*/, QPrinter& printer) override {
@@ -59,6 +60,7 @@ class AnsweredDialogs : public Dialogs {
     QStringList messages;                     // "title: text", in order
     QStringList questions;                    // the same
     QStringList proposedFiles;
+    QWidget* parent = nullptr; // of the last message
 };
 
 } // namespace kelvrum::testing
