@@ -149,6 +149,11 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     /// How the values of a channel are named.
     [[nodiscard]] ReadoutSeries seriesOf(std::int32_t channel) const;
     void showHint();
+    /// Tells below a rose what it shows.
+    void showRose();
+    /// The parts of such a note: range, interval, how many intervals and calms, what the rings tell.
+    [[nodiscard]] std::vector<std::string> roseNotes(const TimeRange& range, std::int64_t intervals,
+                                                     std::int64_t calms) const;
     /// Whether nothing has been requested since a moment at which there had been `requests` requests.
     [[nodiscard]] bool isNewest(unsigned requests) const;
 
@@ -166,7 +171,7 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     void say(QWidget& window, const std::exception& error);
     [[nodiscard]] std::string nameOfView() const;
     [[nodiscard]] std::string printingDate() const;
-    [[nodiscard]] std::string shownRange() const;
+    [[nodiscard]] std::string shownRange(const TimeRange& range) const;
     [[nodiscard]] PageNotes pageNotes() const;
 
     // --- f_evaluation.cpp ---

@@ -108,12 +108,12 @@ std::string f::printingDate() const {
                           environment_.texts);
 }
 
-std::string f::shownRange() const {
+std::string f::shownRange(const TimeRange& range) const {
     const auto shown = [this](DateTime t) {
         const LocaleTexts& texts = environment_.texts;
         return formatDateTime(t, texts.shortDate, texts) + ", " + formatDateTime(t, "hh:mm", texts) + " Uhr";
     };
-    return shown(range().from) + " bis " + shown(range().to);
+    return shown(range.from) + " bis " + shown(range.to);
 }
 
 PageNotes f::pageNotes() const {
@@ -124,10 +124,8 @@ PageNotes f::pageNotes() const {
     notes.right = "Gedruckt am " + printingDate();
     const PolarSys& KS = view_->diagram();
     if (KS.DiagTyp() == KIND_POLAR) {
-        notes.polarFoot = shownRange() + ", Intervall: " + interval_->caption().toStdString() + ", " +
-                          std::to_string(KS.sampleCount()) + " Intervalle, davon " +
-                          std::to_string(classify(KS.samples(), KS.RadRaster()).calm) +
-                          " Kalmen. Angaben in Prozent";
+        const auto parts = roseNotes(range(), KS.sampleCount(), classify(KS.samples(), KS.RadRaster()).calm);
+        notes.polarFoot = parts[0] + ", " + parts[1] + ", " + parts[2] + ". " + parts[3];
     }
     return notes;
 }
@@ -183,7 +181,7 @@ void f::printList() {
     table.rows = rows.count();
     table.rowText = [&rows](std::size_t row) { return rows.text(row); };
     table.note = "Zeit: Beginn des Intervalls, ohne Sommerzeit";
-    table.foot = shownRange();
+    table.foot = shownRange(range());
     if (station_.Kind != ConfigKind::binary) { // whose list shows the records themselves
         table.foot += ", Intervall: " + interval_->caption().toStdString();
     }

@@ -3,6 +3,7 @@
 #include "app/ChannelChoice.h"
 #include "app/DateFrame.h"
 #include "app/DiagramInput.h"
+#include "app/IntervalFrame.h"
 #include "app/KindMenu.h"
 #include "app/ListView.h"
 #include "app/RangeActions.h"
@@ -35,6 +36,7 @@ void f::buildReading() {
     connect(input, &DiagramInput::jumpWanted, this,
             [this](bool last) { jumpTo(last ? StoredEnd::last : StoredEnd::first); });
     connect(&KS, &PolarSys::drawn, this, &f::showHint);
+    connect(&KS, &PolarSys::drawn, this, &f::showRose);
 
     for (const auto side : {DateFrame::Side::start, DateFrame::Side::end}) {
         connect(&date_->datePicker(side), &DatePicker::monthOpened, this, &f::wantMarks);
@@ -157,6 +159,20 @@ void f::showHint() {
                            });
     }
     overlay_->setHint(isLookedUp_ ? QString::fromStdString(viewHint(facts, environment_.texts)) : QString());
+}
+
+std::vector<std::string> f::roseNotes(const TimeRange& range, std::int64_t intervals,
+                                      std::int64_t calms) const {
+    return {shownRange(range), "Intervall: " + interval_->caption().toStdString(),
+            std::to_string(intervals) + (intervals == 1 ? " Intervall" : " Intervalle") + ", davon " +
+                std::to_string(calms) + (calms == 1 ? " Kalme" : " Kalmen"),
+            "Angaben in Prozent"};
+}
+
+void f::showRose() {
+    const auto& rose = view_->diagram().polarShown();
+    overlay_->setNotes(rose ? roseNotes(facts_.range, rose->samples, rose->classes.calm)
+                            : std::vector<std::string>());
 }
 
 } // namespace kelvrum

@@ -7,6 +7,7 @@
 #include <QEvent>
 #include <QFontMetrics>
 #include <QLabel>
+#include <QStringList>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -17,13 +18,18 @@ namespace {
 
 constexpr int POINTER_REST = 300; // milliseconds until a value under the pointer is reported
 
+// Pixels.
+constexpr int COVERED_FOOT = 16; // of the control: the window's scroll bar is above it
+constexpr int NOTES_GAP = 6;     // between the notes and the edges of the control
+
 } // namespace
 
 ReadoutOverlay::ReadoutOverlay(PolarSys& diagram, LocaleTexts texts)
     : QWidget(&diagram)
     , diagram_(diagram)
     , texts_(std::move(texts))
-    , hint_(new QLabel(this)) {
+    , hint_(new QLabel(this))
+    , notes_(new QLabel(this)) {
     setObjectName(QStringLiteral("overlay"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
@@ -31,6 +37,10 @@ ReadoutOverlay::ReadoutOverlay(PolarSys& diagram, LocaleTexts texts)
     hint_->setAlignment(Qt::AlignCenter);
     hint_->setStyleSheet(QStringLiteral("color: #606060")); // the picture is white in every palette
     hint_->hide();
+    notes_->setObjectName(QStringLiteral("notes"));
+    notes_->setTextFormat(Qt::PlainText);
+    notes_->setStyleSheet(QStringLiteral("color: black; background: rgba(255, 255, 255, 216)"));
+    notes_->hide();
     rest_.setSingleShot(true);
     rest_.setInterval(POINTER_REST);
     connect(&rest_, &QTimer::timeout, this, &ReadoutOverlay::readOut);
@@ -44,6 +54,7 @@ ReadoutOverlay::ReadoutOverlay(PolarSys& diagram, LocaleTexts texts)
 bool ReadoutOverlay::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &diagram_ && event->type() == QEvent::Resize) {
         setGeometry(diagram_.rect());
+        placeNotes();
     }
     return QWidget::eventFilter(watched, event);
 }
@@ -335,9 +346,9 @@ void ReadoutOverlay::setHint(const QString& hint) {
 
 QString ReadoutOverlay::hint() const { return hint_->text(); }
 
-/// At the foot of the plot, or of the control where there is no plot.
+/// At the foot of the plot, or of what is visible of the control where there is no plot.
 void ReadoutOverlay::placeHint() {
-    QRect area = rect();
+    QRect area = rect().adjusted(0, 0, 0, -COVERED_FOOT);
     if (hasPlot()) {
         const PlotArea& plot = diagram_.lineShown()->plot;
         area = QRect(
@@ -346,6 +357,25 @@ void ReadoutOverlay::placeHint() {
     }
     const int height = hint_->fontMetrics().height();
     hint_->setGeometry(area.left(), area.bottom() - height, area.width(), height);
+}
+
+void ReadoutOverlay::setNotes(const std::vector<std::string>& lines) {
+    QStringList texts;
+    for (const std::string& line : lines) {
+        texts << QString::fromStdString(line);
+    }
+    notes_->setText(texts.join(QLatin1Char('\n')));
+    notes_->setVisible(!lines.empty());
+    placeNotes();
+}
+
+QString ReadoutOverlay::notes() const { return notes_->text(); }
+
+/// Above the hint's line, which a rose without values has.
+void ReadoutOverlay::placeNotes() {
+    const QSize size = notes_->sizeHint();
+    const int bottom = height() - COVERED_FOOT - NOTES_GAP - hint_->fontMetrics().height();
+    notes_->setGeometry(NOTES_GAP, bottom - size.height(), size.width(), size.height());
 }
 
 } // namespace kelvrum

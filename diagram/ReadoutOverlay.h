@@ -76,6 +76,10 @@ class ReadoutOverlay : public QWidget {
     void setHint(const QString& hint);
     [[nodiscard]] QString hint() const;
 
+    /// Lines in the lower left corner of the control; none: no notes.
+    void setNotes(const std::vector<std::string>& lines);
+    [[nodiscard]] QString notes() const;
+
   Q_SIGNALS:
     /// The readout has changed. For a moving pointer, only once it rests.
     void readOut();
@@ -107,6 +111,7 @@ class ReadoutOverlay : public QWidget {
     void tell(std::vector<std::string> lines);
     void clearReadout();
     void placeHint();
+    void placeNotes();
 
     // --- ReadoutOverlay_paint.cpp ---
     void layOut();
@@ -141,6 +146,7 @@ class ReadoutOverlay : public QWidget {
     Marks marks_;
     std::optional<TimeRange> band_;
     QLabel* hint_;
+    QLabel* notes_;
     QTimer rest_; // of the pointer
 };
 

@@ -4,7 +4,9 @@
 
 #include <QAction>
 #include <QLabel>
+#include <QMenu>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTest>
 
 namespace kelvrum {
@@ -13,7 +15,9 @@ using namespace kelvrum::testing;
 
 namespace {
 
-constexpr int SPEED_ROW = 0; // of the channel list
+// Of the channel list.
+constexpr int SPEED_ROW = 0;
+constexpr int DIRECTION_ROW = 1;
 
 QString text(const ShownRange& range) { return range.from + QStringLiteral(" - ") + range.to; }
 
@@ -131,6 +135,50 @@ class f_hints_test : public QObject {
         hand.overlay.setHint({});
         QVERIFY(!label.isVisible());
         QCOMPARE(hand.KS.picture().toImage(), picture);
+    }
+
+    /// A rose has notes in its corner, as its page has them, and its hint is not under the scroll bar.
+    void aRoseTellsWhatItShows() {
+        const WindowFixture fixture;
+        const DiagramHand hand(fixture);
+        fixture.chooseChannel(DIRECTION_ROW);
+        fixture.chooseInterval(3);
+        QCOMPARE(hand.overlay.notes(), QString());
+        fixture.the<QMenu>("menKS").findChild<QAction*>(QStringLiteral("menPolar"))->trigger();
+        const auto& label = fixture.the<QLabel>("notes");
+        const auto& bar = fixture.the<QScrollBar>("HScroll");
+        const auto isSeen = [&](const QLabel& shown) {
+            const QRect place(shown.mapTo(fixture.window.get(), QPoint()), shown.size());
+            const QRect covered(bar.mapTo(fixture.window.get(), QPoint()), bar.size());
+            return shown.isVisible() && !place.intersects(covered);
+        };
+        const PolarDrawing& rose = *hand.KS.polarShown();
+        QVERIFY(rose.samples > 50 && rose.classes.calm != 1);
+        QCOMPARE(hand.overlay.notes(),
+                 QStringLiteral("18.06.2020, 00:00 Uhr bis 19.06.2020, 00:00 Uhr\nIntervall: 15 Minuten\n"
+                                "%1 Intervalle, davon %2 Kalmen\nAngaben in Prozent")
+                     .arg(rose.samples)
+                     .arg(rose.classes.calm));
+        QVERIFY(isSeen(label));
+        QVERIFY(label.geometry().left() < 20 && label.height() >= label.sizeHint().height());
+        fixture.window->resize(fixture.window->width() + 100, fixture.window->height() + 80);
+        QVERIFY(isSeen(label));
+        const QImage picture = hand.KS.picture().toImage();
+        hand.overlay.setNotes({});
+        QVERIFY(!label.isVisible());
+        QCOMPARE(hand.KS.picture().toImage(), picture);
+
+        fixture.arrange({QStringLiteral("18.06.2020 00:00"), QStringLiteral("18.06.2020 00:15")}, 3);
+        fixture.window->LoadData();
+        QVERIFY(hand.overlay.notes().contains(QStringLiteral("\n1 Intervall, davon ")));
+        show(fixture, "01.02.2020 00:00", "02.02.2020 00:00"); // no values
+        QTRY_VERIFY(hand.overlay.hint().startsWith(QStringLiteral("Keine Werte im Zeitraum")));
+        QVERIFY(hand.overlay.notes().contains(QStringLiteral("\n0 Intervalle, davon 0 Kalmen\n")));
+        const auto& hint = fixture.the<QLabel>("hint");
+        QVERIFY(isSeen(hint));
+        QVERIFY(!hint.geometry().intersects(label.geometry()));
+        fixture.the<QMenu>("menKS").findChild<QAction*>(QStringLiteral("menLinie"))->trigger();
+        QVERIFY(!label.isVisible());
     }
 
     /// A lookup that a newer request overtakes tells nothing.
