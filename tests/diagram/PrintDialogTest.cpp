@@ -19,7 +19,6 @@
 #include <QTimer>
 #include <cmath>
 #include <functional>
-#include <memory>
 
 namespace kelvrum {
 namespace {
@@ -64,11 +63,10 @@ QByteArray contentOf(const QString& path) {
 
 } // namespace
 
-class PrintDialogTest : public QObject {
+class PrintDialogTest : public testing::PrintTest {
     Q_OBJECT
 
   private:
-    std::unique_ptr<PrivateCups> cups_;
     QWidget window_;
     Dialogs dialogs_;
 
@@ -95,16 +93,10 @@ class PrintDialogTest : public QObject {
     }
 
   private Q_SLOTS:
-    void initTestCase() {
-        if (!PrivateCups::isInstalled()) {
-            QSKIP("There is no print scheduler here.");
-        }
-        cups_ = std::make_unique<PrivateCups>();
+    void init() {
+        PrintTest::init();
         window_.show();
     }
-    void init() { cups_->start(); }
-    void cleanup() { seriesTable().clear(); }
-    void cleanupTestCase() { cups_.reset(); }
 
     void fileOutputCountsAsAPrinter_data() {
         QTest::addColumn<int>("queue");
@@ -113,8 +105,8 @@ class PrintDialogTest : public QObject {
     }
     void fileOutputCountsAsAPrinter() {
         QFETCH(int, queue);
-        cups_->start(Queue(queue));
-        const std::size_t jobs = cups_->allJobs();
+        cups().start(Queue(queue));
+        const std::size_t jobs = cups().allJobs();
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("Bericht.pdf"));
         PrintedDiagram diagram;
@@ -128,7 +120,7 @@ class PrintDialogTest : public QObject {
         diagram.print(true);
         QVERIFY(isWholeSheet(path));
         QVERIFY(diagram.job.needsFile());
-        QCOMPARE(cups_->allJobs(), jobs);
+        QCOMPARE(cups().allJobs(), jobs);
     }
 
     /// The dialog opens with what was chosen; another choice takes its place.
@@ -147,7 +139,7 @@ class PrintDialogTest : public QObject {
         }));
         diagram.print(true);
         QVERIFY(isWholeSheet(path));
-        const std::size_t jobs = cups_->documents().size();
+        const std::size_t jobs = cups().documents().size();
         QVERIFY(setUp(diagram.job, [](const OpenDialog& open) {
             open.printers.setFocus();
             QTest::keyClick(&open.printers, Qt::Key_Home);
@@ -156,8 +148,8 @@ class PrintDialogTest : public QObject {
         }));
         QVERIFY(!diagram.job.needsFile());
         diagram.print(true);
-        QCOMPARE(cups_->documents().size(), jobs + 1);
-        QVERIFY(isWholeSheet(cups_->documents().back()));
+        QCOMPARE(cups().documents().size(), jobs + 1);
+        QVERIFY(isWholeSheet(cups().documents().back()));
     }
 
     /// While it is open the dialog changes the printer; cancelled, it has changed nothing. Margins stay, also
@@ -166,7 +158,7 @@ class PrintDialogTest : public QObject {
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("Bericht.pdf"));
         const QMarginsF margins(25, 15, 25, 15);
-        cups_->start(Queue::BORDERS); // its description has sides
+        cups().start(Queue::BORDERS); // its description has sides
         PrintedDiagram diagram;
         diagram.job.setUp([&margins](QPrinter& printer) {
             printer.setPageMargins(margins, QPageLayout::Millimeter);
@@ -184,9 +176,9 @@ class PrintDialogTest : public QObject {
         for (const bool accepted : {false, true}) {
             QVERIFY(!diagram.job.needsFile());
             diagram.print(true);
-            QVERIFY(std::abs(titleTop(cups_->documents().back()) - 18) < 0.3);
-            QCOMPARE(cups_->newestJob()[QStringLiteral("copies")], QStringLiteral("2"));
-            QCOMPARE(cups_->newestJob()[QStringLiteral("sides")], QStringLiteral("two-sided-short-edge"));
+            QVERIFY(std::abs(titleTop(cups().documents().back()) - 18) < 0.3);
+            QCOMPARE(cups().newestJob()[QStringLiteral("copies")], QStringLiteral("2"));
+            QCOMPARE(cups().newestJob()[QStringLiteral("sides")], QStringLiteral("two-sided-short-edge"));
             QCOMPARE(setUp(diagram.job,
                            [accepted](const OpenDialog& open) {
                                QCOMPARE(open.printers.currentText(), QStringLiteral("Randdrucker"));
@@ -253,8 +245,8 @@ class PrintDialogTest : public QObject {
             open.press(QDialogButtonBox::Ok);
         }));
         diagram.print(true);
-        QCOMPARE(cups_->newestJob()[QStringLiteral("copies")], QStringLiteral("3"));
-        QVERIFY(isWholeSheet(cups_->documents().back()));
+        QCOMPARE(cups().newestJob()[QStringLiteral("copies")], QStringLiteral("3"));
+        QVERIFY(isWholeSheet(cups().documents().back()));
     }
 };
 

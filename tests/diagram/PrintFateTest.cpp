@@ -31,6 +31,7 @@ constexpr const char* UNREACHABLE =
     "Der Drucker ist nicht erreichbar. Bitte prüfen Sie, ob er eingeschaltet und eingerichtet ist.";
 constexpr const char* NO_ANSWER =
     "Das Drucksystem antwortet nicht. Bitte versuchen Sie es später noch einmal.";
+constexpr std::size_t MANY_PAGES = 1000; // more than the system keeps for a socket
 const QString WORDS = QStringLiteral("Papier wird gewechselt");
 
 /// What the end of a job says; nothing when all is well.
@@ -130,6 +131,33 @@ class PrintFateTest : public testing::PrintTest {
             return true;
         });
         QCOMPARE(failure(diagram.job), QString::fromUtf8(UNREACHABLE));
+        diagram.job.setStep({});
+        cups().start();
+        QCOMPARE(newJobs(), std::size_t(0));
+        diagram.print(true);
+        QCOMPARE(newJobs(), std::size_t(1));
+    }
+
+    /// Killed when it has a part of the document.
+    void aSchedulerKilledWhileItReceivesPrintsNothing() {
+        PrintedDiagram diagram;
+        diagram.job.addPages(MANY_PAGES, QPageLayout::Portrait, [](std::size_t page, Surface& surface) {
+            for (int line = 0; line < 40; ++line) {
+                surface.text({0, 100 * line}, std::to_string(page * 7919 % 10007 + line * 104729));
+            }
+        });
+        bool partly = false;
+        diagram.job.setStep([&](const PrintProgress& progress) {
+            if (progress.stage == Stage::making && progress.done == progress.total) {
+                cups().freeze();
+            } else if (progress.stage == Stage::sending && progress.done > 0 && !partly) {
+                partly = progress.done < progress.total;
+                cups().kill();
+            }
+            return true;
+        });
+        QCOMPARE(failure(diagram.job), QString::fromUtf8(UNREACHABLE));
+        QVERIFY(partly);
         diagram.job.setStep({});
         cups().start();
         QCOMPARE(newJobs(), std::size_t(0));

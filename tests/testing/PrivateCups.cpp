@@ -9,6 +9,7 @@
 #include <QStandardPaths>
 #include <QThread>
 #include <algorithm>
+#include <csignal>
 #include <cstring>
 #include <fcntl.h>
 #include <stdexcept>
@@ -23,7 +24,6 @@
 #endif
 
 #ifdef __linux__
-#include <csignal>
 #include <sys/prctl.h>
 #endif
 
@@ -276,6 +276,8 @@ void PrivateCups::resume() const {
 void PrivateCups::cancelJobs() const {
     outputOf(QStringLiteral("cancel"), {QStringLiteral("-a"), printer()});
 }
+
+void PrivateCups::freeze() const { ::kill(static_cast<pid_t>(scheduler_.processId()), SIGSTOP); }
 
 void PrivateCups::hang() {
     kill();

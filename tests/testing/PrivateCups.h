@@ -62,6 +62,10 @@ class PrivateCups {
     /// Cancels all jobs of the printer, as a person does at the queue.
     void cancelJobs() const;
 
+    /// From now on the scheduler does nothing, but the system still accepts calls for it and takes a part of
+    /// what is sent. Kill it before anything else.
+    void freeze() const;
+
     /// Ends the scheduler; in its place there is a socket from now on which takes calls and never answers.
     void hang();
 
