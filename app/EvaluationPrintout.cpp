@@ -144,9 +144,14 @@ class EvaluationPrinter {
 
 } // namespace
 
-void printEvaluationText(const EvaluationText& text, const std::string& station,
+void printEvaluationText(const EvaluationText& text, const std::string& station, const std::string& foot,
                          const std::function<Surface&()>& newPage) {
-    EvaluationPrinter printer(newPage);
+    std::vector<Surface*> pages;
+    const std::function<Surface&()> nextPage = [&]() -> Surface& {
+        pages.push_back(&newPage());
+        return *pages.back();
+    };
+    EvaluationPrinter printer(nextPage);
     printer.printTitle(text.title);
     std::vector<EvaluationEntry> entries = {{"Station", station}};
     entries.insert(entries.end(), text.summary.begin(), text.summary.end());
@@ -155,6 +160,9 @@ void printEvaluationText(const EvaluationText& text, const std::string& station,
     printer.printEntries(entries);
     for (const EvaluationTable& table : text.tables) {
         printer.printTable(table);
+    }
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        drawPageFoot(*pages[i], foot, i + 1, pages.size());
     }
 }
 

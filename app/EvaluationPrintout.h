@@ -11,9 +11,9 @@
 namespace kelvrum {
 
 /// Prints title, summary and tables on as many pages as they need. A table begins with its title and header;
-/// each further page of it repeats the header. `newPage` starts a page and returns its surface in
-/// millimetres.
-void printEvaluationText(const EvaluationText& text, const std::string& station,
+/// each further page of it repeats the header. Each page has the foot with its number, unless it is empty.
+/// `newPage` starts a page and returns its surface in millimetres, which must live until the end.
+void printEvaluationText(const EvaluationText& text, const std::string& station, const std::string& foot,
                          const std::function<Surface&()>& newPage);
 
 } // namespace kelvrum

@@ -182,7 +182,7 @@ void TablePages::draw(std::size_t page, Surface& surface) const {
         drawRow(table_.rowText(row), y, surface);
         y += lineHeight_;
     }
-    drawFoot(page, surface);
+    drawPageFoot(surface, table_.foot, page + 1, count_);
 }
 
 void TablePages::drawRow(const std::string& row, double y, Surface& surface) const {
@@ -192,17 +192,26 @@ void TablePages::drawRow(const std::string& row, double y, Surface& surface) con
     }
 }
 
-void TablePages::drawFoot(std::size_t page, Surface& surface) const {
-    if (table_.foot.empty()) {
+void drawPageFoot(Surface& page, const std::string& foot, std::size_t number, std::size_t count) {
+    if (foot.empty()) {
         return;
     }
     constexpr double ABOVE_EDGE = 7; // of the upper edge of the line
-    surface.setFont(FOOT_FONT);
-    const int y = surface.size().height - dots(surface, ABOVE_EDGE);
-    surface.text({dots(surface, LEFT_MARGIN), y}, table_.foot);
-    const std::string number = "Seite " + std::to_string(page + 1) + " von " + std::to_string(count_);
-    const int right = surface.size().width - dots(surface, RIGHT_MARGIN);
-    surface.text({right - surface.textExtent(number).width, y}, number);
+    constexpr double GAP = 4;
+    page.setPen(BLACK);
+    page.setFont(FOOT_FONT);
+    const std::string numberText = "Seite " + std::to_string(number) + " von " + std::to_string(count);
+    const double numberWidth = widthOn(page, numberText);
+    const double room = millimetres(page, page.size().width) - RIGHT_MARGIN - LEFT_MARGIN;
+    const bool onOneLine = widthOn(page, foot) + GAP + numberWidth <= room;
+    std::string text = foot;
+    while (!text.empty() && widthOn(page, text) > room) {
+        dropLastCharacter(text);
+    }
+    const int y = page.size().height - dots(page, onOneLine ? ABOVE_EDGE : LOWER_MARGIN);
+    const int below = onOneLine ? 0 : page.textExtent("").height;
+    page.text({dots(page, LEFT_MARGIN), y}, text);
+    page.text({dots(page, LEFT_MARGIN + room - numberWidth), y + below}, numberText);
 }
 
 void printTable(const Table& table, const std::function<Surface&()>& newPage) {

@@ -70,7 +70,6 @@ class TablePages {
     [[nodiscard]] std::size_t rowsBelow(double y, double lowest) const;
     [[nodiscard]] double firstRowOf(std::size_t page) const;
     void drawRow(const std::string& row, double y, Surface& surface) const;
-    void drawFoot(std::size_t page, Surface& surface) const;
 
     const Table& table_;
     std::string columns_;
@@ -81,6 +80,10 @@ class TablePages {
     std::size_t rowsOnOthers_ = 1;
     std::size_t count_ = 1;
 };
+
+/// Writes a foot into the lower margin of a page, with the page's number, which counts from 1. On narrow
+/// paper the number is on a line of its own, and a foot that is too long is cut. An empty foot is none.
+void drawPageFoot(Surface& page, const std::string& foot, std::size_t number, std::size_t count);
 
 /// Prints a table on as many pages as it needs; each further page repeats the header line. `newPage` starts a
 /// page and returns its surface in millimetres. Columns beyond the paper's right edge are not wrapped.

@@ -82,7 +82,8 @@ void f::printEvaluation(const EvaluationText& text, QWidget& window) {
     try {
         const BusyPointer busy;
         const PrintWait wait(printJob_, window);
-        printEvaluationText(text, station_.Title,
+        const std::string foot = station_.Title + ", " + text.title + ", gedruckt am " + printingDate();
+        printEvaluationText(text, station_.Title, foot,
                             [this]() -> Surface& { return printJob_.newPage(QPageLayout::Landscape); });
         printJob_.end();
     } catch (const PrintCancelled&) {

@@ -48,8 +48,8 @@ EvaluationText textWith(std::size_t rows) {
     return text;
 }
 
-void print(const EvaluationText& text, Pages& pages) {
-    printEvaluationText(text, "Deponie", [&]() -> Surface& { return pages.next(); });
+void print(const EvaluationText& text, Pages& pages, const std::string& foot = {}) {
+    printEvaluationText(text, "Deponie", foot, [&]() -> Surface& { return pages.next(); });
 }
 
 TEST(EvaluationPrintout, TitleSummaryAndTable) {
@@ -81,6 +81,22 @@ TEST(EvaluationPrintout, ALongTableRepeatsItsHeaderAndKeepsTheMargin) {
         }
     }
     EXPECT_EQ(rows, ROWS);
+}
+
+TEST(EvaluationPrintout, EachPageHasTheFootAndItsNumber) {
+    constexpr std::size_t ROWS = 30;
+    Pages pages;
+    print(textWith(ROWS), pages, "Deponie, Staub");
+    ASSERT_GT(pages.pages.size(), 2U);
+    const std::string count = std::to_string(pages.pages.size());
+    for (std::size_t page = 0; page < pages.pages.size(); ++page) {
+        const auto foot = pages.pages[page]->only("Deponie, Staub");
+        const auto number = pages.pages[page]->only("Seite " + std::to_string(page + 1) + " von " + count);
+        ASSERT_TRUE(foot && number);
+        EXPECT_EQ(foot->at, (Dot{200, 2030}));
+        EXPECT_EQ(number->at.x + number->extent.width, 2870);
+        EXPECT_EQ(number->at.y, 2030);
+    }
 }
 
 TEST(EvaluationPrintout, WithoutRowsTheHeaderStaysAlone) {

@@ -2,8 +2,8 @@
 // Printing from the window "Auswertung": what it shows is what the document says, from the queue and as a
 // file.
 #include "tests/app/WindowFixture.h"
+#include "tests/testing/PrintTest.h"
 #include "tests/testing/PrintedDocument.h"
-#include "tests/testing/PrivateCups.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -15,7 +15,6 @@
 #include <QTimer>
 #include <algorithm>
 #include <functional>
-#include <memory>
 
 namespace kelvrum {
 
@@ -112,12 +111,10 @@ bool hasLine(const std::vector<PrintedPage>& pages, const QStringList& cells) {
 
 } // namespace
 
-class f_print_evaluation_test : public QObject {
+class f_print_evaluation_test : public PrintTest {
     Q_OBJECT
 
   private:
-    std::unique_ptr<PrivateCups> cups_;
-
     /// Whether the newest document shows all of the window.
     static void compare(const QWidget& window, const std::vector<PrintedPage>& pages) {
         QVERIFY(pages[0].has(window.windowTitle()));
@@ -139,14 +136,6 @@ class f_print_evaluation_test : public QObject {
     }
 
   private Q_SLOTS:
-    void initTestCase() {
-        if (!PrivateCups::isInstalled()) {
-            QSKIP("no print scheduler here");
-        }
-        cups_ = std::make_unique<PrivateCups>();
-    }
-    void cleanupTestCase() { cups_.reset(); }
-
     void theDocumentSaysWhatTheWindowShows_data() {
         QTest::addColumn<int>("channel");
         QTest::addColumn<int>("interval");
@@ -159,21 +148,25 @@ class f_print_evaluation_test : public QObject {
         QFETCH(int, channel);
         QFETCH(int, interval);
         QFETCH(int, queue);
-        cups_->start(Queue(queue));
-        const std::size_t before = cups_->documents().size();
+        cups().start(Queue(queue));
+        const std::size_t before = cups().documents().size();
         const WindowFixture fixture;
         fixture.chooseChannel(channel);
         fixture.chooseInterval(interval);
         inEvaluation(fixture, [&](QWidget& window) {
             print(window);
-            const auto found = cups_->documents();
+            const auto found = cups().documents();
             QCOMPARE(found.size(), before + 1);
             const auto pages = printedPages(found.back());
             compare(window, pages);
             const double border = Queue(queue) == Queue::BORDERS ? 7 : 0;
             const QRectF printable =
                 QRectF(QPointF(), pages[0].size).adjusted(border, border, -border, -border);
-            for (const PrintedPage& page : pages) {
+            for (std::size_t i = 0; i < pages.size(); ++i) {
+                const PrintedPage& page = pages[i];
+                QVERIFY(page.has(QStringLiteral("Kläranlage Nord, ") + window.windowTitle() +
+                                 QStringLiteral(", gedruckt am 18.06.2020")));
+                QVERIFY(page.has(QStringLiteral("Seite %1 von %2").arg(i + 1).arg(pages.size())));
                 QVERIFY(page.size.width() > page.size.height());
                 for (const PrintedWord& word : page.words) {
                     QVERIFY2(printable.contains(word.box), qPrintable(word.text));
@@ -181,13 +174,13 @@ class f_print_evaluation_test : public QObject {
             }
         });
         QCOMPARE(fixture.dialogs->messages, QStringList());
-        QCOMPARE(cups_->newestJob()[QStringLiteral("job-name")],
+        QCOMPARE(cups().newestJob()[QStringLiteral("job-name")],
                  QStringLiteral("Kläranlage Nord – Auswertung – 18.06.2020"));
     }
 
     void intoAFile() {
-        cups_->start();
-        const std::size_t jobs = cups_->allJobs();
+        cups().start();
+        const std::size_t jobs = cups().allJobs();
         const TempFolder folder;
         const WindowFixture fixture;
         fixture.chooseChannel(DUST_ROW);
@@ -213,12 +206,12 @@ class f_print_evaluation_test : public QObject {
         QCOMPARE(fixture.dialogs->messages,
                  QStringList{QStringLiteral("Drucken: Die Datei „/dev/full“ konnte nicht geschrieben werden: "
                                             "No space left on device.")});
-        QCOMPARE(cups_->allJobs(), jobs);
+        QCOMPARE(cups().allJobs(), jobs);
     }
 
     /// What is said about a job appears above this window, not above the main window, which it covers.
     void messagesBelongToTheWindow() {
-        cups_->start(Queue::NONE);
+        cups().start(Queue::NONE);
         const WindowFixture fixture;
         fixture.chooseChannel(DUST_ROW);
         fixture.chooseInterval(4);
