@@ -13,11 +13,13 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QShowEvent>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 namespace kelvrum {
@@ -26,7 +28,6 @@ namespace {
 
 constexpr int TABLE_ROW_HEIGHT = 18;
 constexpr QSize SIZE(1200, 670);
-constexpr int SUMMARY_WIDTH = 450;
 
 template<typename Control>
 Control* named(Control* control, const char* name) {
@@ -84,11 +85,11 @@ void EvaluationWindow::buildControls() {
     top->addWidget(chkMinuten);
     top->addStretch();
     top->addWidget(lblLesen);
-    auto* middle = new QSplitter(Qt::Horizontal);
-    middle->addWidget(vwKennzahlen);
-    middle->addWidget(tabTabellen);
-    middle->setSizes({SUMMARY_WIDTH, SIZE.width() - SUMMARY_WIDTH});
-    middle->setChildrenCollapsible(false);
+    divider_ = new QSplitter(Qt::Horizontal);
+    divider_->addWidget(vwKennzahlen);
+    divider_->addWidget(tabTabellen);
+    divider_->setStretchFactor(1, 1);
+    divider_->setChildrenCollapsible(false);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     for (QPushButton* button : {cmdKopieren, cmdDrucken, cmdSchliessen}) {
@@ -96,7 +97,7 @@ void EvaluationWindow::buildControls() {
     }
     auto* all = new QVBoxLayout(this);
     all->addLayout(top);
-    all->addWidget(middle, 1);
+    all->addWidget(divider_, 1);
     all->addWidget(lblGrenzwerte);
     all->addWidget(lblFuss);
     all->addLayout(buttons);
@@ -155,9 +156,24 @@ void EvaluationWindow::showFigures() {
     text_ = evaluationText(chkMinuten->isChecked() ? covered_ : all_, owner_.subject, owner_.texts);
     static_cast<EvaluationModel*>(vwKennzahlen->model())->setTable(summaryTable(text_));
     vwKennzahlen->resizeColumnToContents(0);
+    if (!std::exchange(divided_, true)) {
+        divideWidth();
+    }
     lblGrenzwerte->setText(QString::fromStdString(text_.limits));
     lblFuss->setText(QString::fromStdString(text_.foot));
     showTables();
+}
+
+/// The summary gets what it needs, but not more than half, and the tables all the rest.
+void EvaluationWindow::divideWidth() {
+    constexpr int SPARE = 4; // pixels
+    const bool scrolls = vwKennzahlen->verticalHeader()->length() > vwKennzahlen->viewport()->height();
+    const int bar = scrolls ? vwKennzahlen->verticalScrollBar()->sizeHint().width() : 0;
+    const QAbstractItemView& view = *vwKennzahlen; // the width is protected in the table view
+    const int wanted = vwKennzahlen->columnWidth(0) + view.sizeHintForColumn(1) + bar +
+                       2 * vwKennzahlen->frameWidth() + SPARE;
+    const int summary = std::min(wanted, divider_->width() / 2);
+    divider_->setSizes({summary, divider_->width() - summary});
 }
 
 /// One tab for each table; the tables of both states of the check box are the same ones.

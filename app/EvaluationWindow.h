@@ -14,6 +14,7 @@
 class QCheckBox;
 class QLabel;
 class QPushButton;
+class QSplitter;
 class QTabWidget;
 class QTableView;
 
@@ -50,6 +51,7 @@ class EvaluationWindow : public QDialog {
     QTableView* makeView(const char* name, const QString& described);
     void read();
     void showFigures();
+    void divideWidth();
     void showTables();
     void copy() const;
 
@@ -59,11 +61,13 @@ class EvaluationWindow : public QDialog {
     EvaluationText text_;
     bool started_ = false;
     bool closed_ = false;
+    bool divided_ = false; // the user may have moved the divider since
 
     QCheckBox* chkMinuten = nullptr;
     QLabel* lblLesen = nullptr;
     QLabel* lblGrenzwerte = nullptr;
     QLabel* lblFuss = nullptr;
+    QSplitter* divider_ = nullptr;
     QTableView* vwKennzahlen = nullptr;
     QTabWidget* tabTabellen = nullptr;
     QPushButton* cmdKopieren = nullptr;

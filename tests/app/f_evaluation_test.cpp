@@ -13,6 +13,8 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QSplitter>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTest>
@@ -78,6 +80,8 @@ class EvaluationTest : public QObject {
   private Q_SLOTS:
     void showsTheViewAsItIs();
     void opensFromTheMenusOfDiagramAndList();
+    void allColumnsAreVisible_data();
+    void allColumnsAreVisible();
     void limitsOfTheBoxes();
     void onlyCoveredIntervals();
     void directionsHaveATableOfTheirOwn();
@@ -125,6 +129,45 @@ void EvaluationTest::opensFromTheMenusOfDiagramAndList() {
         [&] { action.trigger(); },
         [&](QWidget& window) { opened = window.objectName() == QStringLiteral("Auswertung"); });
     QVERIFY(opened);
+}
+
+void EvaluationTest::allColumnsAreVisible_data() {
+    QTest::addColumn<int>("channel");
+    QTest::addColumn<QString>("end");
+    QTest::newRow("hours, with both limits") << DUST_ROW << QStringLiteral("19.06.2020 00:00");
+    QTest::newRow("days, with both limits") << DUST_ROW << QStringLiteral("18.08.2020 00:00");
+    QTest::newRow("months, with both limits") << DUST_ROW << QStringLiteral("01.12.2020 00:00");
+    QTest::newRow("directions") << DIRECTION_ROW << QStringLiteral("19.06.2020 00:00");
+}
+
+/// Neither the summary nor a table is cut when the window opens, and the divider stays where the user puts
+/// it.
+void EvaluationTest::allColumnsAreVisible() {
+    QFETCH(int, channel);
+    QFETCH(QString, end);
+    WindowFixture fixture;
+    fixture.today = QDate(2021, 1, 1);
+    fixture.chooseChannel(channel);
+    fixture.arrange({QStringLiteral("18.06.2020 00:00"), end}, 2);
+    inEvaluation(fixture, [](QWidget& window) {
+        const auto& summary = in<QTableView>(window, "vwKennzahlen");
+        QVERIFY(summary.columnWidth(0) + summary.columnWidth(1) <= summary.viewport()->width());
+        for (int row = 0; row < summary.model()->rowCount(); ++row) {
+            const QModelIndex index = summary.model()->index(row, 1);
+            QVERIFY2(summary.sizeHintForIndex(index).width() <= summary.columnWidth(1),
+                     qPrintable(index.data().toString()));
+        }
+        auto& tabs = in<QTabWidget>(window, "tabTabellen");
+        for (int tab = 0; tab < tabs.count(); ++tab) {
+            tabs.setCurrentIndex(tab);
+            QCOMPARE(qobject_cast<QTableView*>(tabs.widget(tab))->horizontalScrollBar()->maximum(), 0);
+        }
+        auto& divider = *window.findChild<QSplitter*>();
+        divider.setSizes({300, divider.width() - 300});
+        const QList<int> sizes = divider.sizes();
+        QTest::keyClick(&in<QCheckBox>(window, "chkMinuten"), Qt::Key_Space);
+        QCOMPARE(divider.sizes(), sizes);
+    });
 }
 
 void EvaluationTest::limitsOfTheBoxes() {
