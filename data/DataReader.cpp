@@ -3,7 +3,6 @@
 
 #include "config/ConfigForms.h"
 #include "data/Averaging.h"
-#include "data/DayFiles.h"
 #include "data/SeriesFill.h"
 #include "diagram/SeriesTable.h"
 #include "util/Validity.h"
@@ -43,55 +42,122 @@ ReadStatus endQuietlyOnError(Read read) {
     }
 }
 
+/// The request for the second channel of a request.
+ReadRequest requestOfSecond(const ReadRequest& request) {
+    ReadRequest second = request;
+    second.channel = request.second;
+    second.second = 0;
+    return second;
+}
+
+/// The blocks of one of two channels that are read together. An error ends it like the file's end.
+class PairedBlocks {
+  public:
+    PairedBlocks(const StationConfig& station, const ReadRequest& request, const FileOpener& open,
+                 ReadBuffers& buffers)
+        : mode_(station.ChannelTable.at(request.channel).Mode) {
+        endQuietlyOnError([&] {
+            blocks_.emplace(station, request, open, buffers);
+            return ReadStatus::complete;
+        });
+    }
+
+    [[nodiscard]] std::int32_t mode() const { return mode_; }
+    [[nodiscard]] std::int64_t blocks() const { return blocks_ ? blocks_->blocks() : 0; }
+
+    /// The next blocks; an empty run at the end and from an error on.
+    BlockRun next() {
+        BlockRun run;
+        endQuietlyOnError([&] {
+            if (blocks_ && !ended_) {
+                ended_ = true; // unless the read succeeds
+                run = blocks_->next();
+                ended_ = run.empty();
+            }
+            return ReadStatus::complete;
+        });
+        return run;
+    }
+
+  private:
+    std::int32_t mode_;
+    std::optional<BlockReader> blocks_;
+    bool ended_ = false;
+};
+
 /// Collects the values of consecutive intervals, so that they are added at once.
 class DayRun {
   public:
-    DayRun(SeriesFill& fill, const ReadRequest& request)
+    /// `both` adds values of both series.
+    DayRun(SeriesFill& fill, const ReadRequest& request, bool both)
         : fill_(fill)
-        , request_(request) {}
+        , request_(request)
+        , both_(both) {}
 
-    void add(std::int64_t index, double value) {
+    void add(std::int64_t index, double value, double second) {
         if (count_ == values_.size() || index != first_ + static_cast<std::int64_t>(count_)) {
             end();
             first_ = index;
         }
-        values_[count_++] = value;
+        values_[count_] = value;
+        seconds_[count_++] = second;
     }
 
     void end() {
-        fill_.add(request_.range.from, first_, request_.interval, std::span(values_).first(count_));
+        const auto values = std::span(values_).first(count_);
+        if (both_) {
+            fill_.add(request_.range.from, first_, request_.interval, values,
+                      std::span(seconds_).first(count_));
+        } else {
+            fill_.add(request_.range.from, first_, request_.interval, values);
+        }
         count_ = 0;
     }
 
   private:
     SeriesFill& fill_;
     const ReadRequest& request_;
+    bool both_;
     std::array<double, 512> values_{};
+    std::array<double, 512> seconds_{};
     std::int64_t first_ = 0;
     std::size_t count_ = 0;
 };
 
-/// Lays the intervals of day files into the table, pass after pass, and returns the number of columns.
-std::size_t fillPasses(const std::vector<DayInterval>& intervals, const ReadRequest& request, bool wide) {
+/// Lays the intervals of day files into the table, pass after pass, and returns the number of columns. The
+/// second channel is part of the first pass.
+std::size_t fillPasses(const std::vector<DayInterval>& intervals, const std::vector<DayInterval>& seconds,
+                       const ReadRequest& request, bool wide) {
     constexpr std::array<double DayInterval::*, 3> PASSES = {&DayInterval::mean, &DayInterval::minimum,
                                                              &DayInterval::maximum};
     const std::size_t passes = wide ? PASSES.size() : 1;
     const std::int64_t minutes = minuteNumber(request.range.to) - minuteNumber(request.range.from);
-    SeriesFill fill(seriesTable(), intervals.size() * passes);
+    SeriesFill fill(seriesTable(), intervals.size() * passes + seconds.size());
     const auto addGap = [&](std::int64_t index) { // a run of intervals without records
         fill.add(intervalStart(request.range.from, index, request.interval), INVALID_VALUE);
     };
     for (std::size_t pass = 0; pass < passes; ++pass) {
         fill.startPass();
-        DayRun run(fill, request);
+        DayRun run(fill, request, !seconds.empty());
         std::int64_t next = 0; // the interval that would follow without a gap
-        for (const DayInterval& interval : intervals) {
-            if (interval.index > next) {
+        const auto add = [&](std::int64_t index, double value, double second) {
+            if (index > next) {
                 run.end();
                 addGap(next);
             }
-            run.add(interval.index, interval.*PASSES[pass]);
-            next = interval.index + 1;
+            run.add(index, value, second);
+            next = index + 1;
+        };
+        auto second = pass == 0 ? seconds.begin() : seconds.end();
+        for (const DayInterval& interval : intervals) {
+            for (; second != seconds.end() && second->index < interval.index; ++second) {
+                add(second->index, INVALID_VALUE, second->mean);
+            }
+            const bool both = second != seconds.end() && second->index == interval.index;
+            add(interval.index, interval.*PASSES[pass], both ? (second++)->mean : INVALID_VALUE);
+        }
+        for (; second != seconds.end(); ++second) {
+            add(second->index, INVALID_VALUE, second->mean);
         }
         run.end();
         if (next * request.interval < minutes) {
@@ -171,6 +237,14 @@ ReadStatus DataReader::readDiagram(const StationConfig& station, const ReadReque
                                    const ReadingStep& step) {
     diagram.startSeries(textsOf(station, request.channel, settings));
     return endQuietlyOnError([&] {
+        if (request.second != 0) {
+            const auto columns = fillPair(station, request, step);
+            if (!columns) {
+                return ReadStatus::givenUp;
+            }
+            diagram.showSeries(*columns, days(request.interval));
+            return ReadStatus::complete;
+        }
         BlockReader blocks(station, request, open_, buffers_);
         SeriesFill fill(seriesTable(),
                         static_cast<std::size_t>(std::min(blocks.blocks(), MINUTES_OF_A_YEAR)));
@@ -184,6 +258,37 @@ ReadStatus DataReader::readDiagram(const StationConfig& station, const ReadReque
         }
         return status;
     });
+}
+
+/// Both bring pieces of as many blocks each, from the first block on, until one of them ends.
+std::optional<std::size_t> DataReader::fillPair(const StationConfig& station, const ReadRequest& request,
+                                                const ReadingStep& step) {
+    PairedBlocks first(station, request, open_, buffers_);
+    PairedBlocks second(station, requestOfSecond(request), open_, secondBuffers_);
+    const std::int64_t expected = std::min(std::max(first.blocks(), second.blocks()), MINUTES_OF_A_YEAR);
+    SeriesFill fill(seriesTable(), static_cast<std::size_t>(expected));
+    std::vector<double> rest; // of a piece in which one channel has fewer blocks
+    for (;;) {
+        const BlockRun run = first.next();
+        const BlockRun secondRun = second.next();
+        const std::size_t count = std::max(run.blocks, secondRun.blocks);
+        if (count == 0) {
+            return fill.finish();
+        }
+        if (!runStep(step)) {
+            return std::nullopt;
+        }
+        const auto values = averagesOf(run, first.mode(), averages_);
+        const auto seconds = averagesOf(secondRun, second.mode(), secondAverages_);
+        const std::int64_t start = run.empty() ? secondRun.first : run.first;
+        const std::size_t both = std::min(values.size(), seconds.size());
+        fill.add(request.range.from, start, request.interval, values.first(both), seconds.first(both));
+        rest.assign(count - both, INVALID_VALUE);
+        const std::span<const double> missing = rest;
+        fill.add(request.range.from, start + static_cast<std::int64_t>(both), request.interval,
+                 values.size() > both ? values.subspan(both) : missing,
+                 seconds.size() > both ? seconds.subspan(both) : missing);
+    }
 }
 
 ReadStatus DataReader::readPolar(const StationConfig& station, const ReadRequest& request,
@@ -214,6 +319,19 @@ ReadStatus DataReader::readPolar(const StationConfig& station, const ReadRequest
     });
 }
 
+std::optional<std::vector<DayInterval>> DataReader::readDaySeconds(const StationConfig& station,
+                                                                   const ReadRequest& request,
+                                                                   const ReadingStep& step) const {
+    std::optional<std::vector<DayInterval>> intervals = std::vector<DayInterval>();
+    if (request.second != 0) {
+        endQuietlyOnError([&] {
+            intervals = readDayIntervals(station, requestOfSecond(request), open_, step);
+            return ReadStatus::complete;
+        });
+    }
+    return intervals;
+}
+
 ReadStatus DataReader::readDayDiagram(const StationConfig& station, const ReadRequest& request,
                                       const DiagramSettings& settings, DiagramFeed& diagram,
                                       const ReadingStep& step) {
@@ -223,7 +341,11 @@ ReadStatus DataReader::readDayDiagram(const StationConfig& station, const ReadRe
         if (!intervals) {
             return ReadStatus::givenUp;
         }
-        const std::size_t columns = fillPasses(*intervals, request, station.WideRecords);
+        const auto seconds = readDaySeconds(station, request, step);
+        if (!seconds) {
+            return ReadStatus::givenUp;
+        }
+        const std::size_t columns = fillPasses(*intervals, *seconds, request, station.WideRecords);
         diagram.showSeries(columns, days(request.interval));
         return ReadStatus::complete;
     });

@@ -5,6 +5,7 @@
 
 #include "config/StationConfig.h"
 #include "data/BlockReader.h"
+#include "data/DayFiles.h"
 #include "data/DayList.h"
 #include "data/Reading.h"
 #include "data/WindMean.h"
@@ -42,12 +43,14 @@ class DataReader {
                           const DiagramSettings& settings, DiagramFeed& diagram, const ReadingStep& step);
 
     /// Diagram reader: fills the shared table from the channel's file, and tells the diagram its headlines,
-    /// unit, auxiliary lines, when requested, and the number of columns. A missing file gives none.
+    /// unit, auxiliary lines, when requested, and the number of columns. A missing file gives none. A second
+    /// channel of the request is averaged by its own mode on the same grid into row 2; a file that is missing
+    /// or fails ends the values of its own channel alone.
     ReadStatus readDiagram(const StationConfig& station, const ReadRequest& request,
                            const DiagramSettings& settings, DiagramFeed& diagram, const ReadingStep& step);
 
     /// The same from the day files of the binary form: one pass, or means, minima and maxima as three
-    /// passes for wide records.
+    /// passes for wide records. The second channel has its means, in the first pass.
     ReadStatus readDayDiagram(const StationConfig& station, const ReadRequest& request,
                               const DiagramSettings& settings, DiagramFeed& diagram, const ReadingStep& step);
 
@@ -67,12 +70,23 @@ class DataReader {
     ReadStatus averagePieces(BlockReader& blocks, std::int32_t mode, const ReadingStep& step,
                              Consume consume);
 
+    /// Lays both channels of a request into the table; the number of columns, or nothing when given up.
+    std::optional<std::size_t> fillPair(const StationConfig& station, const ReadRequest& request,
+                                        const ReadingStep& step);
+
+    /// The intervals of the second channel of a request, if it has one; nothing when given up. An error
+    /// leaves it without values.
+    [[nodiscard]] std::optional<std::vector<DayInterval>>
+    readDaySeconds(const StationConfig& station, const ReadRequest& request, const ReadingStep& step) const;
+
     /// The average of each block, in memory that is kept.
     std::span<const double> averagesOf(const BlockRun& run, std::int32_t mode, std::vector<double>& memory);
 
     FileOpener open_;
     ReadBuffers buffers_;
+    ReadBuffers secondBuffers_;
     std::vector<double> averages_;
+    std::vector<double> secondAverages_;
     WindMeans winds_;
 };
 

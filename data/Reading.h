@@ -18,6 +18,7 @@ struct ReadRequest {
     std::string suffix; // part of the file name, usually empty
     TimeRange range;
     std::int32_t interval = 1; // minutes in a block
+    std::int32_t second = 0;   // a further channel, for row 2 of a diagram's series; 0 = none
 };
 
 /// The value of one interval; INVALID_VALUE when it has none.

@@ -30,6 +30,10 @@ void SeriesFill::reserveFor(std::size_t more) {
 
 void SeriesFill::add(DateTime start, double value) { add(start, 0, 0, std::array{value}); }
 
+void SeriesFill::add(DateTime start, double value, double second) {
+    add(start, 0, 0, std::array{value}, std::array{second});
+}
+
 void SeriesFill::add(DateTime start, std::int64_t first, std::int32_t interval,
                      std::span<const double> values) {
     reserveFor(values.size());
@@ -50,6 +54,20 @@ void SeriesFill::add(DateTime start, std::int64_t first, std::int32_t interval,
     }
     columns_ = column;
     previousValid_ = previousValid;
+}
+
+void SeriesFill::add(DateTime start, std::int64_t first, std::int32_t interval,
+                     std::span<const double> values, std::span<const double> seconds) {
+    reserveFor(values.size());
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const bool valid = values[i] != INVALID_VALUE || seconds[i] != INVALID_VALUE;
+        if (valid || previousValid_) {
+            const DateTime time = intervalStart(start, first + static_cast<std::int64_t>(i), interval);
+            table_.set(columns_, time, values[i], seconds[i]);
+            ++columns_;
+        }
+        previousValid_ = valid;
+    }
 }
 
 std::size_t SeriesFill::finish() {

@@ -27,11 +27,17 @@ class SeriesFill {
     /// The table must outlive the fill; it gets room for `expected` columns at once.
     SeriesFill(SeriesTable& table, std::size_t expected);
 
-    /// Adds the next interval in time order.
+    /// Adds the next interval in time order, of one series or of two.
     void add(DateTime start, double value);
+    void add(DateTime start, double value, double second);
 
     /// Adds consecutive intervals of the reading that starts at `start`; the first has the number `first`.
     void add(DateTime start, std::int64_t first, std::int32_t interval, std::span<const double> values);
+
+    /// The same for two series with as many values each: a column where either has one, and one gap column
+    /// where both are missing.
+    void add(DateTime start, std::int64_t first, std::int32_t interval, std::span<const double> values,
+             std::span<const double> seconds);
 
     /// The next interval begins a new pass over the range: no gap precedes its first value.
     void startPass() { previousValid_ = false; }
