@@ -94,6 +94,20 @@ ValueRange rightRange(const DiagramProperties& properties, std::span<const doubl
     return {range.low - margin, range.high + margin};
 }
 
+ValueRange marginedRange(std::span<const double> values) {
+    bool any = false;
+    ValueRange range;
+    for (const double v : values) {
+        if (isValidPoint(v)) {
+            range.low = any ? std::min(range.low, v) : v;
+            range.high = any ? std::max(range.high, v) : v;
+            any = true;
+        }
+    }
+    const double margin = any ? range.height() * AUTOMATIC_MARGIN : 0;
+    return withHeight({range.low - margin, range.high + margin});
+}
+
 std::span<const double> valueSteps() { return VALUE_STEPS; }
 
 double valueStep(double height, int divisions) {

@@ -45,6 +45,10 @@ ValueRange rightRange(const DiagramProperties& properties, std::span<const doubl
 /// A range of zero height becomes 100 high.
 ValueRange withHeight(ValueRange range);
 
+/// The range of the valid values, wider by 5 % of its height at both ends; a single value is the lower end of
+/// 100. 0 to 100 without any.
+ValueRange marginedRange(std::span<const double> values);
+
 /// The steps of the value axes, ascending.
 std::span<const double> valueSteps();
 

@@ -144,16 +144,17 @@ ValueSpread SeriesReader::spreadAround(std::size_t column, const PlotArea& plot)
     return spread;
 }
 
-double SeriesReader::joinedAt(std::size_t column) const {
+double SeriesReader::joinedAt(std::size_t column, SeriesTable::Row row) const {
+    const auto values = row == SeriesTable::Y2 ? series_.y2 : series_.y1;
     // From 180 degrees on there is only one position within 540; below, it depends on the value before.
     std::size_t start = column;
-    while (start > 0 && series_.y1[start] < HALF_CIRCLE && isValidPoint(series_.y1[start]) &&
-           isValidPoint(series_.y1[start - 1])) {
+    while (start > 0 && values[start] < HALF_CIRCLE && isValidPoint(values[start]) &&
+           isValidPoint(values[start - 1])) {
         --start;
     }
-    double joined = keptDirection(series_.y1[start]);
+    double joined = keptDirection(values[start]);
     for (std::size_t i = start + 1; i <= column; ++i) {
-        joined = keptDirection(joinedDirection(joined, series_.y1[i]));
+        joined = keptDirection(joinedDirection(joined, values[i]));
     }
     return joined;
 }

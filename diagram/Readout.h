@@ -71,8 +71,8 @@ class SeriesReader {
     [[nodiscard]] ValueSpread spreadAround(std::size_t column, const PlotArea& plot) const;
 
     /// Where the direction of a column is drawn: its value, or a full circle above when the curve came to it
-    /// that way. Looks back over the values below 180 degrees before it.
-    [[nodiscard]] double joinedAt(std::size_t column) const;
+    /// that way. Looks back over the values below 180 degrees before it. `row` says of which series.
+    [[nodiscard]] double joinedAt(std::size_t column, SeriesTable::Row row = SeriesTable::Y1) const;
 
   private:
     [[nodiscard]] std::size_t count() const { return ends_[0]; }

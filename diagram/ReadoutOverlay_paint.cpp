@@ -56,12 +56,12 @@ void ReadoutOverlay::addRings(Marks& marks, const ReadValue& value) {
             marks.rings.push_back(dot);
         }
     };
+    const bool directions = diagram_.DiagTyp() == KIND_DIRECTION;
     if (value.y1) {
-        const bool directions = diagram_.DiagTyp() == KIND_DIRECTION;
         add(directions ? reader().joinedAt(value.column) : *value.y1, line.left);
     }
     if (value.y2 && second_) {
-        add(*value.y2, line.right);
+        add(directions ? reader().joinedAt(value.column, SeriesTable::Y2) : *value.y2, line.right);
     }
 }
 

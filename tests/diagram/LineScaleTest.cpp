@@ -128,6 +128,24 @@ TEST(RightRange, IsGivenOrFollowsEveryStoredValue) {
     }
 }
 
+TEST(MarginedRange, OfTheValidValues) {
+    const struct {
+        std::vector<double> values;
+        ValueRange range;
+    } rows[] = {
+        {{}, {0, 100}},
+        {{NoValue, -NoValue, 99999900, std::nan("")}, {0, 100}},
+        {{20, NoValue, 10, 15}, {9.5, 20.5}}, // gaps do not count
+        {{-10, 0, 10}, {-11, 11}},
+        {{7}, {7, 107}},      // one value
+        {{-1, -1}, {-1, 99}}, // never the marker at both ends
+        {{-999998, 999998}, {-999998 - 1999996 * 0.05, 999998 + 1999996 * 0.05}},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(marginedRange(row.values), row.range);
+    }
+}
+
 TEST(WithHeight, OnlyZeroHeightIsWidened) {
     EXPECT_EQ(withHeight({5, 5}), (ValueRange{5, 105}));
     EXPECT_EQ(withHeight({-5, -5}), (ValueRange{-5, 95}));

@@ -229,6 +229,18 @@ TEST(SeriesReader, DirectionsLieWhereTheCurveIs) {
     EXPECT_EQ(reader.joinedAt(8), 5);   // starts anew after the gap
 }
 
+TEST(SeriesReader, DirectionsOfTheSecondSeriesLieOnItsCurve) {
+    Hours hours;
+    hours.add(0, 10, 350);
+    hours.add(1, 350, 10);
+    hours.add(2, 20, 20);
+    const SeriesReader reader = hours.reader();
+    EXPECT_EQ(reader.joinedAt(1), 350);
+    EXPECT_EQ(reader.joinedAt(1, SeriesTable::Y2), 370);
+    EXPECT_EQ(reader.joinedAt(2), 380);
+    EXPECT_EQ(reader.joinedAt(2, SeriesTable::Y2), 380);
+}
+
 TEST(TimeAt, IsTheTimeOfADot) {
     const PlotArea plot(DiagramLayout{}, {40 + 30 + 240, 200}, 1, {DAY, DAY + 1});
     EXPECT_DOUBLE_EQ(timeAt(plot, 40), DAY);
