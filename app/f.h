@@ -24,6 +24,7 @@
 #include <cstdint>
 #include <exception>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -45,6 +46,7 @@ class RangeActions;
 class ReadoutOverlay;
 class ScaleFrame;
 class ScrollFrame;
+class SecondChannel;
 class ViewArea;
 class ViewSwitch;
 class ZoomFrame;
@@ -157,6 +159,14 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     /// Whether nothing has been requested since a moment at which there had been `requests` requests.
     [[nodiscard]] bool isNewest(unsigned requests) const;
 
+    // --- f_second.cpp: the second channel ---
+    void addSecond();
+    [[nodiscard]] bool takesSecond() const;
+    /// The second channel of the view that is chosen now; 0 = none.
+    [[nodiscard]] std::int32_t secondShown() const;
+    [[nodiscard]] std::optional<ReadoutSeries> secondSeries() const;
+    [[nodiscard]] std::string summary() const;
+
     // --- f_print.cpp: printing ---
     // A window is that above which dialogs and messages appear.
     bool printerReady(QWidget& window);
@@ -210,6 +220,7 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     KindMenu* menKS = nullptr;
     ReadoutOverlay* overlay_ = nullptr;
     RangeActions* ranges_ = nullptr;
+    SecondChannel* second_ = nullptr;
     ViewFacts facts_;         // of the view that was loaded last
     bool isLookedUp_ = false; // the facts are complete
 

@@ -54,7 +54,7 @@ std::string f::diagramText() const {
                              environment_.texts);
     }
     const SeriesReader reader(seriesInUse(KS.DataCount()), KS.XLow(), KS.columnInterval());
-    return copiedSeries(reader, seriesOf(channel), {}, environment_.texts);
+    return copiedSeries(reader, seriesOf(channel), secondSeries(), environment_.texts);
 }
 
 } // namespace kelvrum

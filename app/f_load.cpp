@@ -7,11 +7,11 @@
 #include "app/LimitFrame.h"
 #include "app/ListView.h"
 #include "app/RangeActions.h"
+#include "app/SecondChannel.h"
 #include "app/ViewArea.h"
 #include "app/ViewSwitch.h"
 #include "app/f.h"
 #include "config/ConfigForms.h"
-#include "diagram/DiagramSummary.h"
 #include "diagram/PolarSys.h"
 #include "diagram/ReadoutOverlay.h"
 #include "util/BusyPointer.h"
@@ -60,13 +60,17 @@ void f::loadView(const ReadingStep& step) {
     const KeptPicture list(view_->list());
     Label8->show();
     overlay_->keepSeries();
+    second_->hide();
     const std::int32_t channel = selChan->channel();
     if (channel == 0) {
         showNothing();
     } else {
         showChannel(channel);
-        if (!readViews({channel, {}, range(), interval()}, step) || loader_.isOvertaken()) {
+        if (!readViews({channel, {}, range(), interval(), secondShown()}, step) || loader_.isOvertaken()) {
             return;
+        }
+        if (const auto second = secondSeries()) {
+            second_->show(seriesOf(channel), *second);
         }
     }
     checkMenu(true);
@@ -87,8 +91,7 @@ void f::describeView() {
         return;
     }
     KS.setAccessibleDescription(optView->diagramSelected()
-                                    ? QString::fromStdString(diagramSummary(
-                                          KS.properties(), KS.series(), KS.sampleCount(), environment_.texts))
+                                    ? QString::fromStdString(summary())
                                     : QStringLiteral("Die Werte stehen in der Datenliste."));
 }
 

@@ -4,6 +4,7 @@
 #include "app/DataListModel.h"
 #include "app/DateFrame.h"
 #include "app/IntervalFrame.h"
+#include "app/SecondChannel.h"
 #include "app/TablePrintout.h"
 #include "app/ViewArea.h"
 #include "app/ViewSwitch.h"
@@ -163,6 +164,7 @@ void f::openBatchPrint() {
             QCoreApplication::processEvents();
             return true;
         };
+        second_->hideForOthers(); // whatever the window shows, a page has one channel
         return reader_.readSeries(station_, request, settings, view_->diagram(), step);
     };
     fCPrint dialog({range(), station_, environment_.texts, view_->diagram(), printJob_, read,

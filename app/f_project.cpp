@@ -3,6 +3,7 @@
 #include "app/ChannelChoice.h"
 #include "app/DataListModel.h"
 #include "app/RangeActions.h"
+#include "app/SecondChannel.h"
 #include "app/ViewArea.h"
 #include "app/f.h"
 #include "config/ChannelList.h"
@@ -39,6 +40,8 @@ void f::adoptStation(StationConfig station) {
     station_ = std::move(station);
     channelShown_ = 0;
     kinds_.clear();
+    second_->hide();
+    second_->fill(listedChannels(station_));
     ranges_->clear();
     view_->rows().setColumns(listColumns(station_));
     selChan->fill(listedChannels(station_));

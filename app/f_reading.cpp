@@ -51,6 +51,7 @@ void f::buildReading() {
     };
     addJump("menErster", "&Erster Wert", StoredEnd::first);
     addJump("menLetzter", "Le&tzter Wert", StoredEnd::last);
+    addSecond();
     addCopies();
     connect(input, &DiagramInput::copyWanted, this, &f::copyPicture);
 }
@@ -68,7 +69,7 @@ ReadoutSeries f::seriesOf(std::int32_t channel) const {
 /// Tells the views what they show. Directions have their points of the compass.
 void f::nameSeries() {
     const ReadoutSeries series = seriesOf(selChan->channel());
-    overlay_->setSeries(series, {});
+    overlay_->setSeries(series, secondSeries());
     view_->list().setValueHeader(
         station_.Kind == ConfigKind::binary ? QString() : QString::fromStdString(valueHeader(series)));
 }

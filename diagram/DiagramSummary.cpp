@@ -34,15 +34,15 @@ std::size_t firstPass(std::span<const DateTime> times, DateTime xLow) {
     return static_cast<std::size_t>(second - times.begin());
 }
 
-std::string valuesOf(const DiagramProperties& properties, const Series& series, const LocaleTexts& texts) {
-    const auto times = series.times;
-    const auto values = series.y1.first(firstPass(times, properties.XLow));
+std::string valuesOf(std::span<const DateTime> times, std::span<const double> values, const std::string& unit,
+                     const LocaleTexts& texts) {
     const SeriesScan scan = scanSeries(values);
     if (scan.count == 0) {
         return counted(0);
     }
-    const std::string unit = properties.Einheit.empty() ? "" : " " + properties.Einheit;
-    const auto shown = [&](double v) { return formatNumber(v, "########0.0##", texts) + unit; };
+    const auto shown = [&](double v) {
+        return formatNumber(v, "########0.0##", texts) + (unit.empty() ? "" : " " + unit);
+    };
     std::size_t last = values.size() - 1;
     while (!isValidPoint(values[last]) || values[last] == 0) {
         --last;
@@ -55,13 +55,19 @@ std::string valuesOf(const DiagramProperties& properties, const Series& series, 
 } // namespace
 
 std::string diagramSummary(const DiagramProperties& properties, const Series& series, std::int32_t samples,
-                           const LocaleTexts& texts) {
+                           const std::optional<ReadoutSeries>& second, const LocaleTexts& texts) {
     std::string text = sentence(properties.HeadLine) + sentence(properties.HeadLine2);
     if (properties.DiagTyp == KIND_POLAR) {
         return text + "Windrose, " + counted(samples);
     }
     text += "Von " + rowTime(properties.XLow, texts) + " bis " + rowTime(properties.XHigh, texts) + ". ";
-    return text + valuesOf(properties, series, texts);
+    const std::size_t columns = firstPass(series.times, properties.XLow);
+    text += valuesOf(series.times, series.y1.first(columns), properties.Einheit, texts);
+    if (second) {
+        text += " Zweiter Kanal: " + second->name + ". " +
+                valuesOf(series.times, series.y2.first(columns), second->unit, texts);
+    }
+    return text;
 }
 
 } // namespace kelvrum

@@ -25,10 +25,11 @@ class Summary : public ::testing::Test {
     ~Summary() override { control.Clear(); }
 
     [[nodiscard]] std::string summary(const LocaleTexts& texts) const {
-        return diagramSummary(control.properties(), control.series(), control.sampleCount(), texts);
+        return diagramSummary(control.properties(), control.series(), control.sampleCount(), second, texts);
     }
 
     DiagramState control;
+    std::optional<ReadoutSeries> second;
 };
 
 TEST_F(Summary, TitlesRangeAndValues) {
@@ -68,6 +69,22 @@ TEST_F(Summary, MinimaAndMaximaAreNotValuesOfTheirOwn) {
     }
     EXPECT_NE(summary({}).find("2 Werte. Kleinster 5,0 µg/m³, größter 7,0"), std::string::npos)
         << summary({});
+}
+
+TEST_F(Summary, ASecondSeriesHasItsOwnValues) {
+    second = ReadoutSeries{"Wind", "m/s", false};
+    control.AddData(DAY, 12, 3);
+    control.AddData(DAY + 0.25, NoValue, 4);
+    control.AddData(DAY + 0.5, 14);
+    control.AddData(DAY, 90); // the maxima of the first one
+    EXPECT_NE(summary({}).find(
+                  "2 Werte. Kleinster 12,0 µg/m³, größter 14,0 µg/m³, Mittel 13,0 µg/m³, letzter 14,0 µg/m³ "
+                  "am 18.06.2020 12:00. Zweiter Kanal: Wind. 2 Werte. Kleinster 3,0 m/s, größter 4,0 m/s, "
+                  "Mittel 3,5 m/s, letzter 4,0 m/s am 18.06.2020 06:00."),
+              std::string::npos)
+        << summary({});
+    control.SetArray(0);
+    EXPECT_TRUE(summary({}).ends_with("Keine Werte. Zweiter Kanal: Wind. Keine Werte.")) << summary({});
 }
 
 TEST_F(Summary, OfAPolarDiagramTheSamples) {
