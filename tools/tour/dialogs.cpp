@@ -56,7 +56,7 @@ void evaluation(const SampleFolder& station, const QString& pictures) {
             dialog == nullptr ? nullptr : dialog->findChild<QPushButton*>(QStringLiteral("cmdKopieren"));
         if (copy != nullptr && copy->isEnabled()) {
             look.stop();
-            dialog->resize(960, 480); // a picture of all of it would be too large
+            dialog->resize(1220, 480); // all columns; a picture of all rows would be too large
             saveDialog(*dialog, pictures, "evaluation");
             dialog->close();
         }

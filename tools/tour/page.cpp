@@ -2,6 +2,7 @@
 // A printed page, drawn like a page of the print job, but into a picture.
 #include "app/SystemLocale.h"
 #include "diagram/LineDiagram.h"
+#include "diagram/PageNotes.h"
 #include "diagram/PolarSys.h"
 #include "drawing/PageRecording.h"
 #include "tools/tour/Chapters.h"
@@ -32,6 +33,9 @@ void showPage(const SampleFolder& station, const QString& pictures) {
     const Resolution resolution = Resolution::page(DOTS_PER_INCH);
     const auto page = pageRecording({paper.width(), paper.height()}, resolution);
     drawLineDiagram(*page, stage.the<PolarSys>("KS"), DiagramLayout::page(), localeTexts(QLocale()));
+    drawPageNotes(*page,
+                  {"Gerätenummer " + stage.window().station().DeviceNumber, "Gedruckt am 18.06.2026", {}},
+                  false);
 
     QImage picture(paper, QImage::Format_RGB32);
     picture.fill(Qt::white);
