@@ -78,7 +78,7 @@ ReadStatus readChannel(const StationConfig& station, const ReadRequest& request,
     BlockReader blocks(station, request, open, buffers);
     RunAverages averages(station.ChannelTable.at(request.channel).Mode);
     for (BlockRun run = blocks.next(); !run.empty(); run = blocks.next()) {
-        if (step && !step()) {
+        if (!runStep(step)) {
             return ReadStatus::givenUp;
         }
         averages.passOn(run, consume);
