@@ -15,7 +15,8 @@ namespace {
 
 QLineEdit* makeLimit(QWidget* parent, const char* name, int y, const char* text) {
     const QRect place(68, y, 41, column::CONTROL_HEIGHT);
-    auto* box = makeControl<QLineEdit>(parent, name, place, QString::fromUtf8(text));
+    auto* box = makeControl<QLineEdit>(parent, name, place);
+    box->setText(QString::fromUtf8(text)); // given at once, it would be measured in the system's font first
     box->setAlignment(Qt::AlignRight);
     return box;
 }
