@@ -56,6 +56,7 @@ BenchStation::BenchStation()
     write(ANY_DIRECTION, MODE_WIND_DIRECTION, yearOfMinutes(200, 150));
     write(DUST, MODE_MEAN, yearOfMinutes(40, 30));
     write(RAIN, MODE_SUM, yearOfMinutes(1, 0.9));
+    write(TEMPERATURE, MODE_MEAN, inSteps(yearOfMinutes(10, 15), 10));
     write(CORRECTED_DUST, MODE_MEAN, yearOfMinutes(40, 30));
     config.ChannelTable.grow(DIRECTION).PairedChannel = SPEED;
     config.ChannelTable.grow(DIRECTION_IN_TENTHS).PairedChannel = SPEED;
@@ -68,7 +69,8 @@ BenchStation::BenchStation()
                                                  "CHAN08|Windgeschwindigkeit 3|m/s|0|40||0|1|2|1|0|0|WH\n"
                                                  "CHAN09|Windrichtung 3|Grad|0|360||0|1|2|36|8|0|WB\n"
                                                  "CHAN07|Staub|µg/m³|0|500||0|1|2|1|0|0|ST\n"
-                                                 "CHAN12|Niederschlag|mm|0|10||0|1|2|0|0|0|NS\n";
+                                                 "CHAN12|Niederschlag|mm|0|10||0|1|2|0|0|0|NS\n"
+                                                 "CHAN13|Lufttemperatur|°C|-50|60||0|1|2|1|0|0|LT\n";
 }
 
 std::string BenchStation::file(int channel) const {

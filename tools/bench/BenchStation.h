@@ -21,6 +21,7 @@ inline constexpr int ANY_DIRECTION = 9; // the same, paired with ANY_SPEED
 inline constexpr int CORRECTED_DUST = 15;
 inline constexpr int DUST = 7;
 inline constexpr int RAIN = 12;
+inline constexpr int TEMPERATURE = 13; // in tenths
 
 /// The year that the stations hold.
 inline TimeRange benchYear() { return {dateSerial(2019, 1, 1), dateSerial(2020, 1, 1)}; }

@@ -2,77 +2,22 @@
 // A whole view in the real window, from the file to the painted picture, compared with the sum of its
 // necessary parts: the reading, one pass that finds the extremes of each column of dots, their lines, and a
 // picture painted on a window.
-#include "app/f.h"
 #include "diagram/PolarSys.h"
 #include "tools/bench/BenchStation.h"
-#include "tools/bench/FirstWindow.h"
 #include "tools/bench/Ratios.h"
+#include "tools/bench/Viewer.h"
 #include "tools/bench/Year.h"
 #include "util/VectorRegisters.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QComboBox>
-#include <QFontMetrics>
-#include <QKeyEvent>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QPainter>
-#include <QScrollBar>
 #include <QTableView>
 #include <algorithm>
-#include <memory>
+#include <string>
 #include <vector>
 
 namespace kelvrum::bench {
 
 namespace {
-
-constexpr QSize WINDOW(1020, 660); // leaves 900 x 600 for the diagram
-
-/// The window on the shared station, a year of minutes of dust in view.
-class Viewer {
-  public:
-    Viewer() {
-        Environment environment;
-        environment.today = [] { return QDate(2019, 12, 31); };
-        environment.programFolder = QString::fromStdString(station().folder());
-        window = std::make_unique<f>(environment);
-        window->resize(WINDOW);
-        window->Form_Load();
-        window->show();
-        showChannel(DUST);
-        click("Option1"); // the automatic scale: all of the curve is visible
-        showYear(*window);
-        window->LoadData();
-        QCoreApplication::processEvents();
-    }
-
-    template<typename Control>
-    Control& the(const char* name) const {
-        return *window->findChild<Control*>(QString::fromUtf8(name));
-    }
-    void click(const char* name) const {
-        the<QAbstractButton>(name).click();
-        QCoreApplication::processEvents();
-    }
-    void showChannel(int channel) const {
-        auto& list = the<QListWidget>("selChan");
-        for (int row = 0; row < list.count(); ++row) {
-            if (list.item(row)->data(Qt::UserRole).toInt() == channel) {
-                list.setCurrentRow(row);
-            }
-        }
-        QCoreApplication::processEvents();
-    }
-    void pressInterval(Qt::Key key) const {
-        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
-        QCoreApplication::sendEvent(&the<QComboBox>("selInterval"), &press);
-        QCoreApplication::processEvents();
-    }
-
-    std::unique_ptr<f> window;
-};
 
 void wholeView(benchmark::State& state, int channel) {
     const Viewer viewer;
@@ -84,6 +29,8 @@ void wholeView(benchmark::State& state, int channel) {
     state.counters["columns"] = static_cast<double>(viewer.the<PolarSys>("KS").DataCount());
 }
 BENCHMARK_CAPTURE(wholeView, mean, DUST)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(wholeView, temperature, TEMPERATURE)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(wholeView, speed, SPEED)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(wholeView, sum, RAIN)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(wholeView, wind, DIRECTION)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(wholeView, windInTenths, DIRECTION_IN_TENTHS)->Unit(benchmark::kMillisecond);
