@@ -393,7 +393,7 @@ class f_second_test : public QObject {
         for (int hour = 0; hour < 24; ++hour) {
             for (int minute = 0; minute < 60; ++minute) {
                 const auto at = static_cast<std::size_t>(TEST_DAY_MINUTE + hour * 60 + minute);
-                made.minutes[4][at] = 2;
+                made.minutes[4][at] = 4; // far from the ring below
                 made.minutes[5][at] = hour < 10 ? 350 : 20;
             }
         }
@@ -478,7 +478,10 @@ class f_second_test : public QObject {
         QCOMPARE(KS.AchseText(), std::string("Windrichtung [Grad];Staub [µg/m³]"));
         QVERIFY(offered(fixture).contains(QStringLiteral("menKanal(7) Staub*")));
         const auto dust = validOf(rowOf(KS, SeriesTable::Y2));
+        QVERIFY(!dust.empty());
         const auto [low, high] = std::minmax_element(dust.begin(), dust.end());
+        QVERIFY(*high > 50); // dust, not rain or degrees of a reading before
+        QVERIFY(*high < 100);
         QCOMPARE(KS.Y2High(), *high + (*high - *low) * 0.05);
 
         reads = 0;
