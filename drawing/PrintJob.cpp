@@ -9,7 +9,6 @@
 #include "drawing/QueueOptions.h"
 
 #include <QFileInfo>
-#include <QPrintEngine>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <numeric>
@@ -99,9 +98,6 @@ QMarginsF toolkitMargins(const QPrinter& printer) {
     fresh.setPageSize(printer.pageLayout().pageSize());
     return marginsOf(fresh);
 }
-
-// Where the toolkit's printer dialog keeps further choices for a queue.
-constexpr auto DIALOG_OPTIONS = QPrintEngine::PrintEnginePropertyKey(0xfe00);
 
 /// A printer with the same settings.
 std::unique_ptr<QPrinter> copyOf(const QPrinter& printer) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/QueueOptions.h"
 
-#include <QPrintEngine>
 #include <QPrinter>
 #include <QStringList>
 #include <algorithm>
@@ -11,9 +10,6 @@ namespace kelvrum {
 namespace {
 
 using Options = std::vector<std::pair<std::string, std::string>>;
-
-// Where the toolkit's printer dialog keeps what the user has set for a queue: names and values in turns.
-constexpr auto DIALOG_OPTIONS = QPrintEngine::PrintEnginePropertyKey(0xfe00);
 
 std::string sidesOf(QPrinter::DuplexMode duplex, QPageLayout::Orientation orientation) {
     switch (duplex) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QPageLayout>
+#include <QPrintEngine>
 #include <string>
 #include <utility>
 #include <vector>
@@ -10,6 +11,9 @@
 class QPrinter;
 
 namespace kelvrum {
+
+/// Where the toolkit's printer dialog keeps what the user has set for a queue: names and values in turns.
+inline constexpr auto DIALOG_OPTIONS = QPrintEngine::PrintEnginePropertyKey(0xfe00);
 
 /// Copies, collation, sides, colour, paper and source, and whatever else the user has set for the queue. The
 /// orientation is that of the job's pages.
