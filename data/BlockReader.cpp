@@ -4,7 +4,6 @@
 #include "data/ChannelFiles.h"
 #include "data/ChannelFormat.h"
 #include "util/LittleEndian.h"
-#include "util/Numbers.h"
 
 #include <algorithm>
 #include <utility>
@@ -40,8 +39,6 @@ BlockReader::BlockReader(const StationConfig& station, const ReadRequest& reques
         end = length; // the end lies in a later year, or not after the start: to the file's end
     }
     const auto blockSize = static_cast<std::int64_t>(chn::VALUE_SIZE * interval_);
-    announced_ = static_cast<std::int64_t>(
-        std::max(0.0, roundHalfEven(static_cast<double>(end - start_) / static_cast<double>(blockSize))));
     // A block is read when it starts before the end of the range and holds any byte of the file.
     const std::int64_t bytes = std::min(end, length) - start_;
     blocks_ = bytes > 0 ? (bytes + blockSize - 1) / blockSize : 0;

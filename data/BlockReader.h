@@ -42,10 +42,6 @@ class BlockReader {
     BlockReader& operator=(const BlockReader&) = delete;
     ~BlockReader();
 
-    /// The number of blocks that the range announces, rounded to the nearest whole number. What is read
-    /// follows from the loop over the blocks and may be one more, or fewer when the file is shorter.
-    [[nodiscard]] std::int64_t announcedBlocks() const { return announced_; }
-
     /// The number of blocks that next() will deliver.
     [[nodiscard]] std::int64_t blocks() const { return blocks_; }
 
@@ -62,7 +58,6 @@ class BlockReader {
     bool hasPair_ = false;
     std::size_t interval_ = 1;
     std::int64_t start_ = 0; // byte offset of the first block
-    std::int64_t announced_ = 0;
     std::int64_t blocks_ = 0;
     std::int64_t done_ = 0;
 };
