@@ -108,8 +108,6 @@ ValueRange marginedRange(std::span<const double> values) {
     return withHeight({range.low - margin, range.high + margin});
 }
 
-std::span<const double> valueSteps() { return VALUE_STEPS; }
-
 double valueStep(double height, int divisions) {
     const auto* const found = std::find_if(VALUE_STEPS.begin(), VALUE_STEPS.end(),
                                            [&](double step) { return step * divisions >= height; });

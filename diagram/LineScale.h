@@ -49,9 +49,6 @@ ValueRange withHeight(ValueRange range);
 /// 100. 0 to 100 without any.
 ValueRange marginedRange(std::span<const double> values);
 
-/// The steps of the value axes, ascending.
-std::span<const double> valueSteps();
-
 /// The first step whose product with the number of divisions reaches a height, at most the last one.
 double valueStep(double height, int divisions);
 

@@ -15,7 +15,6 @@ namespace {
 
 using kelvrum::testing::TestDiagram;
 using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
 
 constexpr double INF = std::numeric_limits<double>::infinity();
@@ -158,8 +157,8 @@ TEST(ValueSteps, AreTheTable) {
                                           2,     2.5,   5,    10,    15,   20,    25,    30,   40,  50,
                                           60,    70,    80,   90,    100,  125,   150,   200,  250, 300,
                                           400,   500,   1000, 2000,  5000, 10000, 20000, 50000};
-    EXPECT_THAT(valueSteps(), ElementsAreArray(expected));
     ASSERT_EQ(expected.size(), 38U);
+    EXPECT_EQ(valueStep(1e-9, 16), expected[0]);
     for (std::size_t i = 0; i < expected.size(); ++i) {
         EXPECT_EQ(valueStep(expected[i] * 16, 16), expected[i]) << "its product is the height itself";
         EXPECT_EQ(valueStep(expected[i] * 16 * 1.0001, 16), expected[std::min<std::size_t>(i + 1, 37)]);
