@@ -47,7 +47,7 @@ LimitFrame::LimitFrame(QWidget* parent)
     connect(Check2, &QCheckBox::clicked, this, &LimitFrame::meanToggled);
 }
 
-bool LimitFrame::limitsShown() const { return Check1->isChecked(); }
+bool LimitFrame::areLimitsShown() const { return Check1->isChecked(); }
 
 AuxiliaryLines LimitFrame::limits() const { return {limitIn(*Text3), limitIn(*Text4)}; }
 
@@ -56,10 +56,10 @@ void LimitFrame::setLimits(const AuxiliaryLines& limits) {
     showNumber(*Text4, limits.second);
 }
 
-bool LimitFrame::meanShown() const { return Check2->isChecked(); }
+bool LimitFrame::isMeanShown() const { return Check2->isChecked(); }
 
 void LimitFrame::enableLimits() {
-    const bool shown = limitsShown();
+    const bool shown = areLimitsShown();
     for (QLineEdit* box : {Text3, Text4}) {
         box->setEnabled(shown);
         box->setReadOnly(!shown);

@@ -19,7 +19,7 @@ class LimitFrame : public QGroupBox {
     explicit LimitFrame(QWidget* parent);
 
     /// Whether the two limits are shown as lines.
-    [[nodiscard]] bool limitsShown() const;
+    [[nodiscard]] bool areLimitsShown() const;
     /// The numbers of the two boxes; a NaN where a box holds none, which the validity test turns into
     /// INVALID_VALUE.
     [[nodiscard]] AuxiliaryLines limits() const;
@@ -27,7 +27,7 @@ class LimitFrame : public QGroupBox {
     void setLimits(const AuxiliaryLines& limits);
 
     /// Whether the mean is shown as a line.
-    [[nodiscard]] bool meanShown() const;
+    [[nodiscard]] bool isMeanShown() const;
 
   Q_SIGNALS:
     /// The user has ticked or cleared "anzeigen".

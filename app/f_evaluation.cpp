@@ -57,8 +57,8 @@ void f::openEvaluation() {
     request.range = shown.range;
     request.interval = shown.interval;
     request.kind = evaluatedKind(station_, channel);
-    request.limits = {limitFrom(boxes.first, limits_->limitsShown()),
-                      limitFrom(boxes.second, limits_->limitsShown())};
+    request.limits = {limitFrom(boxes.first, limits_->areLimitsShown()),
+                      limitFrom(boxes.second, limits_->areLimitsShown())};
     request.now = environment_.now();
     const auto read = [this, &shown](const auto& consume, const ReadingStep& step) {
         return readIntervals(station_, shown, environment_.open, consume, step);

@@ -193,7 +193,7 @@ void f::showChannel(std::int32_t channel) {
 DiagramSettings f::diagramSettings() const {
     DiagramSettings settings;
     settings.intervalCaption = interval_->caption().toStdString();
-    if (limits_->limitsShown()) {
+    if (limits_->areLimitsShown()) {
         settings.auxiliaryLines = limits_->limits();
     }
     return settings;

@@ -111,7 +111,7 @@ void f::connectParts() {
         drawIfVisible();
     });
     connect(limits_, &LimitFrame::meanToggled, this, [this, &KS] {
-        KS.setShowMittel(limits_->meanShown());
+        KS.setShowMittel(limits_->isMeanShown());
         KS.Draw();
     });
     connect(zoom_, &ZoomFrame::zoomed, this, &f::Form_Resize);

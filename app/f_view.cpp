@@ -71,7 +71,7 @@ void f::scaleChosen() {
 
 void f::limitsToggled() {
     PolarSys& KS = view_->diagram();
-    const bool shown = limits_->limitsShown();
+    const bool shown = limits_->areLimitsShown();
     const AuxiliaryLines limits = limits_->limits();
     KS.setHilfslinie2(shown ? validate(limits.second) : 0);
     KS.setHilfslinie1(shown ? validate(limits.first) : 0);
@@ -116,9 +116,9 @@ void f::showKindMenu(const QPoint& place) {
 /// Runs whenever the size changes. The left column keeps its design positions; a window too low for it
 /// scrolls it.
 void f::Form_Resize() {
-    const int least = static_cast<int>(std::ceil(MIN_TWIPS * PIXELS_PER_TWIP));
-    if (minimumWidth() != least) {
-        setMinimumWidth(least);
+    const int minWidth = static_cast<int>(std::ceil(MIN_TWIPS * PIXELS_PER_TWIP));
+    if (minimumWidth() != minWidth) {
+        setMinimumWidth(minWidth);
     }
     const int H = client_->height();
     view_->place(client_->width(), H, [this] {

@@ -34,7 +34,7 @@ void readPieces(FileSource& file, Consume consume) {
 bool isUtf8File(FileSource& file) {
     Utf8Check check;
     readPieces(file, [&check](std::string_view bytes) { check.feed(bytes); });
-    return check.valid();
+    return check.isValid();
 }
 
 /// Passes the lines of a file, without their line ends, to `consume`. Memory is bounded by MAX_INI_LINE.

@@ -14,11 +14,11 @@ namespace kelvrum {
 namespace {
 
 bool isWhole(double v, double low, double high) { return v >= low && v <= high && std::floor(v) == v; }
-bool number(double v) { return std::isfinite(v); }
-bool int32(double v) { return isWhole(v, -2147483648.0, 2147483647.0); }
-bool gridCount(double v) { return isWhole(v, 1, 2147483647.0); }
-bool colour(double v) { return isWhole(v, 0, 4294967295.0); }
-bool boolean(double v) { return v == 0 || v == 1; }
+bool isNumber(double v) { return std::isfinite(v); }
+bool isInt32(double v) { return isWhole(v, -2147483648.0, 2147483647.0); }
+bool isGridCount(double v) { return isWhole(v, 1, 2147483647.0); }
+bool isColour(double v) { return isWhole(v, 0, 4294967295.0); }
+bool isBoolean(double v) { return v == 0 || v == 1; }
 
 std::string exactNumber(double v) {
     std::array<char, 400> text{};
@@ -32,35 +32,37 @@ std::span<const SavedProperties::Entry> SavedProperties::entries() {
     using State = DiagramProperties;
     using Int = std::int32_t;
     static const std::array<Entry, 18> table = {{
-        {"RadRaster", gridCount, [](const State& s) -> double { return s.RadRaster; },
+        {"RadRaster", isGridCount, [](const State& s) -> double { return s.RadRaster; },
          [](State& s, double v) { s.RadRaster = static_cast<Int>(v); }},
-        {"LongRaster", gridCount, [](const State& s) -> double { return s.LongRaster; },
+        {"LongRaster", isGridCount, [](const State& s) -> double { return s.LongRaster; },
          [](State& s, double v) { s.LongRaster = static_cast<Int>(v); }},
-        {"Enabled", boolean, [](const State& s) -> double { return s.Enabled ? 1 : 0; },
+        {"Enabled", isBoolean, [](const State& s) -> double { return s.Enabled ? 1 : 0; },
          [](State& s, double v) { s.Enabled = v != 0; }},
-        {"Bogenmass", int32, [](const State& s) -> double { return s.Bogenmass; },
+        {"Bogenmass", isInt32, [](const State& s) -> double { return s.Bogenmass; },
          [](State& s, double v) { s.Bogenmass = static_cast<Int>(v); }},
-        {"AngelOffset", number, [](const State& s) { return s.AngelOffset; },
+        {"AngelOffset", isNumber, [](const State& s) { return s.AngelOffset; },
          [](State& s, double v) { s.AngelOffset = v; }},
-        {"DiagTyp", int32, [](const State& s) -> double { return s.DiagTyp; },
+        {"DiagTyp", isInt32, [](const State& s) -> double { return s.DiagTyp; },
          [](State& s, double v) { s.DiagTyp = static_cast<Int>(v); }},
-        {"Y1Low", number, [](const State& s) { return s.Y1Low; }, [](State& s, double v) { s.Y1Low = v; }},
-        {"Y1High", number, [](const State& s) { return s.Y1High; }, [](State& s, double v) { s.Y1High = v; }},
-        {"Y2Low", number, [](const State& s) { return s.Y2Low; }, [](State& s, double v) { s.Y2Low = v; }},
-        {"Y2High", number, [](const State& s) { return s.Y2High; }, [](State& s, double v) { s.Y2High = v; }},
-        {"XLow", number, [](const State& s) { return s.XLow; }, [](State& s, double v) { s.XLow = v; }},
-        {"XHigh", number, [](const State& s) { return s.XHigh; }, [](State& s, double v) { s.XHigh = v; }},
-        {"D1", colour, [](const State& s) -> double { return s.D1; },
+        {"Y1Low", isNumber, [](const State& s) { return s.Y1Low; }, [](State& s, double v) { s.Y1Low = v; }},
+        {"Y1High", isNumber, [](const State& s) { return s.Y1High; },
+         [](State& s, double v) { s.Y1High = v; }},
+        {"Y2Low", isNumber, [](const State& s) { return s.Y2Low; }, [](State& s, double v) { s.Y2Low = v; }},
+        {"Y2High", isNumber, [](const State& s) { return s.Y2High; },
+         [](State& s, double v) { s.Y2High = v; }},
+        {"XLow", isNumber, [](const State& s) { return s.XLow; }, [](State& s, double v) { s.XLow = v; }},
+        {"XHigh", isNumber, [](const State& s) { return s.XHigh; }, [](State& s, double v) { s.XHigh = v; }},
+        {"D1", isColour, [](const State& s) -> double { return s.D1; },
          [](State& s, double v) { s.D1 = static_cast<Colour>(v); }},
-        {"D2", colour, [](const State& s) -> double { return s.D2; },
+        {"D2", isColour, [](const State& s) -> double { return s.D2; },
          [](State& s, double v) { s.D2 = static_cast<Colour>(v); }},
-        {"Xaxe", colour, [](const State& s) -> double { return s.Xaxe; },
+        {"Xaxe", isColour, [](const State& s) -> double { return s.Xaxe; },
          [](State& s, double v) { s.Xaxe = static_cast<Colour>(v); }},
-        {"Y1axe", colour, [](const State& s) -> double { return s.Y1axe; },
+        {"Y1axe", isColour, [](const State& s) -> double { return s.Y1axe; },
          [](State& s, double v) { s.Y1axe = static_cast<Colour>(v); }},
-        {"Y2axe", colour, [](const State& s) -> double { return s.Y2axe; },
+        {"Y2axe", isColour, [](const State& s) -> double { return s.Y2axe; },
          [](State& s, double v) { s.Y2axe = static_cast<Colour>(v); }},
-        {"BgCol", colour, [](const State& s) -> double { return s.BgCol; },
+        {"BgCol", isColour, [](const State& s) -> double { return s.BgCol; },
          [](State& s, double v) { s.BgCol = static_cast<Colour>(v); }},
     }};
     return table;

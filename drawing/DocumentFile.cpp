@@ -21,7 +21,7 @@ std::unique_ptr<QTemporaryFile> temporaryFile() {
     return std::make_unique<QTemporaryFile>(QDir::tempPath() + QStringLiteral("/kelvrum-XXXXXX.pdf"));
 }
 
-/// A device that is filling up takes a part and tells the reason with the next one only.
+/// A device that is filling up takes a part of what is written and gives the reason with the next write only.
 bool writeAll(QFile& file, const char* data, qint64 size) {
     while (size > 0) {
         const qint64 written = file.write(data, size);
@@ -60,7 +60,7 @@ DocumentFile::~DocumentFile() {
 }
 
 bool DocumentFile::open(OpenMode mode) {
-    if (failed()) {
+    if (hasFailed()) {
         return false;
     }
     if (temporary_) {
@@ -94,7 +94,7 @@ bool DocumentFile::finish() {
 qint64 DocumentFile::readData(char* /*data*/, qint64 /*size*/) { return -1; }
 
 qint64 DocumentFile::writeData(const char* data, qint64 size) {
-    if (failed()) {
+    if (hasFailed()) {
         return -1;
     }
     piece_.insert(piece_.end(), data, data + size);
@@ -102,7 +102,7 @@ qint64 DocumentFile::writeData(const char* data, qint64 size) {
 }
 
 bool DocumentFile::flushPiece() {
-    if (failed()) {
+    if (hasFailed()) {
         return false;
     }
     const bool written = writeAll(file_, piece_.data(), static_cast<qint64>(piece_.size()));

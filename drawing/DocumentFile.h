@@ -31,7 +31,7 @@ class DocumentFile : public QIODevice {
 
     /// The system's reason for the first failure; empty as long as there is none.
     [[nodiscard]] const QString& reason() const { return reason_; }
-    [[nodiscard]] bool failed() const { return !reason_.isEmpty(); }
+    [[nodiscard]] bool hasFailed() const { return !reason_.isEmpty(); }
 
     /// Where the contents are until `finish` has given them to a target.
     [[nodiscard]] QString path() const;

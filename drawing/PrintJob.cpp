@@ -138,7 +138,7 @@ QPrinter& PrintJob::printer() {
     return *printer_;
 }
 
-bool PrintJob::toFile() {
+bool PrintJob::printsToFile() {
     if (!printer_ || printer_->outputFormat() != QPrinter::PdfFormat) {
         return false;
     }
@@ -154,7 +154,7 @@ void PrintJob::requireAnswer() {
 }
 
 bool PrintJob::hasPrinter() {
-    if (toFile()) {
+    if (printsToFile()) {
         return true;
     }
     requireAnswer();
@@ -175,7 +175,7 @@ bool PrintJob::setUp(const std::function<bool(QPrinter&)>& dialog) {
         printer_ = std::move(kept);
         return false;
     }
-    if (toFile()) {
+    if (printsToFile()) {
         file_ = dialogFile_; // the same name, confirmed once more
     }
     if (const QMarginsF now = marginsOf(printer()); differ(now, before)) {
@@ -184,7 +184,7 @@ bool PrintJob::setUp(const std::function<bool(QPrinter&)>& dialog) {
     return true;
 }
 
-bool PrintJob::needsFile() { return toFile() && file_.isEmpty(); }
+bool PrintJob::needsFile() { return printsToFile() && file_.isEmpty(); }
 
 QString PrintJob::proposedFile() {
     QString name = titleOf(name_);
@@ -251,7 +251,7 @@ void PrintJob::make(const std::vector<Sheets>& sheets, DocumentFile& document) {
     PdfDocument pdf(document,
                     {titleOf(name_), printer().resolution(), printer().colorMode() == QPrinter::GrayScale});
     for (const Sheets& pages : sheets) {
-        for (std::size_t i = 0; i < pages.count && !document.failed(); ++i) {
+        for (std::size_t i = 0; i < pages.count && !document.hasFailed(); ++i) {
             Surface* surface = pdf.startPage(pages.area);
             if (surface == nullptr) {
                 throwError(QStringLiteral("Die Seite konnte nicht erstellt werden."));
@@ -261,7 +261,7 @@ void PrintJob::make(const std::vector<Sheets>& sheets, DocumentFile& document) {
             step(progress);
         }
     }
-    if (!pdf.finish() && !document.failed()) {
+    if (!pdf.finish() && !document.hasFailed()) {
         throwError(QStringLiteral("Das Dokument konnte nicht erstellt werden."));
     }
 }
@@ -280,7 +280,7 @@ void PrintJob::send(const DocumentFile& document, QPageLayout::Orientation orien
     checkFate(answer, name);
 }
 
-/// Where there is no CUPS the toolkit makes the document and sends it; it does not tell what becomes of it.
+/// Where there is no CUPS the toolkit makes the document and sends it; it does not say what becomes of it.
 void PrintJob::sendByToolkit(const std::vector<Sheets>& sheets) {
     QPrinter& device = printer();
     const QPageLayout::Orientation chosen = device.pageLayout().orientation();
@@ -315,7 +315,7 @@ void PrintJob::end() {
     }
     const auto add = [](std::size_t sum, const Sheets& pages) { return sum + pages.count; };
     receipt_ = {std::accumulate(sheets.begin(), sheets.end(), std::size_t{0}, add), {}};
-    const bool inFile = toFile();
+    const bool inFile = printsToFile();
     const QString target = inFile ? std::exchange(file_, {}) : QString();
     if (inFile && target.isEmpty()) {
         throwError(QStringLiteral("Für die PDF-Datei ist kein Name gewählt."));

@@ -128,7 +128,7 @@ class PrintJob {
         DrawPage play;
     };
 
-    [[nodiscard]] bool toFile();
+    [[nodiscard]] bool printsToFile();
     [[nodiscard]] PageArea areaOf(QPageLayout::Orientation orientation);
     void open();
     [[nodiscard]] std::unique_ptr<RecordingSurface> recording(Extent size);

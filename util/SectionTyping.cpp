@@ -94,10 +94,10 @@ void SectionTyping::type(std::string_view characters) {
 
 void SectionTyping::typeOne(char c) {
     if (!isDigit(c)) {
-        if (!handedOver_ && !fresh_) {
+        if (!movedOn_ && !fresh_) {
             handOver();
         }
-        handedOver_ = false;
+        movedOn_ = false;
         return;
     }
     if (closed_) {
@@ -108,18 +108,18 @@ void SectionTyping::typeOne(char c) {
         text.clear();
     }
     fresh_ = false;
-    handedOver_ = false;
+    movedOn_ = false;
     if (text.size() < digitsOf(sections_[section_].unit)) {
         text += c;
     }
     if (isFull() && section_ + 1 < sections_.size()) {
         handOver();
-        handedOver_ = true;
+        movedOn_ = true;
     }
 }
 
 void SectionTyping::eraseDigit() {
-    if (handedOver_) {
+    if (movedOn_) {
         goTo(section_ - 1);
     }
     std::string& text = sections_[section_].text;
@@ -131,7 +131,7 @@ void SectionTyping::eraseDigit() {
 }
 
 void SectionTyping::eraseSection() {
-    if (handedOver_) {
+    if (movedOn_) {
         eraseDigit();
         return;
     }
@@ -162,7 +162,7 @@ void SectionTyping::moveToLast() { goTo(sections_.size() - 1); }
 void SectionTyping::goTo(std::size_t section) {
     section_ = section;
     fresh_ = true;
-    handedOver_ = false;
+    movedOn_ = false;
     closed_ = false;
 }
 

@@ -70,8 +70,8 @@ class SectionTyping {
     std::string behind_; // the text after the last section
     std::size_t section_ = 0;
     bool fresh_ = true;
-    bool handedOver_ = false; // automatically, and the separator may still be typed
-    bool closed_ = false;     // a separator was typed after the last section
+    bool movedOn_ = false; // automatically, and the separator may still be typed
+    bool closed_ = false;  // a separator was typed after the last section
     bool active_ = false;
 };
 

@@ -98,7 +98,7 @@ Utf8Character firstCharacter(std::string_view text) {
     const std::size_t length = byte(0) >= 0xF0 ? 4 : byte(0) >= 0xE0 ? 3 : 2;
     Utf8Check check;
     check.feed(text.substr(0, length));
-    if (!check.valid()) {
+    if (!check.isValid()) {
         return {};
     }
     char32_t code = byte(0) & (0xFFU >> (length + 1));

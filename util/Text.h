@@ -50,7 +50,7 @@ class Utf8Check {
   public:
     void feed(std::string_view bytes);
     /// Whether the bytes so far form a valid text.
-    [[nodiscard]] bool valid() const { return valid_ && pending_ == 0; }
+    [[nodiscard]] bool isValid() const { return valid_ && pending_ == 0; }
 
   private:
     bool valid_ = true;

@@ -94,8 +94,8 @@ TEST(IniFile, LineEnds) {
     const std::string a = "STANDORT=Halle";
     const std::string b = "WINDFAKTOR=2.5";
     for (const char* between : {"\n", "\r\n", "\n\n", "\r\n\r\n", "\n\r\n", "\n|\n", "\n \n", "\n;\n"}) {
-        for (const char* behind : {"", "\n", "\r\n", "\n\n"}) {
-            const StationConfig station = stationOf(a + between + b + behind);
+        for (const char* atEnd : {"", "\n", "\r\n", "\n\n"}) {
+            const StationConfig station = stationOf(a + between + b + atEnd);
             EXPECT_EQ(station.Location, "Halle");
             EXPECT_EQ(station.WindFactor, 2.5);
         }
@@ -221,7 +221,7 @@ TEST(IniFile, RandomBytesDoNoHarm) {
             ASSERT_LE(channel, station.ChannelTable.count());
             Utf8Check check;
             check.feed(info.Name);
-            ASSERT_TRUE(check.valid()) << info.Name;
+            ASSERT_TRUE(check.isValid()) << info.Name;
         }
     }
 }

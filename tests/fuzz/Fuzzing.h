@@ -25,7 +25,7 @@ inline void require(bool kept, const char* promise) {
 inline bool isUtf8(std::string_view text) {
     Utf8Check check;
     check.feed(text);
-    return check.valid();
+    return check.isValid();
 }
 
 /// An input that is consumed from its start. Bytes after its end read as zeros.
@@ -49,8 +49,8 @@ class Input {
     int between(int low, int high) { return low + take<std::uint16_t>() % (high - low + 1); }
 
     /// The next bytes as a text of at most this length.
-    std::string_view text(std::size_t most) {
-        const std::string_view taken = rest_.substr(0, most);
+    std::string_view text(std::size_t maxLength) {
+        const std::string_view taken = rest_.substr(0, maxLength);
         rest_.remove_prefix(taken.size());
         return taken;
     }

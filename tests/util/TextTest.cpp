@@ -138,7 +138,7 @@ TEST(Text, EveryByteOfWindows1252IsACharacterOfItsOwn) {
         const std::string one = fromWindows1252(std::string(1, static_cast<char>(code)));
         Utf8Check check;
         check.feed(one);
-        EXPECT_TRUE(check.valid()) << code;
+        EXPECT_TRUE(check.isValid()) << code;
         EXPECT_TRUE(seen.insert(one).second) << code;
         EXPECT_EQ(one.size() == 1, code < 128) << code;
     }
@@ -171,7 +171,7 @@ bool validIn2(std::string_view bytes, std::size_t cut) {
     check.feed(bytes.substr(0, cut));
     check.feed({});
     check.feed(bytes.substr(cut));
-    return check.valid();
+    return check.isValid();
 }
 
 void expectUtf8(std::string_view bytes, bool valid) {
@@ -183,7 +183,7 @@ void expectUtf8(std::string_view bytes, bool valid) {
     for (const char c : bytes) {
         single.feed({&c, 1});
     }
-    EXPECT_EQ(single.valid(), valid) << ::testing::PrintToString(std::string(bytes));
+    EXPECT_EQ(single.isValid(), valid) << ::testing::PrintToString(std::string(bytes));
 }
 
 TEST(Text, Utf8CheckAccepts) {
@@ -234,7 +234,7 @@ TEST(Text, Utf8CheckStaysInvalid) {
     Utf8Check check;
     check.feed("\xFF");
     check.feed("lauter gute Zeichen");
-    EXPECT_FALSE(check.valid());
+    EXPECT_FALSE(check.isValid());
 }
 
 } // namespace

@@ -11,16 +11,16 @@ namespace {
 
 /// The value at the sensor's resolution. A file cannot hold a measured zero, since that is an empty slot:
 /// the smallest step represents it, but a calm and a dry minute are written as 0.
-double resolved(double value, double step, bool mayBeZero) {
+double resolved(double value, double step, bool canBeZero) {
     const double steps = std::round(value / step);
     if (steps == 0) {
-        return mayBeZero ? 0 : std::copysign(step, value);
+        return canBeZero ? 0 : std::copysign(step, value);
     }
     // Divided where the number of parts is whole: 3 tenths are written as exactly 0.3.
     return step < 1 ? steps / std::round(1 / step) : steps * step;
 }
 
-bool mayBeZero(std::size_t quantity) {
+bool canBeZero(std::size_t quantity) {
     return quantity == WIND_SPEED || quantity == GUST || quantity == PRECIPITATION;
 }
 
@@ -74,7 +74,7 @@ void SampleStation::measure(MinuteRecord& record) {
     values[DUST_PM25] = dust.fine;
     for (std::size_t i = 0; i < QUANTITIES; ++i) {
         if (!SAMPLE_CHANNELS[i].derived) {
-            values[i] = resolved(values[i], SAMPLE_CHANNELS[i].step, mayBeZero(i));
+            values[i] = resolved(values[i], SAMPLE_CHANNELS[i].step, canBeZero(i));
         }
     }
     if (values[WIND_DIRECTION] < 1) {
