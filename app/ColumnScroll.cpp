@@ -71,8 +71,8 @@ void ColumnScroll::turn(const QWheelEvent& wheel) {
 void ColumnScroll::show(const QWidget& control) {
     const int top = control.mapTo(&area_, QPoint()).y() + offset_; // in the design
     const int bottom = top + control.height();
-    const int atLeast = bottom + ROOM_BELOW - height_;
-    scrollTo(std::min(std::max(offset_, atLeast), std::max(top - ROOM_ABOVE, 0)));
+    const int minOffset = bottom + ROOM_BELOW - height_;
+    scrollTo(std::min(std::max(offset_, minOffset), std::max(top - ROOM_ABOVE, 0)));
 }
 
 bool ColumnScroll::eventFilter(QObject* watched, QEvent* event) {

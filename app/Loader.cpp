@@ -74,7 +74,7 @@ void Loader::runLoads() {
 
 void Loader::runTasks() {
     if (loading_ || working_) {
-        return; // whoever loads or works comes here at its end
+        return; // the load or the task calls this at its end
     }
     const Raised working(working_);
     while (!waiting_.empty()) {

@@ -21,7 +21,7 @@ class ScrollFrame : public QGroupBox {
     void start();
 
   Q_SIGNALS:
-    /// A button asks for a step: −1 back, +1 forward.
+    /// A button requests a step: −1 back, +1 forward.
     void scrolled(int count);
 
   private:

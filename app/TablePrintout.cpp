@@ -39,7 +39,7 @@ void dropLastCharacter(std::string& text) {
 
 /// Cuts a text that extends far beyond its column: what follows a start of twice the column's width cannot
 /// fit. Measuring a long text anew for each dropped character costs the square of its length.
-void dropFarBehind(std::string& text, double column, const TextWidth& width) {
+void cutFarBeyond(std::string& text, double column, const TextWidth& width) {
     constexpr std::size_t SHORT = 64;
     for (std::size_t front = SHORT; front < text.size(); front *= 2) {
         while (front < text.size() && isContinuation(text[front])) {
@@ -88,7 +88,7 @@ ColumnEntry parseColumnEntry(std::string_view entry) {
 std::string fitCell(std::string_view text, std::string_view entry, const TextWidth& width) {
     const auto [mark, column] = parseColumnEntry(entry);
     std::string cell(text);
-    dropFarBehind(cell, column, width);
+    cutFarBeyond(cell, column, width);
     double printed = width(cell);
     while (!cell.empty() && printed > column) {
         dropLastCharacter(cell);

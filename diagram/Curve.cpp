@@ -7,14 +7,14 @@
 namespace kelvrum {
 
 double sampleInterval(std::span<const double> times) {
-    double least = std::numeric_limits<double>::infinity();
+    double shortest = std::numeric_limits<double>::infinity();
     for (std::size_t i = 1; i < times.size(); ++i) {
         const double distance = times[i] - times[i - 1];
-        if (distance > 0 && distance < least) {
-            least = distance;
+        if (distance > 0 && distance < shortest) {
+            shortest = distance;
         }
     }
-    return std::isfinite(least) ? least : 0;
+    return std::isfinite(shortest) ? shortest : 0;
 }
 
 std::optional<Segment> reachablePart(const CurvePoint& from, const CurvePoint& to) {

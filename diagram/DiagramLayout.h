@@ -13,9 +13,9 @@ struct DiagramLayout {
     double top = 50;            // margin above the value axes
     double bottom = 40;         // margin below the time axis (base line of the value axes)
     double foot = 0;            // height at the foot of the surface that is not used
-    double minDivision = 20;    // least height of a division of a value axis
-    double minLabelGap = 65;    // least distance of two labels of the time axis
-    double minTickGap = 4;      // least distance of short ticks
+    double minDivision = 20;    // smallest height of a division of a value axis
+    double minLabelGap = 65;    // smallest distance of two labels of the time axis
+    double minTickGap = 4;      // smallest distance of short ticks
     double titleY = 3;          // upper edge of HeadLine
     double title2Y = 16;        // upper edge of HeadLine2
     double bandBelowTitle = 19; // the title band is this much higher than the text of HeadLine

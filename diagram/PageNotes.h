@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a page tells about itself below its diagram.
+// The notes of a page below its diagram.
 #pragma once
 
 #include "drawing/Surface.h"

@@ -42,7 +42,7 @@ struct Stretch {
     int x = 0;
     int first = 0; // y of the first and of the last value
     int last = 0;
-    int low = 0; // least and greatest y
+    int low = 0; // smallest and greatest y
     int high = 0;
     double entryX = 0; // where the first and the last value are, before they are cut
     double exitX = 0;

@@ -24,8 +24,8 @@ struct TimeTick {
     std::string lower;
 };
 
-/// Lengths in the same unit: the axis' width, the least distance of two labels (months count as 31 days
-/// each), the least distance of two ticks (nearer unlabelled ones are left out).
+/// Lengths in the same unit: the axis' width, the smallest distance of two labels (months count as 31 days
+/// each), the smallest distance of two ticks (nearer unlabelled ones are left out).
 struct TimeAxis {
     TimeRange range;
     double width = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The hourglass.
+// The busy pointer.
 #pragma once
 
 #include <QCursor>
@@ -7,7 +7,7 @@
 
 namespace kelvrum {
 
-/// The pointer shows the hourglass for as long as this lives.
+/// The pointer is the busy one for as long as this lives.
 class BusyPointer {
   public:
     BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }

@@ -58,12 +58,12 @@ std::string formatNumber(double v, std::string_view format, const LocaleTexts& t
     }
     const std::size_t point = std::min(format.find('.'), format.size());
     const std::string_view before = format.substr(0, point);
-    const std::string_view behind = point < format.size() ? format.substr(point + 1) : std::string_view();
+    const std::string_view afterPoint = point < format.size() ? format.substr(point + 1) : std::string_view();
     const int minWhole = static_cast<int>(std::count(before.begin(), before.end(), '0'));
-    const int minDecimals = static_cast<int>(std::count(behind.begin(), behind.end(), '0'));
+    const int minDecimals = static_cast<int>(std::count(afterPoint.begin(), afterPoint.end(), '0'));
 
     DecimalDigits d = decimalDigits(v);
-    roundDigits(d, static_cast<int>(behind.size()));
+    roundDigits(d, static_cast<int>(afterPoint.size()));
     const auto digit = [&d](int place) { // place 0 is the first digit after the point, -1 the one before it
         const int at = d.exponent + place;
         return at >= 0 && at < static_cast<int>(d.digits.size()) ? d.digits[static_cast<std::size_t>(at)]

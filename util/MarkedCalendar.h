@@ -13,8 +13,8 @@ namespace kelvrum {
 /// What a day is marked with, at the foot of its cell. The toolkit's look of the day stays.
 enum class DayMark { none, empty, half, full };
 
-/// Marks the days of the month that is shown. What they are marked with is told from outside, when the
-/// calendar is folded out or turns to another month.
+/// Marks the days of the month that is shown. The owner sets the marks when the calendar is folded out or
+/// turns to another month.
 class MarkedCalendar : public QCalendarWidget {
     Q_OBJECT
 

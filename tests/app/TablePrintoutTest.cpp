@@ -22,7 +22,7 @@ double twoMillimetres(std::string_view text) {
     return width;
 }
 
-TEST(ColumnEntry, IsANumberBehindAnOptionalMark) {
+TEST(ColumnEntry, IsANumberAfterAnOptionalMark) {
     EXPECT_EQ(parseColumnEntry(""), (ColumnEntry{0, 0}));
     EXPECT_EQ(parseColumnEntry(">"), (ColumnEntry{'>', 0}));
     EXPECT_EQ(parseColumnEntry(">x"), (ColumnEntry{'>', 0}));

@@ -47,7 +47,7 @@ class f_calendar_test : public QObject {
             QTRY_COMPARE(calendar.markOf(QDate(2020, 6, 18)), DayMark::half);
             QCOMPARE(calendar.markOf(QDate(2020, 6, 19)), DayMark::full);
             QCOMPARE(calendar.markOf(QDate(2020, 6, 17)), DayMark::empty);
-            QCOMPARE(calendar.markOf(QDate(2020, 6, 30)), DayMark::empty); // behind the file's end
+            QCOMPARE(calendar.markOf(QDate(2020, 6, 30)), DayMark::empty); // after the file's end
             QCOMPARE(calendar.markOf(QDate(2020, 7, 1)), DayMark::none);   // a neighbouring month
             QCOMPARE(calendar.markOf(QDate(2020, 5, 31)), DayMark::none);
             QCOMPARE(toolTip(calendar, QDate(2020, 6, 18)),

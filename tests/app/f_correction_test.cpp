@@ -230,7 +230,7 @@ class f_correction_test : public QObject {
                  QStringLiteral("2"));
     }
 
-    void failureIsTold() {
+    void failureIsShown() {
         const WindowFixture fixture = window("WINDFAKTOR=1\n", true);
         std::filesystem::create_directory(fixture.folder->path() / "Data" / "Kanal15_2020.chn");
         answer(fixture, "menStaub", QStringLiteral("2"), "OKButton");

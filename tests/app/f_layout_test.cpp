@@ -32,7 +32,7 @@ class f_layout_test : public QObject {
   private Q_SLOTS:
     void places_data() {
         QTest::addColumn<QSize>("inner");
-        QTest::newRow("least width") << QSize(267, 500);
+        QTest::newRow("minimum width") << QSize(267, 500);
         QTest::newRow("odd") << QSize(641, 481);
         QTest::newRow("wide and low") << QSize(1500, 60);
         QTest::newRow("just high enough for the diagram") << QSize(500, 22);
@@ -58,7 +58,7 @@ class f_layout_test : public QObject {
     }
 
     /// 4000 twips are 266.67 pixels of a 96th of an inch.
-    void leastWidth_data() {
+    void minimumWidth_data() {
         QTest::addColumn<int>("wanted");
         QTest::addColumn<int>("width");
         QTest::newRow("nothing") << 0 << 267;
@@ -67,7 +67,7 @@ class f_layout_test : public QObject {
         QTest::newRow("exactly") << 267 << 267;
         QTest::newRow("a pixel more") << 268 << 268;
     }
-    void leastWidth() {
+    void minimumWidth() {
         QFETCH(int, wanted);
         QFETCH(int, width);
         const WindowFixture fixture;

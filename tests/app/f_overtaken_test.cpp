@@ -135,7 +135,7 @@ class f_overtaken_test : public QObject {
         QCOMPARE(fixture.the<PolarSys>("KS").XLow(), fixture.window->range().from);
     }
 
-    /// Whoever asks while a load runs gets back at once, and the load starts over for all of them.
+    /// A request that comes while a load runs returns at once, and the load starts over for all of them.
     void requestsMeanwhileBecomeOneMoreLoad() {
         WindowFixture fixture;
         int reads = 0;

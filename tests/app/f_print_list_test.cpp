@@ -109,7 +109,7 @@ class f_print_list_test : public PrintTest {
     }
 
     /// Without a yes nothing is printed.
-    void aLongListIsAskedAbout() {
+    void aLongListIsPrintedAfterAQuestion() {
         const WindowFixture fixture(longStation());
         fixture.chooseChannel(DUST_ROW);
         fixture.click("optView(1)");

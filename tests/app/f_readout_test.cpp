@@ -79,7 +79,7 @@ class f_readout_test : public QObject {
         QVERIFY(image.pixelColor(x - radius, ringY).alpha() > 0);
     }
 
-    void gapsAreTold() {
+    void gapsAreShown() {
         const WindowFixture fixture; // no values from 05:00 to 06:59
         const DiagramHand hand(fixture);
         for (const char* time : {"18.06.2020 05:10", "18.06.2020 06:00", "18.06.2020 06:50"}) {
@@ -98,13 +98,13 @@ class f_readout_test : public QObject {
         const DiagramHand hand(fixture);
         hand.moveTo(QStringLiteral("18.06.2020 12:00"));
         const double dots = (hand.KS.width() - 70) * hand.KS.devicePixelRatioF();
-        const int least = static_cast<int>(std::floor(2880 / dots));
+        const int minMinutes = static_cast<int>(std::floor(2880 / dots));
         const QStringList parts = hand.text().split(QStringLiteral(", "));
-        if (least < 2) {
+        if (minMinutes < 2) {
             QSKIP("each minute has a column of its own");
         }
         QCOMPARE(parts.size(), 3);
-        QVERIFY2(parts[2].section(QLatin1Char(' '), 0, 0).toInt() >= least, qPrintable(parts[2]));
+        QVERIFY2(parts[2].section(QLatin1Char(' '), 0, 0).toInt() >= minMinutes, qPrintable(parts[2]));
         QVERIFY(parts[2].contains(QStringLiteral(" Werte: ")));
     }
 

@@ -65,7 +65,7 @@ class form1_test : public QObject {
 
   private Q_SLOTS:
     /// The window lists nothing before the search is started.
-    void searchesWhenTold() {
+    void searchesWhenReadDirsIsCalled() {
         const TempFolder folder;
         layProject(folder, "A", "Erstes");
         Fixture fixture(folder);

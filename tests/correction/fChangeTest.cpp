@@ -323,7 +323,7 @@ class fchange_test : public QObject {
         QCOMPARE(made.changes(), QString());
     }
 
-    void failureIsTold() {
+    void failureIsShown() {
         Made made(CorrectionMode::dust, 0, THREE_YEARS);
         std::filesystem::remove(made.laid.onDisk(15, 2020));
         std::filesystem::create_directory(made.laid.onDisk(15, 2020));

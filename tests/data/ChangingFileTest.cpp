@@ -201,17 +201,17 @@ TEST_F(ChangingFiles, ThePairChangesAlone) {
     }
 }
 
-/// Folder, file and length as the reader asks for them one after the other; each may be another one by then.
-TEST(ChangingFile, WhatIsAskedForDiffersEachTime) {
+/// Folder, file and length as the reader looks at them one after the other; each may be another one by then.
+TEST(ChangingFile, EachLookFindsAnotherFile) {
     struct Case {
         const char* what;
-        std::uint64_t size;  // as told
+        std::uint64_t size;  // as size() returns it
         std::uint64_t bytes; // as read
     };
     const std::uint64_t ten = 1024 + 8 * 10;
     const Case cases[] = {
         {"gone after it was opened", 0, 0},
-        {"emptied after its length was asked", ten, 0},
+        {"emptied after its length was read", ten, 0},
         {"its header alone is left", ten, 1024},
         {"cut within a value", ten, 1024 + 8 * 4 + 3},
         {"longer than its length was", 1024 + 8 * 3, ten},

@@ -106,7 +106,7 @@ TEST(ChannelFiles, MinuteIndexOfEveryMinuteOfALeapYear) {
     }
 }
 
-TEST(ChannelFiles, ValuesLieBehindTheHeader) {
+TEST(ChannelFiles, ValuesFollowTheHeader) {
     EXPECT_EQ(chn::valueOffset(0), 1024);
     EXPECT_EQ(chn::valueOffset(1440), 1024 + 8 * 1440);
     EXPECT_EQ(chn::valueOffset(527039) + 8, 4217344);

@@ -46,9 +46,9 @@ TwoParts madeParts(Numbers& numbers) {
     const int border = PIECE / parts.interval * numbers.whole(0, 2) + numbers.whole(-2, 2);
     parts.first = std::max(1, numbers.oneIn(3) ? numbers.whole(1, 200) : border);
     parts.second = numbers.oneIn(2) ? numbers.whole(1, 200) : std::max(1, PIECE / parts.interval);
-    const int most = 500'000 / parts.interval;
+    const int maxBlocks = 500'000 / parts.interval;
     parts.first = std::min(parts.first, std::max(1, (500'000 - parts.start) / parts.interval / 2));
-    parts.second = std::min(parts.second, std::max(1, most / 4));
+    parts.second = std::min(parts.second, std::max(1, maxBlocks / 4));
     return parts;
 }
 

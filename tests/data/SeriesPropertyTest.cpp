@@ -30,7 +30,7 @@ std::string gapFinding(std::size_t count) {
     return {};
 }
 
-TEST(SeriesProperties, NoTwoGapColumnsInARowAndNoneInFront) {
+TEST(SeriesProperties, NoTwoGapColumnsInARowAndNoneAtTheStart) {
     const auto generate = [](Numbers& numbers) {
         std::vector<double> minutes(numbers.below(400));
         const int gaps = numbers.oneOf(std::array{2, 5, 50});

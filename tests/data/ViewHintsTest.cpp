@@ -37,7 +37,7 @@ TEST(CutAtNewYear, TellsWhatIsReallyRead) {
     }
 }
 
-TEST(ViewHint, TheFirstThatAppliesIsTold) {
+TEST(ViewHint, TheFirstThatAppliesIsShown) {
     ViewFacts facts;
     facts.range = {at("18.06.2020"), at("19.06.2020")};
     EXPECT_EQ(viewHint(facts, {}), "");

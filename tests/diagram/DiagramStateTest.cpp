@@ -197,7 +197,7 @@ TEST(PolarLists, CountAndIndexOverflowBeyond16Bits) {
     EXPECT_EQ(diagram.ListCount(), 0);
 }
 
-TEST(Clear, EmptiesBothStoresAndAsksForARepaint) {
+TEST(Clear, EmptiesBothStoresAndRequestsARepaint) {
     TestDiagram diagram;
     fillSeries(diagram, {{1, 2, 3}, {4, 5, 6}});
     diagram.AddItem(3, 0.5);

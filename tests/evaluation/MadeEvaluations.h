@@ -56,10 +56,10 @@ inline double madeSpeed(Numbers& numbers) {
 
 /// A reading with gaps for up to `most` intervals of a request.
 inline std::vector<IntervalReading> madeReading(Numbers& numbers, const EvaluationRequest& request,
-                                                std::int64_t most) {
+                                                std::int64_t maxCount) {
     std::vector<IntervalReading> reading;
     const std::int64_t count =
-        std::min(IntervalGrid(request.range, request.interval, LAST_DATE).count(), most);
+        std::min(IntervalGrid(request.range, request.interval, LAST_DATE).count(), maxCount);
     const int gaps = numbers.oneOf(std::array{1000, 10, 2});
     for (std::int64_t i = 0; i < count; ++i) {
         if (numbers.oneIn(gaps)) {
@@ -87,8 +87,9 @@ inline MadeEvaluation madeEvaluation(Numbers& numbers) {
     request.interval = numbers.oneOf(std::array{1, 5, 10, 15, 60, 1440, 7, 90});
     const double minute = 1.0 / MINUTES_PER_DAY;
     request.range.from = dateSerial(2024, 1, 1) + numbers.whole(0, 800) + numbers.whole(0, 1439) * minute;
-    const int most = numbers.oneOf(std::array{0, 3, 30, 100, 300});
-    const int minutes = request.interval * numbers.whole(-1, most) + numbers.whole(0, request.interval);
+    const int maxIntervals = numbers.oneOf(std::array{0, 3, 30, 100, 300});
+    const int minutes =
+        request.interval * numbers.whole(-1, maxIntervals) + numbers.whole(0, request.interval);
     request.range.to = request.range.from + minutes * minute;
     if (numbers.oneIn(4)) {
         request.now = request.range.from + minutes * minute * numbers.between(-0.2, 1.2);

@@ -33,7 +33,7 @@ class ChannelInput {
         mode_ = input.take<std::uint8_t>();
         interval_ = input.take<std::uint8_t>();
         flags_ = input.take<std::uint8_t>();
-        failsBehind_ = input.take<std::uint8_t>();
+        failsAfter_ = input.take<std::uint8_t>();
         start_ = input.take<std::int16_t>() % MAX_MINUTES;
         length_ = input.take<std::int16_t>() % MAX_MINUTES;
         shift_ = input.take<std::int16_t>();
@@ -56,7 +56,7 @@ class ChannelInput {
     }
     /// Byte offset from which on nothing can be read.
     [[nodiscard]] std::int64_t fails() const {
-        return (flags_ & 2U) == 0 ? std::numeric_limits<std::int64_t>::max() : place() + failsBehind_ / 8;
+        return (flags_ & 2U) == 0 ? std::numeric_limits<std::int64_t>::max() : place() + failsAfter_ / 8;
     }
 
   private:
@@ -68,7 +68,7 @@ class ChannelInput {
     std::uint8_t mode_ = 0;
     std::uint8_t interval_ = 0;
     std::uint8_t flags_ = 0;
-    std::uint8_t failsBehind_ = 0;
+    std::uint8_t failsAfter_ = 0;
     int start_ = 0;
     int length_ = 0;
     std::int16_t shift_ = 0;

@@ -18,8 +18,8 @@ QByteArray outputOf(const QString& program, const QStringList& arguments);
 /// A CUPS scheduler in a temporary folder, run by the current user and reached by this process alone. It ends
 /// with this object, or with the process.
 ///
-/// The printing library looks for its scheduler once in a process. Therefore make one object, before Qt is
-/// asked for printers, and start and stop that.
+/// The printing library looks for its scheduler once in a process. Therefore make one object, before Qt looks
+/// for printers, and start and stop that.
 class PrivateCups {
   public:
     enum class Queue {

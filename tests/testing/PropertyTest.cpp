@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What trying a property tells: nothing when it holds, else the smallest case and how to see it again.
+// What trying a property reports: nothing when it holds, else the smallest case and how to see it again.
 #include "tests/testing/Property.h"
 
 #include <gmock/gmock.h>
@@ -13,7 +13,7 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
-/// The environment of whoever runs the tests would choose other cases here.
+/// The environment in which the tests run would choose other cases here.
 class ForAll : public ::testing::Test {
   protected:
     void SetUp() override {
@@ -65,7 +65,7 @@ TEST_F(ForAll, TellsTheShortestListThatBreaks) {
     EXPECT_THAT(forAll(1, 50, list, shrink, check), StartsWith("51 51 \n"));
 }
 
-TEST_F(ForAll, TheSeedThatIsToldShowsTheCaseAgain) {
+TEST_F(ForAll, TheReportedSeedShowsTheCaseAgain) {
     const auto check = [](int n) { return n % 7 != 0 ? std::string() : std::to_string(n); };
     const auto never = [](int) { return std::vector<int>(); };
     const std::string report = forAll(100, 1000, NUMBER, never, check);

@@ -125,7 +125,7 @@ TEST(SampleWeather, StaysInBelievableBounds) {
         Quantity quantity;
         double lowest;
         double highest;
-        double leastMean;
+        double minMean;
         double greatestMean;
     } cases[] = {
         {VERTICAL_WIND, -2.3, 2.3, -0.1, 0.1},
@@ -147,7 +147,7 @@ TEST(SampleWeather, StaysInBelievableBounds) {
         SCOPED_TRACE(SAMPLE_CHANNELS[wanted.quantity].name);
         EXPECT_GE(statistics.lowest, wanted.lowest);
         EXPECT_LE(statistics.highest, wanted.highest);
-        EXPECT_GE(statistics.mean(), wanted.leastMean);
+        EXPECT_GE(statistics.mean(), wanted.minMean);
         EXPECT_LE(statistics.mean(), wanted.greatestMean);
         EXPECT_GT(statistics.marked, 20);
         EXPECT_LT(statistics.marked, 2000);
@@ -290,14 +290,14 @@ TEST(SampleWeather, TurnsTheWindThroughNorthAtTheLastFront) {
             SCOPED_TRACE(seed);
             EXPECT_EQ(front.begin / DAY, lastDay - 1);
             const double before = directionBetween(minutes, front.begin - HOUR, front.begin);
-            const Minute behind = front.begin + front.length;
-            const double after = directionBetween(minutes, behind, behind + HOUR);
+            const Minute frontEnd = front.begin + front.length;
+            const double after = directionBetween(minutes, frontEnd, frontEnd + HOUR);
             EXPECT_GT(before, -130); // from the west
             EXPECT_LT(before, -30);
             EXPECT_GT(after, 0); // to the north-east, by way of north
             EXPECT_LT(after, 100);
             const double midway =
-                directionBetween(minutes, front.begin + front.length / 3, behind - front.length / 4);
+                directionBetween(minutes, front.begin + front.length / 3, frontEnd - front.length / 4);
             EXPECT_LT(std::fabs(midway), 50);
         }
     }

@@ -61,7 +61,7 @@ TEST(FileSource, ReadsAtOffsets) {
     }
 }
 
-TEST(FileSource, TouchesNothingBehindWhatItGot) {
+TEST(FileSource, TouchesNothingAfterWhatItGot) {
     const TempFolder folder;
     const auto file = openFile(folder.write("drei.bin", "abc"));
     ASSERT_TRUE(file);

@@ -183,7 +183,7 @@ class PickersTest : public QObject {
         QCOMPARE(desk.times.count() + desk.dates.count(), 0);
     }
 
-    void escapeGivesBackWhatWasThere() {
+    void escapeRestoresWhatWasThere() {
         Desk desk;
         desk.show(QDate(2020, 6, 18));
         QTest::keyClicks(&desk.date, QStringLiteral("3112"));

@@ -19,10 +19,10 @@ constexpr std::string_view USAGE =
 constexpr int MAX_DAYS = 36'525; // a century
 
 template<typename T>
-bool readWhole(std::string_view text, T least, T most, T& into) {
+bool readWhole(std::string_view text, T min, T max, T& into) {
     T value{};
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size() || value < least || value > most) {
+    if (error != std::errc() || end != text.data() + text.size() || value < min || value > max) {
         return false;
     }
     into = value;

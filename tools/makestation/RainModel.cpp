@@ -35,9 +35,9 @@ void addFrontShower(std::vector<Shower>& showers, const Front& front) {
     std::erase_if(showers, [&shower](const Shower& other) {
         return other.begin < shower.begin + shower.length && shower.begin < other.begin + other.length;
     });
-    const auto behind = std::find_if(showers.begin(), showers.end(),
-                                     [&shower](const Shower& other) { return other.begin > shower.begin; });
-    showers.insert(behind, shower);
+    const auto next = std::find_if(showers.begin(), showers.end(),
+                                   [&shower](const Shower& other) { return other.begin > shower.begin; });
+    showers.insert(next, shower);
 }
 
 } // namespace

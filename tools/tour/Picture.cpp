@@ -58,10 +58,10 @@ std::vector<QRgb> coloursOf(const QImage& picture) {
 
 int nearest(QRgb colour, const QList<QRgb>& table) {
     int best = 0;
-    int least = std::numeric_limits<int>::max();
+    int shortest = std::numeric_limits<int>::max();
     for (int i = 0; i < static_cast<int>(table.size()); ++i) {
-        if (const int far = distance(colour, table[i]); far < least) {
-            least = far;
+        if (const int far = distance(colour, table[i]); far < shortest) {
+            shortest = far;
             best = i;
         }
     }
