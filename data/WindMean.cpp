@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data/WindMean.h"
 
-#include "data/Remembered.h"
+#include "data/CachedFunction.h"
 #include "util/Validity.h"
 
 #include <algorithm>
@@ -64,9 +64,9 @@ struct Fraction {
     }
 };
 
-/// Calls the function for each argument, where Remembered keeps results.
+/// Calls the function for each argument, where CachedFunction keeps results.
 template<typename Function>
-struct WorkedOut {
+struct Uncached {
     template<typename Work>
     void use(Work work) {
         work(Function{});
@@ -74,7 +74,7 @@ struct WorkedOut {
 };
 
 /// Wind vectors as X and Y, taken through each step together: loops without branches and calls are many times
-/// faster than one vector after the other, and round the same. `Through` is WorkedOut or Remembered.
+/// faster than one vector after the other, and round the same. `Through` is Uncached or CachedFunction.
 template<template<typename> typename Through>
 class WindVectors {
   public:
@@ -236,14 +236,13 @@ double windMeanByMinutes(std::span<const double> directions, std::span<const dou
 double windMean(std::span<const double> directions, std::span<const double> speeds) {
     std::array<double, 1> result = {INVALID_VALUE};
     if (speeds.size() >= directions.size()) {
-        WindVectors<WorkedOut>().means(directions, speeds.first(directions.size()), directions.size(),
-                                       result);
+        WindVectors<Uncached>().means(directions, speeds.first(directions.size()), directions.size(), result);
     }
     return result[0];
 }
 
 template<typename Function>
-using Kept = Remembered<Function>;
+using Kept = CachedFunction<Function>;
 
 struct WindMeans::Memory : WindVectors<Kept> {};
 

@@ -15,11 +15,11 @@ namespace kelvrum {
 /// them have occurred before. When most are new nevertheless, the cache pauses for some uses. Each argument
 /// has one place among `PLACES` and takes it from whichever was there.
 template<typename Function, std::size_t PLACES = 8192>
-class Remembered {
+class CachedFunction {
   public:
     using Result = std::invoke_result_t<Function, double>;
 
-    Remembered()
+    CachedFunction()
         : places_(PLACES, Place{0, Function{}(std::bit_cast<double>(std::uint64_t{0}))}) {}
 
     /// Calls work(function) once, where function(argument) returns a result. The work should call it about a
@@ -31,19 +31,19 @@ class Remembered {
             work(Function{});
             return;
         }
-        std::size_t asked = 0;
+        std::size_t used = 0;
         std::size_t fresh = 0;
         work([&](double argument) {
             const auto bits = std::bit_cast<std::uint64_t>(argument);
             Place& place = places_[((bits ^ (bits >> 32)) * SPREAD) >> SHIFT];
-            ++asked;
+            ++used;
             if (place.argument != bits) {
                 place = {bits, Function{}(argument)};
                 ++fresh;
             }
             return place.result;
         });
-        pause_ = 2 * fresh > asked ? PAUSE : 0;
+        pause_ = 2 * fresh > used ? PAUSE : 0;
     }
 
   private:
