@@ -3,7 +3,7 @@
 #pragma once
 
 #include "app/Environment.h"
-#include "tests/app/AnsweredDialogs.h"
+#include "tests/testing/AnsweredDialogs.h"
 #include "tests/testing/TempFolder.h"
 
 #include <QStringList>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "app/f.h"
-#include "tests/app/AnsweredDialogs.h"
+#include "tests/testing/AnsweredDialogs.h"
 
 #include <QString>
 #include <QStringList>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "app/f.h"
-#include "tests/app/AnsweredDialogs.h"
+#include "tests/testing/AnsweredDialogs.h"
 #include "tests/testing/TempFolder.h"
 #include "tests/testing/WindowDriver.h"
 

@@ -4,6 +4,7 @@
 #include "diagram/SeriesTable.h"
 #include "tests/app/WindowFixture.h"
 #include "tests/correction/YearFiles.h"
+#include "tests/testing/FileContent.h"
 #include "util/Validity.h"
 
 #include <QAction>
@@ -50,11 +51,6 @@ WindowFixture window(const std::string& factorLine, bool marked) {
 }
 
 QAction& menu(const WindowFixture& fixture) { return *fixture.the<QMenu>("menKor").menuAction(); }
-
-std::string contentOf(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 /// What the correction dialog shows, and the user's answer.
 struct Shown {

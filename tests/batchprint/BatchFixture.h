@@ -5,6 +5,7 @@
 #include "batchprint/fCPrint.h"
 #include "diagram/PolarSys.h"
 #include "drawing/PrintJob.h"
+#include "tests/testing/AnsweredDialogs.h"
 #include "tests/testing/TempFolder.h"
 #include "tests/testing/WindowDriver.h"
 
@@ -15,20 +16,6 @@
 #include <string>
 
 namespace kelvrum::testing {
-
-/// Takes every message down.
-class NotedDialogs : public Dialogs {
-  public:
-    void message(QWidget* /*parent*/, const QString& text, const QString& title) override {
-        messages << title + QStringLiteral(": ") + text;
-        if (onMessage) {
-            onMessage();
-        }
-    }
-
-    QStringList messages; // "title: text", in order
-    std::function<void()> onMessage;
-};
 
 /// The station has the channels 1, 6, 2, 12 and 15 of the row slots, with one day of data in each but 15. Its
 /// folder is the current one. There is no printer: nothing is ever printed.
@@ -67,7 +54,7 @@ class BatchFixture {
     TimeRange range; // of the owner; 18 June 2020, 06:30, to 19 June, 18:15
     PolarSys diagram{LocaleTexts{}};
     PrintJob job;
-    NotedDialogs dialogs;
+    AnsweredDialogs dialogs;
     QStringList events; // "read 6" and "load", in order
     std::function<ReadStatus(const ReadRequest&, const DiagramSettings&)> onRead; // says how a reading ends
     std::function<void()> onLoad;

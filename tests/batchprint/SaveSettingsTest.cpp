@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batchprint/SettingsFile.h"
 #include "tests/batchprint/SettingsBytes.h"
+#include "tests/testing/FileContent.h"
 #include "tests/testing/OrdinaryUser.h"
 #include "util/Paths.h"
 

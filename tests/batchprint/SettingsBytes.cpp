@@ -2,8 +2,6 @@
 #include "tests/batchprint/SettingsBytes.h"
 
 #include <bit>
-#include <fstream>
-#include <iterator>
 
 namespace kelvrum::testing {
 
@@ -46,11 +44,6 @@ std::string fileOf(const std::vector<MadeRecord>& records) {
 
 std::string patched(std::string file, std::size_t at, std::string_view bytes) {
     return file.replace(at, bytes.size(), bytes);
-}
-
-std::string contentOf(const std::string& path) {
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 } // namespace kelvrum::testing

@@ -34,7 +34,4 @@ std::string fileOf(const std::vector<MadeRecord>& records);
 /// A file with `bytes` written over it at an offset.
 std::string patched(std::string file, std::size_t at, std::string_view bytes);
 
-/// Everything in a file.
-std::string contentOf(const std::string& path);
-
 } // namespace kelvrum::testing

@@ -3,6 +3,7 @@
 // left.
 #include "batchprint/SettingsFile.h"
 #include "tests/batchprint/SettingsBytes.h"
+#include "tests/testing/FileContent.h"
 #include "tests/testing/FileSizeLimit.h"
 #include "util/Paths.h"
 

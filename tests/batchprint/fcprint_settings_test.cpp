@@ -2,6 +2,7 @@
 // Loading and saving the settings by the dialog.
 #include "tests/batchprint/BatchFixture.h"
 #include "tests/batchprint/SettingsBytes.h"
+#include "tests/testing/FileContent.h"
 #include "tests/testing/FileSizeLimit.h"
 #include "tests/testing/OrdinaryUser.h"
 #include "util/Paths.h"

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The project selection window on its own, on folders made for the test.
 #include "config/Form1.h"
+#include "tests/testing/AnsweredDialogs.h"
 #include "tests/testing/TempFolder.h"
 #include "tests/testing/WindowDriver.h"
 
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <memory>
 
 namespace kelvrum {
@@ -14,18 +16,6 @@ namespace kelvrum {
 using namespace kelvrum::testing;
 
 namespace {
-
-/// Chooses the folder that the test has set; an empty text is the user's "cancel".
-class ChosenFolder : public Dialogs {
-  public:
-    QString chooseFolder(QWidget* /*parent*/, const QString& title, const QString& start) override {
-        asked << title + QStringLiteral(" | ") + start;
-        return folder;
-    }
-
-    QString folder;
-    QStringList asked; // "title | folder"
-};
 
 /// The window on a folder, and what it tells its owner.
 struct Fixture {
@@ -48,7 +38,7 @@ struct Fixture {
         return texts;
     }
 
-    ChosenFolder dialogs;
+    AnsweredDialogs dialogs;
     std::vector<std::string> opened;
     int forgotten = 0;
     std::unique_ptr<Form1> window;
@@ -125,13 +115,65 @@ class form1_test : public QObject {
         fixture.driver().click(QStringLiteral("Command2")); // cancelled
         QVERIFY(fixture.opened.empty());
         QVERIFY(fixture.window->isVisible());
-        QCOMPARE(fixture.dialogs.asked, QStringList{QStringLiteral("Projektordner auswählen ... | ") +
-                                                    QString::fromStdString(folder.path().string())});
+        QCOMPARE(fixture.dialogs.asked.size(), std::size_t(1));
+        QCOMPARE(fixture.dialogs.asked[0].title, QStringLiteral("Projektordner auswählen ..."));
+        QCOMPARE(fixture.dialogs.asked[0].folder, QString::fromStdString(folder.path().string()));
 
         fixture.dialogs.folder = QStringLiteral("/irgendwo/Projekt");
         fixture.driver().click(QStringLiteral("Command2"));
         QCOMPARE(fixture.opened, std::vector<std::string>{"/irgendwo/Projekt"});
         QVERIFY(!fixture.window->isVisible());
+    }
+
+    /// The first project has the focus; the window is operated without a mouse.
+    void openedByKeys_data() {
+        QTest::addColumn<QList<Qt::Key>>("keys");
+        QTest::addColumn<QString>("opened");
+        QTest::newRow("enter") << QList<Qt::Key>{Qt::Key_Return} << QStringLiteral("A");
+        QTest::newRow("tab, enter") << QList<Qt::Key>{Qt::Key_Tab, Qt::Key_Return} << QStringLiteral("B");
+        QTest::newRow("tab, space") << QList<Qt::Key>{Qt::Key_Tab, Qt::Key_Space} << QStringLiteral("B");
+        QTest::newRow("escape") << QList<Qt::Key>{Qt::Key_Escape} << QString();
+    }
+    void openedByKeys() {
+        QFETCH(QList<Qt::Key>, keys);
+        QFETCH(QString, opened);
+        const TempFolder folder;
+        layProject(folder, "A", "Erstes");
+        layProject(folder, "B", "Zweites");
+        Fixture fixture(folder);
+        QVERIFY(fixture.window->readDirs());
+        QTRY_VERIFY(fixture.driver().the<QPushButton>("Button(0)").hasFocus());
+        for (const Qt::Key key : keys) {
+            QTest::keyClick(fixture.window->focusWidget(), key);
+        }
+        QVERIFY(!fixture.window->isVisible());
+        QCOMPARE(fixture.opened.size(), std::size_t(opened.isEmpty() ? 0 : 1));
+        QVERIFY(opened.isEmpty() || QString::fromStdString(fixture.opened[0]).endsWith(opened));
+    }
+
+    /// Room for the longest name, within limits.
+    void asWideAsItsNames() {
+        const TempFolder folder;
+        layProject(folder, "A", "Erstes");
+        Fixture fixture(folder);
+        fixture.window->readDirs();
+        const int narrow = fixture.window->width();
+        layProject(folder, "B", "Deponie Großbeuchow-Süd, Meßstation an der Zufahrt");
+        fixture.window->readDirs();
+        const int wide = fixture.window->width();
+        layProject(folder, "C", std::string(300, 'W'));
+        fixture.window->readDirs();
+        QCOMPARE(narrow, 340);
+        QVERIFY2(wide > narrow && wide < 640, qPrintable(QString::number(wide)));
+        QCOMPARE(fixture.window->width(), 640);
+    }
+
+    /// What waits in the event queue runs before the search.
+    void pendingEventsRunBeforeTheSearch() {
+        const TempFolder folder;
+        Fixture fixture(folder);
+        QTimer::singleShot(0, fixture.window.get(), [&folder] { layProject(folder, "A", "Erstes"); });
+        QVERIFY(fixture.window->readDirs());
     }
 
     void noFolderOpensNothing() {

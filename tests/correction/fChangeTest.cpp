@@ -2,8 +2,8 @@
 // The correction dialog, worked as a user does on real files.
 #include "correction/fChange.h"
 
-#include "tests/app/AnsweredDialogs.h"
 #include "tests/correction/YearFiles.h"
+#include "tests/testing/AnsweredDialogs.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>

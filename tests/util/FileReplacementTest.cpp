@@ -2,6 +2,7 @@
 // Replacing files as a whole: rights, links, reasons, and what killed programs have left.
 #include "util/FileReplacement.h"
 
+#include "tests/testing/FileContent.h"
 #include "tests/testing/OrdinaryUser.h"
 #include "tests/testing/TempFolder.h"
 #include "util/Paths.h"
@@ -9,7 +10,6 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -17,15 +17,11 @@ namespace kelvrum {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::contentOf;
 using testing::CurrentFolder;
 using testing::OrdinaryUser;
 using testing::TempFolder;
 using Names = std::vector<std::string>;
-
-std::string contentOf(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 std::span<const std::byte> bytesOf(std::string_view text) { return std::as_bytes(std::span(text)); }
 

@@ -2,14 +2,13 @@
 // Real files behind the writing interface: what is opened or created, and writes at, in and after the end.
 #include "util/FileTarget.h"
 
+#include "tests/testing/FileContent.h"
 #include "tests/testing/OrdinaryUser.h"
 #include "tests/testing/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <system_error>
 
@@ -18,13 +17,9 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
+using testing::contentOf;
 using testing::OrdinaryUser;
 using testing::TempFolder;
-
-std::string contentOf(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 std::error_code writeText(FileTarget& file, std::uint64_t offset, std::string_view text) {
     return file.write(offset, std::as_bytes(std::span(text)));

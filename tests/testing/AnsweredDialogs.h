@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Dialogs that the test answers, and what they were asked.
+// Dialogs that the test answers, and what they showed.
 #pragma once
 
 #include "util/Dialogs.h"
@@ -42,6 +42,9 @@ class AnsweredDialogs : public Dialogs {
     void message(QWidget* above, const QString& text, const QString& title) override {
         parent = above;
         messages.push_back(title + QStringLiteral(": ") + text);
+        if (onMessage) {
+            onMessage();
+        }
     }
     bool setUpPrinter(QWidget* /*parent*/, QPrinter& printer) override {
         if (printerChosen && onPrinter) {
@@ -56,6 +59,7 @@ class AnsweredDialogs : public Dialogs {
     bool yes = true;                          // the answer to questions
     QString pdf;                              // the name of the next PDF file
     std::function<void(QPrinter&)> onPrinter; // what the user sets
+    std::function<void()> onMessage;          // while the message is shown
     std::vector<Question> asked;              // in order
     QStringList messages;                     // "title: text", in order
     QStringList questions;                    // the same
