@@ -3,9 +3,17 @@
 
 namespace kelvrum {
 
+namespace {
+
+bool isSameRange(const TimeRange& a, const TimeRange& b) {
+    return minuteNumber(a.from) == minuteNumber(b.from) && minuteNumber(a.to) == minuteNumber(b.to);
+}
+
+} // namespace
+
 void RangeHistory::shown(const TimeRange& range) {
     if (!ranges_.empty()) {
-        if (ranges_[current_].from == range.from && ranges_[current_].to == range.to) {
+        if (isSameRange(ranges_[current_], range)) {
             return;
         }
         ranges_.resize(current_ + 1);

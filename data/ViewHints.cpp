@@ -9,7 +9,8 @@ namespace kelvrum {
 std::optional<TimeRange> cutAtNewYear(const TimeRange& range) {
     const int year = calendarTime(range.from).year;
     const bool crosses = range.to > range.from && calendarTime(range.to).year > year;
-    if (!crosses || !isDate(year + 1, 1, 1) || range.to == dateSerial(year + 1, 1, 1)) {
+    if (!crosses || !isDate(year + 1, 1, 1) ||
+        minuteNumber(range.to) == minuteNumber(dateSerial(year + 1, 1, 1))) {
         return std::nullopt;
     }
     // The end counts by its minute of the year: a later one than the start's ends the reading already.

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace kelvrum {
 namespace {
 
@@ -34,6 +36,14 @@ TEST(CutAtNewYear, TellsWhatIsReallyRead) {
             EXPECT_EQ(cut->from, at(row.from));
             EXPECT_NEAR(cut->to, at(row.end), 1e-9) << row.from << " " << row.to;
         }
+    }
+}
+
+/// Ends that were computed in another way may differ in the last bits of their doubles.
+TEST(CutAtNewYear, TheEndCountsByItsMinute) {
+    const DateTime newYear = at("01.01.2021");
+    for (const DateTime end : {newYear, std::nextafter(newYear, 0), std::nextafter(newYear, 1e9)}) {
+        EXPECT_FALSE(cutAtNewYear({at("01.12.2020"), end})) << end - newYear;
     }
 }
 
