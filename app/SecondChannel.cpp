@@ -14,7 +14,7 @@ namespace kelvrum {
 namespace {
 
 /// "Name [unit]"; a semicolon would begin the other caption.
-std::string caption(const ReadoutSeries& series) {
+std::string axisCaption(const ReadoutSeries& series) {
     std::string text = series.name + (series.unit.empty() ? "" : " [" + series.unit + "]");
     std::replace(text.begin(), text.end(), ';', ',');
     return text;
@@ -69,7 +69,7 @@ void SecondChannel::show(const ReadoutSeries& first, const ReadoutSeries& second
     before_ = Look{diagram_.D2(),     diagram_.Y2axe(),     diagram_.Y2Low(),
                    diagram_.Y2High(), diagram_.AchseText(), diagram_.Einheit()};
     const ValueRange range = marginedRange(diagram_.series().y2);
-    put({COLOUR, COLOUR, range.low, range.high, caption(first) + ";" + caption(second), {}});
+    put({COLOUR, COLOUR, range.low, range.high, axisCaption(first) + ";" + axisCaption(second), {}});
 }
 
 void SecondChannel::hide() {
