@@ -68,7 +68,7 @@ void plainMinutes(benchmark::State& state) {
         benchmark::DoNotOptimize(file->read(file->size() - buffer.size(), buffer));
     }
 }
-BENCHMARK(plainMinutes)->Arg(31 * MINUTES_PER_DAY)->Arg(8 * 1024)->Unit(benchmark::kMillisecond);
+BENCHMARK(plainMinutes)->Arg(31LL * MINUTES_PER_DAY)->Arg(8LL * 1024)->Unit(benchmark::kMillisecond);
 
 void lastValue(benchmark::State& state) {
     for (auto _ : state) {
