@@ -5,8 +5,10 @@
 #include "evaluation/EvaluationReading.h"
 #include "tools/bench/BenchStation.h"
 #include "tools/bench/Ratios.h"
+#include "tools/bench/Registers.h"
 #include "tools/bench/Year.h"
 #include "util/Validity.h"
+#include "util/VectorRegisters.h"
 
 #include <algorithm>
 
@@ -38,6 +40,7 @@ void nthElement(benchmark::State& state) {
     const auto values = yearOfMinutes(40, 30);
     std::vector<double> copy(values.size());
     for (auto _ : state) {
+        cleanVectorRegisters();
         std::copy(values.begin(), values.end(), copy.begin());
         std::nth_element(copy.begin(), copy.begin() + static_cast<std::ptrdiff_t>(copy.size() / 2),
                          copy.end());
@@ -52,6 +55,7 @@ void evaluation(benchmark::State& state) {
     const auto reading =
         readingOf(isWind ? yearOfMinutes(200, 150) : yearOfMinutes(40, 30), yearOfMinutes(5, 4));
     for (auto _ : state) {
+        cleanVectorRegisters(); // as each step of a reading leaves them
         benchmark::DoNotOptimize(evaluate(yearOf(kind, 1), reading).availability.evaluated);
     }
 }
@@ -64,11 +68,13 @@ void evaluationOfFile(benchmark::State& state) {
     const auto channel = static_cast<std::int32_t>(state.range(0));
     const auto interval = static_cast<std::int32_t>(state.range(1));
     const EvaluationRequest request = yearOf(evaluatedKind(station().config, channel), interval);
+    const ReadingStep step = [] { return true; };
     for (auto _ : state) {
+        afterPainting(state);
         Evaluator evaluator(request);
-        readIntervals(station().config, {channel, {}, request.range, interval}, openFile,
-                      [&evaluator](std::span<const IntervalReading> intervals) { evaluator.add(intervals); },
-                      {});
+        readIntervals(
+            station().config, {channel, {}, request.range, interval}, openFile,
+            [&evaluator](std::span<const IntervalReading> intervals) { evaluator.add(intervals); }, step);
         benchmark::DoNotOptimize(evaluator.result().availability.evaluated);
     }
 }
