@@ -131,7 +131,8 @@ std::vector<ValueTick> valueTicks(ValueRange range, double length, double minDiv
                                   const LocaleTexts& texts) {
     std::vector<ValueTick> ticks;
     const double height = std::fabs(range.height());
-    const auto divisions = static_cast<int>(std::clamp(length / minDivision, 0.0, 10000.0));
+    const double room = length / minDivision;
+    const int divisions = room > 0 ? static_cast<int>(std::min(room, 10000.0)) : 0; // none if it is NaN
     if (divisions < 1 || !(height > 0) || !std::isfinite(height)) {
         return ticks;
     }
