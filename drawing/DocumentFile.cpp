@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <cerrno>
 
 namespace kelvrum {
 
@@ -68,12 +69,12 @@ bool DocumentFile::open(OpenMode mode) {
             return fail(QStringLiteral("Es gibt keinen Ordner für vorläufige Dateien"));
         }
         if (!temporary_->open()) {
-            return fail(temporary_->errorString());
+            return failBy(*temporary_);
         }
         file_.setFileName(temporary_->fileName());
     }
     return (file_.open(QIODevice::ReadWrite | QIODevice::Truncate | QIODevice::Unbuffered) ||
-            fail(file_.errorString())) &&
+            failBy(file_)) &&
            QIODevice::open(mode | QIODevice::Unbuffered);
 }
 
@@ -107,19 +108,19 @@ bool DocumentFile::flushPiece() {
     }
     const bool written = writeAll(file_, piece_.data(), static_cast<qint64>(piece_.size()));
     piece_.clear();
-    return written || fail(file_.errorString());
+    return written || failBy(file_);
 }
 
 /// What is no file cannot be replaced, only written into.
 bool DocumentFile::copyToDevice() {
     QFile device(target_);
     if (!device.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !file_.seek(0)) {
-        return fail(device.errorString());
+        return failBy(device);
     }
     while (!file_.atEnd()) {
         const QByteArray piece = file_.read(static_cast<qint64>(PIECE));
         if (piece.isEmpty() || !writeAll(device, piece.constData(), piece.size())) {
-            return fail(piece.isEmpty() ? file_.errorString() : device.errorString());
+            return failBy(piece.isEmpty() ? file_ : device);
         }
     }
     return true;
@@ -130,6 +131,11 @@ bool DocumentFile::fail(const QString& reason) {
         reason_ = reason.isEmpty() ? QStringLiteral("unbekannter Fehler") : reason;
     }
     return false;
+}
+
+bool DocumentFile::failBy(const QFileDevice& file) {
+    const std::error_code system(errno, std::generic_category()); // of the call that has just failed
+    return system ? fail(system) : fail(file.errorString());
 }
 
 bool DocumentFile::fail(const std::error_code& error) {

@@ -49,6 +49,7 @@ class DocumentFile : public QIODevice {
   private:
     bool fail(const QString& reason);
     bool fail(const std::error_code& error);
+    bool failBy(const QFileDevice& file);
     bool flushPiece();
     bool copyToDevice();
 
