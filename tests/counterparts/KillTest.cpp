@@ -6,6 +6,7 @@
 #include "tests/counterparts/WriterProcess.h"
 #include "tests/counterparts/WriterTasks.h"
 #include "tests/testing/TempFolder.h"
+#include "util/Numbers.h"
 
 #include <algorithm>
 #include <fstream>
@@ -99,7 +100,7 @@ TEST(Kill, InACorrectionOverTwoYears) {
     YearFiles station;
     layTwoYears(station);
     const auto arguments = [&](double factor) {
-        return std::vector<std::string>{"wind", station.folder.base(), std::to_string(factor)};
+        return std::vector<std::string>{"wind", station.folder.base(), plainNumber(factor)};
     };
     const WriterEnd whole = runWriter(arguments(2));
     ASSERT_TRUE(whole.succeeded) << whole.message;
