@@ -34,7 +34,7 @@ std::vector<std::string> rowsOfAYear() {
         const int day = i / 1440;
         rows.push_back(digits(day % 28 + 1, 2) + '.' + digits(day / 31 + 1, 2) + ".2026 " +
                        digits(i / 60 % 24, 2) + ':' + digits(i % 60, 2) + '|' +
-                       std::to_string(i * 7919 % 99) + ',' + digits(i % 89, 2));
+                       std::to_string(i % 997 * 7919 % 99) + ',' + digits(i % 89, 2));
     }
     return rows;
 }
