@@ -16,6 +16,7 @@ ChannelChoice::ChannelChoice(QWidget* parent)
     setTextElideMode(Qt::ElideMiddle); // names often differ at their end
     connect(this, &QListWidget::currentRowChanged, this, [this] {
         pressChose_ = true;
+        selectCurrent();
         Q_EMIT chosen();
     });
     connect(this, &QListWidget::itemClicked, this, &ChannelChoice::click);
@@ -44,6 +45,20 @@ std::int32_t ChannelChoice::channel() const {
 void ChannelChoice::mousePressEvent(QMouseEvent* event) {
     pressChose_ = false;
     QListWidget::mousePressEvent(event);
+}
+
+/// Called after the press has chosen a row: in the reading that followed, the user may have chosen another
+/// one.
+void ChannelChoice::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {
+    QListWidget::setSelection(rect, command);
+    selectCurrent();
+}
+
+void ChannelChoice::selectCurrent() {
+    const QListWidgetItem* shown = currentItem();
+    if (shown != nullptr && (!shown->isSelected() || selectionModel()->selectedRows().size() > 1)) {
+        selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
+    }
 }
 
 void ChannelChoice::keepSelection() {

@@ -4,6 +4,7 @@
 
 #include "config/ChannelList.h"
 
+#include <QItemSelectionModel>
 #include <QListWidget>
 #include <cstdint>
 #include <vector>
@@ -29,8 +30,10 @@ class ChannelChoice : public QListWidget {
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
 
   private:
+    void selectCurrent();
     void keepSelection();
     void followSelection();
     void click(QListWidgetItem* item);

@@ -135,6 +135,25 @@ class f_overtaken_test : public QObject {
         QCOMPARE(fixture.the<PolarSys>("KS").XLow(), fixture.window->range().from);
     }
 
+    /// The list of channels marks what the window shows, also when a click came while another one was read.
+    void theNewestClickIsMarked() {
+        WindowFixture fixture;
+        auto& list = fixture.the<QListWidget>("selChan");
+        bool clicked = false;
+        fixture.files.onRead = [&] {
+            if (!clicked) {
+                clicked = true;
+                QTimer::singleShot(0, fixture.window.get(), [&] { fixture.chooseChannel(DUST_ROW); });
+            }
+        };
+        fixture.chooseChannel(1);
+        fixture.files.onRead = nullptr;
+        QCoreApplication::processEvents();
+        QCOMPARE(list.currentRow(), DUST_ROW);
+        QCOMPARE(list.selectedItems(), QList<QListWidgetItem*>{list.item(DUST_ROW)});
+        QVERIFY(fixture.the<PolarSys>("KS").HeadLine().find("Staub") != std::string::npos);
+    }
+
     /// A request that comes while a load runs returns at once, and the load starts over for all of them.
     void requestsMeanwhileBecomeOneMoreLoad() {
         WindowFixture fixture;
