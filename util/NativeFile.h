@@ -13,6 +13,7 @@ namespace kelvrum {
 class NativeFile {
   public:
     enum class Open {
+        reading,       // to read only; fails when it is no ordinary file
         existing,      // to read and to write; fails when there is none
         createMissing, // the same, and creates the file when there is none
         createNew,     // fails when there is one, a link too
@@ -25,6 +26,13 @@ class NativeFile {
 
     /// A created file is readable only by its owner when `isPrivate`, else as the system's defaults say.
     [[nodiscard]] std::error_code open(const std::filesystem::path& path, Open how, bool isPrivate = false);
+
+    /// The length in bytes; 0 when it is unknown.
+    [[nodiscard]] std::uint64_t size() const;
+
+    /// Reads from an offset on and returns the number of bytes read; fewer than requested only at the end of
+    /// the file or after an error.
+    [[nodiscard]] std::size_t read(std::uint64_t offset, std::span<std::byte> into);
 
     /// Writes all bytes from an offset on. After an error some of them may have been written.
     [[nodiscard]] std::error_code write(std::uint64_t offset, std::span<const std::byte> bytes);
