@@ -35,7 +35,7 @@ QString noProgramFolder(const QString& folder) {
 
 f::f(Environment environment)
     : environment_(std::move(environment))
-    , reader_(environment_.open)
+    , reader_(openAndAnswer())
     , loader_([this](const ReadingStep& step) { loadView(step); }, [] { QCoreApplication::processEvents(); })
     , menu_(*this)
     , client_(new QWidget(this)) {

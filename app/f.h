@@ -111,6 +111,7 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     bool diagramKey(const QKeyEvent& key);
 
     // --- f_load.cpp: loading ---
+    [[nodiscard]] FileOpener openAndAnswer();
     void loadView(const ReadingStep& step);
     bool FillListVarn(const TimeRange& shown, const ReadingStep& step);
     bool readViews(const ReadRequest& request, const ReadingStep& step);

@@ -47,7 +47,7 @@ void f::markMonth() {
         QCoreApplication::processEvents();
         return isNewest(requests) && wantedMonth_.number == wanted.number;
     };
-    const auto coverage = readCoverage(station, channel, wanted.year, wanted.month, environment_.open, step);
+    const auto coverage = readCoverage(station, channel, wanted.year, wanted.month, openAndAnswer(), step);
     if (!coverage || wanted.calendar == nullptr) {
         return;
     }

@@ -61,7 +61,7 @@ void f::openEvaluation() {
                       limitFrom(boxes.second, limits_->areLimitsShown())};
     request.now = environment_.now();
     const auto read = [this, &shown](const auto& consume, const ReadingStep& step) {
-        return readIntervals(station_, shown, environment_.open, consume, step);
+        return readIntervals(station_, shown, openAndAnswer(), consume, step);
     };
     const auto print = [this](const EvaluationText& text, QWidget& window) { printEvaluation(text, window); };
     EvaluationWindow window({request,

@@ -17,6 +17,7 @@
 #include "util/BusyPointer.h"
 #include "util/Validity.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <algorithm>
 #include <array>
@@ -51,6 +52,16 @@ class KeptPicture {
 };
 
 } // namespace
+
+/// Opens the files of a reading. On a slow share that alone takes long, so events run after it; the reading
+/// takes notice of them in its next step.
+FileOpener f::openAndAnswer() {
+    return [this](std::string_view path) {
+        auto file = environment_.open(path);
+        QCoreApplication::processEvents();
+        return file;
+    };
+}
 
 void f::LoadData() { loader_.load(); }
 

@@ -90,7 +90,7 @@ void f::jumpTo(StoredEnd end) {
             QCoreApplication::processEvents();
             return isNewest(requests);
         };
-        const auto found = findStored(station, selChan->channel(), end, environment_.open, step);
+        const auto found = findStored(station, selChan->channel(), end, openAndAnswer(), step);
         if (!found || !found->time) {
             return;
         }
@@ -132,9 +132,12 @@ void f::lookUpHint() {
     };
     ViewFacts facts = facts_;
     facts.hasFile = hasFile(station, channel);
+    if (!step()) {
+        return;
+    }
     const bool isCut = !facts.dayFiles && cutAtNewYear(facts.range);
     if (facts.hasFile && !isCut) {
-        const auto last = findStored(station, channel, StoredEnd::last, environment_.open, step);
+        const auto last = findStored(station, channel, StoredEnd::last, openAndAnswer(), step);
         if (!last) {
             return;
         }

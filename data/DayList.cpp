@@ -138,7 +138,11 @@ std::optional<DayRows> readDayRows(const StationConfig& station, const TimeRange
     const std::int64_t lastMinute = minuteNumber(range.to);
     const std::string first = dayName(range.from);
     const std::string last = dayName(range.to);
-    for (const auto& [date, names] : byDate(filesIn(folder.empty() ? "." : folder))) {
+    const auto days = byDate(filesIn(folder.empty() ? "." : folder));
+    if (step && !step()) { // listing the folder may have taken long
+        return std::nullopt;
+    }
+    for (const auto& [date, names] : days) {
         const auto day = parseDateTime(date.substr(0, 4) + "-" + date.substr(4, 2) + "-" + date.substr(6));
         if (date < first || date > last || !day) {
             continue;

@@ -56,6 +56,9 @@ std::optional<StoredTime> findInYears(const StationConfig& station, std::int32_t
         std::reverse(years.begin(), years.end());
     }
     for (const int year : years) {
+        if (step && !step()) { // listing the folder may have taken long
+            return std::nullopt;
+        }
         bool givenUp = false;
         try {
             ChannelMinutes minutes(station, channel, year, open);
