@@ -12,8 +12,9 @@ TEST_PACKAGES="clang libclang-rt-dev lld llvm clang-format clang-tidy shellcheck
     imagemagick cups cups-client cups-filters poppler-utils locales tzdata"
 # To build the installation package, to check it and to install it into a fresh root.
 PACKAGING_PACKAGES="dpkg-dev file lintian desktop-file-utils appstream man-db mmdebstrap xvfb xdotool x11-utils"
-# To check the program against real counterparts: the buses of screen readers.
-COUNTERPART_PACKAGES="xvfb xdotool dbus libglib2.0-bin at-spi2-core python3-gi gir1.2-atspi-2.0"
+# To check the program against real counterparts: a screen reader's bus, a print scheduler, desktops on X and Wayland.
+COUNTERPART_PACKAGES="xvfb xdotool imagemagick dbus libglib2.0-bin at-spi2-core python3-gi gir1.2-atspi-2.0 gir1.2-gtk-3.0
+    hicolor-icon-theme cups cups-client openbox xclip sway wtype wl-clipboard qt6-wayland"
 # To renew the table of letters in capitals and small (tools/casefolding.sh).
 TABLE_PACKAGES="unicode-data"
 # Qt's own texts in German; optional, as not every distribution has this package.
