@@ -142,7 +142,8 @@ bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
 
 /// The raw records of a binary station's day files, one row for each; false when the reading was given up.
 bool f::FillListVarn(const TimeRange& shown, const ReadingStep& step) {
-    auto rows = reader_.readDayList(station_, shown, step);
+    // The rows fetch their values when they are painted: no events may run then.
+    auto rows = DataReader(environment_.open).readDayList(station_, shown, step);
     if (!rows) {
         return false;
     }

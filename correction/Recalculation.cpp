@@ -59,7 +59,6 @@ class YearRecalculation {
         const CorrectedChannels channels = channelsOf(correction.mode);
         for (const std::int32_t channel : channels.sources) {
             sources_.push_back(files.openSource(channelPath(station, channel, {}, range.year)));
-            pause();
         }
         targetPath_ = channelPath(station, channels.target, {}, range.year);
     }
@@ -77,13 +76,11 @@ class YearRecalculation {
             const std::int64_t offset = range_.first + done * static_cast<std::int64_t>(chn::VALUE_SIZE);
             const std::size_t got =
                 compute(std::span(results).first(n), values, static_cast<std::uint64_t>(offset));
-            pause();
             if (got == 0) {
                 break; // a source has become shorter in the meantime
             }
             if (!target.file) { // not before there is a value to write
                 target = files_.openTarget(targetPath_);
-                pause();
                 if (!target.file) {
                     return failure(target.error);
                 }
@@ -96,18 +93,11 @@ class YearRecalculation {
                 break; // so has one here
             }
             done += static_cast<std::int64_t>(n);
-            pause();
         }
         return std::nullopt;
     }
 
   private:
-    void pause() const {
-        if (files_.afterPiece) {
-            files_.afterPiece();
-        }
-    }
-
     /// The number of values: up to the end of the range, but only whole values that every source has.
     [[nodiscard]] std::int64_t values() const {
         const auto size = static_cast<std::int64_t>(chn::VALUE_SIZE);

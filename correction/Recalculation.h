@@ -30,12 +30,11 @@ struct Correction {
     double factor = 0;
 };
 
-/// How files are reached, and what runs in between.
+/// How files are reached, and what runs after each year.
 struct CorrectionFiles {
     FileOpener openSource = openFile;
     TargetOpener openTarget = kelvrum::openTarget;
     std::function<void()> afterYear;
-    std::function<void()> afterPiece = {}; // read or written, and after each file is opened
 };
 
 /// Rewrites the values of the range in the target channel's yearly files, in place and in large pieces;

@@ -86,7 +86,7 @@ void fChange::calculate() {
     const double factor = factorOf(Text1->text().toStdString());
     owner_.lastFactor = factor;
     CorrectionFiles files;
-    files.afterPiece = [] { QCoreApplication::processEvents(); };
+    files.afterYear = [] { QCoreApplication::processEvents(); };
     std::optional<std::string> failure;
     {
         const BusyPointer busy;

@@ -149,6 +149,9 @@ std::optional<DayRows> readDayRows(const StationConfig& station, const TimeRange
         }
         for (const std::string& name : filesOfDay(folder, names, *day, open)) {
             const auto file = open(folder + name);
+            if (step && !step()) {
+                return std::nullopt;
+            }
             if (!file) {
                 continue;
             }

@@ -182,9 +182,9 @@ class f_slowshare_check : public QObject {
                   << work.count() << " ms of work\n";
     }
 
-    static void compareAnswers(const Watch& watch) {
+    static void compareAnswers(const Watch& watch, long most = MOST_CALLS) {
         show(QTest::currentTestFunction(), watch);
-        QVERIFY2(watch.inARow <= MOST_CALLS, qPrintable(QString::number(watch.inARow)));
+        QVERIFY2(watch.inARow <= most, qPrintable(QString::number(watch.inARow)));
         QVERIFY(watch.longest <= LONGEST_WORK);
     }
 
@@ -240,7 +240,8 @@ class f_slowshare_check : public QObject {
         }
         QVERIFY2(watch.highest - watch.deepest < FEW_CALLS,
                  qPrintable(QString::number(watch.highest - watch.deepest)));
-        compareAnswers(watch);
+        constexpr long PAINTED_ROWS = 5; // opening a file and reading its values to the end
+        compareAnswers(watch, wholeRows > 0 ? PAINTED_ROWS : MOST_CALLS);
         QCOMPARE(fixture.dialogs->messages, QStringList());
         fixture.window->LoadData(); // the share is well again
         QVERIFY(shownSeries(fixture) == whole);
@@ -385,7 +386,8 @@ class f_slowshare_check : public QObject {
                 });
             compareCalm(fixture);
         }
-        compareAnswers(watch);
+        constexpr long YEAR_OF_CALLS = 24;
+        compareAnswers(watch, YEAR_OF_CALLS); // its dialog takes no input, and events run after each year
     }
 };
 
