@@ -51,6 +51,12 @@ DayMark MarkedCalendar::markOf(const QDate& day) const {
     return found == marks_.end() ? DayMark::none : found->second.mark;
 }
 
+QSize MarkedCalendar::minimumSizeHint() const {
+    constexpr int ROWS = 7;              // the names of the weekdays and six weeks
+    constexpr int ROOM = 2 * (SIZE - 1); // in each row, as much above its text as below
+    return QCalendarWidget::minimumSizeHint() + QSize(0, ROWS * ROOM);
+}
+
 void MarkedCalendar::paintCell(QPainter* painter, const QRect& place, QDate date) const {
     QCalendarWidget::paintCell(painter, place, date);
     const DayMark mark = markOf(date);

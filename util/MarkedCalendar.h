@@ -30,6 +30,9 @@ class MarkedCalendar : public QCalendarWidget {
     void setMarks(const std::map<QDate, Mark>& marks);
     [[nodiscard]] DayMark markOf(const QDate& day) const;
 
+    /// The toolkit's, with room for the marks below the days.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
   Q_SIGNALS:
     /// A month has come into view, without marks yet.
     void monthOpened(int year, int month);
