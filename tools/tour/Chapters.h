@@ -14,6 +14,9 @@ void showViews(const SampleFolder& station, const QString& pictures);
 /// The scale, the limits, every kind of diagram and the menu of kinds.
 void showDiagrams(const SampleFolder& station, const QString& pictures);
 
+/// The readout, the calendar with its marks, two channels.
+void showReading(const SampleFolder& station, const QString& pictures);
+
 /// Project selection, correction factor, evaluation, batch print.
 void showDialogs(const SampleFolder& station, const QString& pictures);
 

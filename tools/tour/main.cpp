@@ -39,7 +39,7 @@ int main(int argc, char* argv[]) {
     const QString pictures = QDir(QString::fromLocal8Bit(argv[1])).absolutePath();
     try {
         const SampleFolder station;
-        for (const auto show : {showViews, showDiagrams, showDialogs, showPage}) {
+        for (const auto show : {showViews, showDiagrams, showReading, showDialogs, showPage}) {
             show(station, pictures);
         }
     } catch (const std::exception& error) {
