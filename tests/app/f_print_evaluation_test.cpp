@@ -4,6 +4,7 @@
 #include "tests/app/WindowFixture.h"
 #include "tests/testing/PrintTest.h"
 #include "tests/testing/PrintedDocument.h"
+#include "tests/testing/SystemReason.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -203,9 +204,10 @@ class f_print_evaluation_test : public PrintTest {
             QVERIFY(window.isVisible() && window.isEnabled());
         });
         QCOMPARE(fixture.dialogs->proposedFiles, QStringList(3, file));
-        QCOMPARE(fixture.dialogs->messages,
-                 QStringList{QStringLiteral("Drucken: Die Datei „/dev/full“ konnte nicht geschrieben werden: "
-                                            "No space left on device.")});
+        QCOMPARE(
+            fixture.dialogs->messages,
+            QStringList{QStringLiteral("Drucken: Die Datei „/dev/full“ konnte nicht geschrieben werden: %1.")
+                            .arg(systemReason(std::errc::no_space_on_device))});
         QCOMPARE(cups().allJobs(), jobs);
     }
 

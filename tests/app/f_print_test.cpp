@@ -5,6 +5,7 @@
 #include "tests/app/WindowFixture.h"
 #include "tests/testing/PrintTest.h"
 #include "tests/testing/PrintedDocument.h"
+#include "tests/testing/SystemReason.h"
 
 #include <QAction>
 #include <QApplication>
@@ -212,9 +213,10 @@ class f_print_test : public PrintTest {
         QCOMPARE(printedPages(proposed).size(), 1U);
         fixture.dialogs->pdf = QStringLiteral("/dev/full");
         fixture.trigger("menPrint");
-        QCOMPARE(fixture.dialogs->messages,
-                 QStringList{QStringLiteral("Drucken: Die Datei „/dev/full“ konnte nicht geschrieben werden: "
-                                            "No space left on device.")});
+        QCOMPARE(
+            fixture.dialogs->messages,
+            QStringList{QStringLiteral("Drucken: Die Datei „/dev/full“ konnte nicht geschrieben werden: %1.")
+                            .arg(systemReason(std::errc::no_space_on_device))});
         cups().start();
         QCOMPARE(documents().size(), 0U);
     }

@@ -2,6 +2,7 @@
 // What becomes of a print job: whole or not at all, on a queue that takes it, refuses it, is stopped, dies or
 // does not answer, and as a PDF file.
 #include "tests/diagram/PrintedDiagram.h"
+#include "tests/testing/SystemReason.h"
 
 #include <QDir>
 #include <QFile>
@@ -24,6 +25,7 @@ namespace {
 using kelvrum::testing::PrintedDiagram;
 using kelvrum::testing::printedPages;
 using kelvrum::testing::PrivateCups;
+using kelvrum::testing::systemReason;
 
 using Queue = PrivateCups::Queue;
 using Stage = PrintProgress::Stage;
@@ -62,9 +64,6 @@ void chooseFile(PrintJob& job, const QString& path) {
         return true;
     });
 }
-
-/// As the system says it in the user's language.
-QString textOf(std::errc reason) { return QString::fromLocal8Bit(std::make_error_code(reason).message()); }
 
 } // namespace
 
@@ -379,9 +378,8 @@ class PrintFateTest : public testing::PrintTest {
         PrintedDiagram diagram;
         chooseFile(diagram.job, path);
         diagram.print(false);
-        QCOMPARE(
-            failure(diagram.job),
-            QStringLiteral("Die Datei „%1“ konnte nicht geschrieben werden: %2.").arg(path, textOf(reason)));
+        QCOMPARE(failure(diagram.job), QStringLiteral("Die Datei „%1“ konnte nicht geschrieben werden: %2.")
+                                           .arg(path, systemReason(reason)));
         QVERIFY(!diagram.job.isOpen());
         QVERIFY(QFileInfo::exists(QStringLiteral("/dev/full")));
     }
@@ -400,7 +398,7 @@ class PrintFateTest : public testing::PrintTest {
         setrlimit(RLIMIT_FSIZE, &before);
         std::signal(SIGXFSZ, handler);
         QVERIFY2(said.endsWith(QStringLiteral("konnte nicht geschrieben werden: %1.")
-                                   .arg(textOf(std::errc::file_too_large))),
+                                   .arg(systemReason(std::errc::file_too_large))),
                  qPrintable(said));
         QCOMPARE(newJobs(), std::size_t(0));
 #endif
