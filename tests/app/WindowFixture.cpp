@@ -5,6 +5,7 @@
 #include <QLocale>
 #include <QSignalBlocker>
 #include <QTimeEdit>
+#include <QTimeZone>
 #include <cmath>
 #include <utility>
 
@@ -79,8 +80,9 @@ MadeStation madeStation() {
 }
 
 QDateTime pickedTime(const QString& text) {
-    return {QDate::fromString(text.left(10), QStringLiteral("dd.MM.yyyy")),
-            QTime::fromString(text.mid(11), QStringLiteral("HH:mm")), Qt::UTC};
+    return QDateTime(QDate::fromString(text.left(10), QStringLiteral("dd.MM.yyyy")),
+                     QTime::fromString(text.mid(11), QStringLiteral("HH:mm")), QTimeZone::utc())
+        .toUTC();
 }
 
 WindowFixture::WindowFixture(const MadeStation& station)
