@@ -58,6 +58,10 @@ void WindowDriver::type(const QString& field, const QString& text) const {
 }
 
 void WindowDriver::typePicker(const char* picker, const QString& text) const {
+    if (!window_.isActiveWindow()) { // a dialog has just been closed
+        window_.activateWindow();
+        (void)QTest::qWaitForWindowActive(&window_);
+    }
     auto& field = the<QDateTimeEdit>(picker);
     field.clearFocus();
     field.setFocus(Qt::TabFocusReason);
