@@ -158,7 +158,7 @@ class form1_test : public QObject {
         Fixture fixture(folder);
         fixture.window->readDirs();
         const int narrow = fixture.window->width();
-        layProject(folder, "B", "Deponie Großbeuchow-Süd, Meßstation an der Zufahrt");
+        layProject(folder, "B", "Deponie Großbeuchow-Süd, Meßstation an der Zufahrt zum Sickerwasserbecken");
         fixture.window->readDirs();
         const int wide = fixture.window->width();
         layProject(folder, "C", std::string(300, 'W'));

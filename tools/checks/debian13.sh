@@ -35,7 +35,7 @@ git ls-files -z | tar --create --file="$scratch/tree.tar" --null --files-from=-
 [ $# -gt 0 ] || set -- ./run.sh ./test.sh
 {
     echo "set -eux"
-    echo "cd /root/kelvrum"
+    echo "cd /srv/kelvrum"
     printf '%s\n' "$@"
 } >"$scratch/commands"
 
@@ -44,8 +44,8 @@ began=$(date +%s)
 $maker env -u DISPLAY -u WAYLAND_DISPLAY mmdebstrap --quiet --variant=apt --format=null --dpkgopt=force-unsafe-io \
     --aptopt='APT::Install-Recommends "0"' \
     --aptopt='Acquire::Retries "3"' \
-    --customize-hook='mkdir -p "$1/root/kelvrum"' \
-    --customize-hook="tar --extract --file='$scratch/tree.tar' --directory=\"\$1/root/kelvrum\"" \
+    --customize-hook='mkdir -p "$1/srv/kelvrum"' \
+    --customize-hook="tar --extract --file='$scratch/tree.tar' --directory=\"\$1/srv/kelvrum\"" \
     --customize-hook="chroot \"\$1\" env HOME=/root sh -s <'$scratch/commands'" \
     "$SUITE" /dev/null "deb $mirror $SUITE main"
 echo "On Debian 13, all well after $(($(date +%s) - began)) s: $*"
