@@ -98,7 +98,7 @@ class f_print_batch_test : public PrintTest {
         QVERIFY(QGuiApplication::overrideCursor() == nullptr);
     }
 
-    /// All pages of a batch are one file, whose name is asked for each time.
+    /// All pages of a batch are one file. Each batch asks the user for its name.
     void theBatchIntoAFile() {
         const TempFolder folder;
         const WindowFixture fixture(batchStation());
