@@ -163,7 +163,8 @@ Message sendOnce(http_t* http, const QueueJob& job, std::ifstream& file, std::ui
         progress.sent = static_cast<double>(sent) / static_cast<double>(size);
         ++progress.changes;
     }
-    if (progress.withdrawn || status == HTTP_STATUS_ERROR) {
+    // A queue that has the whole document makes a job of it, which is then cancelled.
+    if ((progress.withdrawn && sent < size) || status == HTTP_STATUS_ERROR) {
         return {};
     }
     return Message(cupsGetResponse(http, resource.c_str()));
@@ -257,14 +258,13 @@ std::optional<QueueAnswer> fateNow(http_t* http, const std::string& queue, int n
 QueueAnswer awaitFate(http_t* http, const std::string& queue, int number, TalkProgress& progress) {
     const auto end = Clock::now() + PRINT_PATIENCE;
     while (true) {
+        if (progress.withdrawn && cupsCancelJob2(http, queue.c_str(), number, 0) == IPP_STATUS_OK) {
+            return {Fate::withdrawn, number, {}};
+        }
         if (auto fate = fateNow(http, queue, number)) {
             return *fate;
         }
         ++progress.changes;
-        if (progress.withdrawn) {
-            cupsCancelJob2(http, queue.c_str(), number, 0);
-            return {Fate::withdrawn, number, {}};
-        }
         if (Clock::now() > end) {
             return {Fate::accepted, number, {}};
         }

@@ -2,7 +2,10 @@
 // What becomes of a print job: whole or not at all, on a queue that takes it, refuses it, is stopped, dies or
 // does not answer, and as a PDF file.
 #include "tests/diagram/PrintedDiagram.h"
+#include "tests/testing/FileSizeLimit.h"
+#include "tests/testing/OrdinaryUser.h"
 #include "tests/testing/SystemReason.h"
+#include "tests/testing/TempFolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,22 +13,24 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <exception>
+#include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <system_error>
-
-#ifdef __linux__
-#include <csignal>
-#include <sys/resource.h>
-#endif
 
 namespace kelvrum {
 namespace {
 
+using kelvrum::testing::addNumberPages;
+using kelvrum::testing::FileSizeLimit;
+using kelvrum::testing::MANY_PAGES;
+using kelvrum::testing::OrdinaryUser;
 using kelvrum::testing::PrintedDiagram;
 using kelvrum::testing::printedPages;
 using kelvrum::testing::PrivateCups;
 using kelvrum::testing::systemReason;
+using kelvrum::testing::TempFolder;
 
 using Queue = PrivateCups::Queue;
 using Stage = PrintProgress::Stage;
@@ -34,7 +39,7 @@ constexpr const char* UNREACHABLE =
     "Der Drucker ist nicht erreichbar. Bitte prüfen Sie, ob er eingeschaltet und eingerichtet ist.";
 constexpr const char* NO_ANSWER =
     "Das Drucksystem antwortet nicht. Bitte versuchen Sie es später noch einmal.";
-constexpr std::size_t MANY_PAGES = 1000; // more than the system keeps for a socket
+enum Failing { THE_FILE, THE_FOLDER, THE_ROOM }; // what a new file fails for
 const QString WORDS = QStringLiteral("Papier wird gewechselt");
 
 /// What the end of a job says; nothing when all is well.
@@ -144,12 +149,7 @@ class PrintFateTest : public testing::PrintTest {
     /// Killed when it has a part of the document.
     void aSchedulerKilledWhileItReceivesPrintsNothing() {
         PrintedDiagram diagram;
-        diagram.job.addPages(MANY_PAGES, QPageLayout::Portrait, [](std::size_t page, Surface& surface) {
-            for (int line = 0; line < 40; ++line) {
-                surface.text({0, 100 * line},
-                             std::to_string(page * 7919 % 10007 + static_cast<std::size_t>(line) * 104729));
-            }
-        });
+        addNumberPages(diagram.job, MANY_PAGES);
         bool partly = false;
         diagram.job.setStep([&](const PrintProgress& progress) {
             if (progress.stage == Stage::making && progress.done == progress.total) {
@@ -230,43 +230,14 @@ class PrintFateTest : public testing::PrintTest {
         QCOMPARE(cups().allJobs(), known + 1);
     }
 
-    /// The user may cancel a job that the queue has already accepted.
-    void aJobIsWithdrawnFromTheQueue() {
-        cups().start(Queue::ENDLESS);
-        const std::size_t known = cups().allJobs();
+    /// A print system that keeps no list of what it has printed.
+    void aJobThatHasLeftTheListCountsAsPrinted() {
+        cups().start(Queue::FORGETS);
         PrintedDiagram diagram;
         diagram.print(false);
-        diagram.job.setStep([&](const PrintProgress& progress) {
-            return progress.stage != Stage::sending || cups().openJobs() == 0;
-        });
-        QVERIFY_THROWS_EXCEPTION(PrintCancelled, diagram.job.end());
-        QCOMPARE(cups().allJobs(), known + 1);
-        QTRY_COMPARE(cups().openJobs(), std::size_t(0));
-    }
-
-    // --- cancelling ---
-
-    void aCancelledJobLeavesNothing_data() {
-        QTest::addColumn<int>("stage");
-        QTest::addColumn<bool>("hanging");
-        QTest::newRow("while pages are made") << int(Stage::making) << false;
-        QTest::newRow("while it is sent") << int(Stage::sending) << true;
-    }
-    void aCancelledJobLeavesNothing() {
-        QFETCH(int, stage);
-        QFETCH(bool, hanging);
-        PrintedDiagram diagram;
-        diagram.print(false);
-        diagram.print(false);
-        if (hanging) {
-            cups().hang();
-        }
-        diagram.job.setStep([stage](const PrintProgress& progress) { return int(progress.stage) != stage; });
-        QVERIFY_THROWS_EXCEPTION(PrintCancelled, diagram.job.end());
-        QVERIFY(!diagram.job.isOpen());
-        diagram.job.setStep({});
-        cups().start();
-        QCOMPARE(newJobs(), std::size_t(0));
+        QCOMPARE(failure(diagram.job), QString());
+        QCOMPARE(diagram.job.receipt().pages, std::size_t(1));
+        QCOMPARE(cups().allJobs(), std::size_t(0));
     }
 
     // --- the options of the job ---
@@ -364,6 +335,46 @@ class PrintFateTest : public testing::PrintTest {
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("Bericht.pdf")});
     }
 
+    void theOldFileStaysWhenTheNewOneFails_data() {
+        QTest::addColumn<int>("failing");
+        QTest::addColumn<std::errc>("reason");
+        QTest::newRow("the file is write-protected") << int(THE_FILE) << std::errc::permission_denied;
+        QTest::newRow("the folder is write-protected") << int(THE_FOLDER) << std::errc::permission_denied;
+        QTest::newRow("the disk is full") << int(THE_ROOM) << std::errc::file_too_large;
+    }
+    void theOldFileStaysWhenTheNewOneFails() {
+#ifdef KELVRUM_HAS_LIMITS
+        QFETCH(int, failing);
+        QFETCH(std::errc, reason);
+        QVERIFY(QFile::setPermissions(scratch_.path(), QFile::Permissions(0x7777)));
+        const OrdinaryUser user;
+        const TempFolder folder;
+        const std::string path = folder.write("Bericht.pdf", "the report of last year");
+        PrintedDiagram diagram;
+        chooseFile(diagram.job, QString::fromStdString(path));
+        diagram.print(false);
+        const auto protect = [](const std::filesystem::path& what, std::filesystem::perm_options how) {
+            std::filesystem::permissions(what, std::filesystem::perms::owner_write, how);
+        };
+        const std::filesystem::path what =
+            failing == THE_FOLDER ? folder.path() : std::filesystem::path(path);
+        std::optional<FileSizeLimit> limit;
+        if (failing == THE_ROOM) {
+            limit.emplace(1000);
+        } else {
+            protect(what, std::filesystem::perm_options::remove);
+        }
+        const QString said = failure(diagram.job);
+        limit.reset();
+        protect(what, std::filesystem::perm_options::add);
+        QCOMPARE(said, QStringLiteral("Die Datei „%1“ konnte nicht geschrieben werden: %2.")
+                           .arg(QString::fromStdString(path), systemReason(reason)));
+        QCOMPARE(contentOf(QString::fromStdString(path)), QByteArray("the report of last year"));
+        QCOMPARE(QDir(QString::fromStdString(folder.at(""))).entryList(QDir::Files),
+                 QStringList{QStringLiteral("Bericht.pdf")});
+#endif
+    }
+
     void whatCannotBeWrittenIsSaid_data() {
         QTest::addColumn<QString>("path");
         QTest::addColumn<std::errc>("reason");
@@ -386,17 +397,12 @@ class PrintFateTest : public testing::PrintTest {
 
     /// The document of a queue has no room either.
     void noRoomForTheDocumentIsSaid() {
-#ifdef __linux__
+#ifdef KELVRUM_HAS_LIMITS
         PrintedDiagram diagram;
         diagram.print(false);
-        rlimit before{};
-        getrlimit(RLIMIT_FSIZE, &before);
-        const rlimit small{1000, before.rlim_max};
-        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-        setrlimit(RLIMIT_FSIZE, &small);
+        std::optional<FileSizeLimit> limit(1000);
         const QString said = failure(diagram.job);
-        setrlimit(RLIMIT_FSIZE, &before);
-        std::signal(SIGXFSZ, handler);
+        limit.reset();
         QVERIFY2(said.endsWith(QStringLiteral("konnte nicht geschrieben werden: %1.")
                                    .arg(systemReason(std::errc::file_too_large))),
                  qPrintable(said));

@@ -10,6 +10,8 @@
 #include "tests/testing/PrintedDocument.h"
 
 #include <QTest>
+#include <cstddef>
+#include <string>
 #include <vector>
 
 namespace kelvrum::testing {
@@ -47,5 +49,17 @@ struct PrintedDiagram {
 
     void print(bool finish) { control.PrintDiag(finish); }
 };
+
+inline constexpr std::size_t MANY_PAGES = 1000; // more than the system keeps for a socket
+
+/// Pages of more than a kilobyte each.
+inline void addNumberPages(PrintJob& job, std::size_t count) {
+    job.addPages(count, QPageLayout::Portrait, [](std::size_t page, Surface& surface) {
+        for (int line = 0; line < 40; ++line) {
+            surface.text({0, 100 * line},
+                         std::to_string(page * 7919 % 10007 + static_cast<std::size_t>(line) * 104729));
+        }
+    });
+}
 
 } // namespace kelvrum::testing

@@ -51,8 +51,8 @@ constexpr const char* CUPSD_CONF = R"(Listen %1/socket
 Browsing Off
 WebInterface No
 DefaultAuthType None
-PreserveJobHistory Yes
-PreserveJobFiles Yes
+PreserveJobHistory %2
+PreserveJobFiles %2
 MaxJobs 0
 DirtyCleanInterval 0
 LogLevel info
@@ -102,6 +102,7 @@ const QueueNames& namesOf(PrivateCups::Queue queue) {
         {"Dauerdrucker", "endless", "endless://device"},
         {"Fehldrucker", "failing", "failing://device"},
         {"Filterdrucker", "filter"},
+        {"Kurzdrucker", "forgets"},
     };
     return NAMES[static_cast<std::size_t>(queue)];
 }
@@ -200,7 +201,7 @@ PrivateCups::PrivateCups() {
         folder.mkpath(QString::fromLatin1(name));
     }
     for (const Queue queue : {Queue::DEFAULT, Queue::OTHER, Queue::NONE, Queue::BORDERS, Queue::ENDLESS,
-                              Queue::FAILING, Queue::FILTER}) {
+                              Queue::FAILING, Queue::FILTER, Queue::FORGETS}) {
         for (const char* name : {"/cache", "/spool"}) {
             folder.mkpath(QString::fromLatin1(namesOf(queue).folder) + QString::fromLatin1(name));
         }
@@ -235,7 +236,8 @@ void PrivateCups::writeConfiguration() const {
         files += QStringLiteral("ServerBin %1/programs\n").arg(folder);
     }
     write(path(QStringLiteral("cups-files.conf")), files);
-    write(path(QStringLiteral("cupsd.conf")), QString::fromLatin1(CUPSD_CONF).arg(folder));
+    const QString keeps = queue_ == Queue::FORGETS ? QStringLiteral("No") : QStringLiteral("Yes");
+    write(path(QStringLiteral("cupsd.conf")), QString::fromLatin1(CUPSD_CONF).arg(folder, keeps));
     write(path(QStringLiteral("printers.conf")),
           printer.isEmpty() ? QString() : QString::fromLatin1(PRINTERS_CONF).arg(printer, device));
     const QString borders = path(QStringLiteral("ppd/Randdrucker.ppd"));
@@ -278,6 +280,8 @@ void PrivateCups::cancelJobs() const {
 }
 
 void PrivateCups::freeze() const { ::kill(static_cast<pid_t>(scheduler_.processId()), SIGSTOP); }
+
+void PrivateCups::thaw() const { ::kill(static_cast<pid_t>(scheduler_.processId()), SIGCONT); }
 
 void PrivateCups::hang() {
     kill();

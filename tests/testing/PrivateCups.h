@@ -30,6 +30,7 @@ class PrivateCups {
         ENDLESS, // there is one printer, "Dauerdrucker", which prints each job until it is cancelled
         FAILING, // there is one printer, "Fehldrucker", which aborts each job
         FILTER,  // there is one printer, "Filterdrucker", which goes on when it cannot read a job
+        FORGETS, // there is one printer, "Kurzdrucker", whose scheduler drops each job that has ended
     };
 
     /// Whether the scheduler and the readers of its documents are installed.
@@ -63,8 +64,9 @@ class PrivateCups {
     void cancelJobs() const;
 
     /// From now on the scheduler does nothing, but the system still accepts calls for it and takes a part of
-    /// what is sent. Kill it before anything else.
+    /// what is sent. Kill it or let it go on before anything else.
     void freeze() const;
+    void thaw() const;
 
     /// Ends the scheduler; in its place there is a socket from now on which takes calls and never answers.
     void hang();
