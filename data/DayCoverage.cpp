@@ -37,7 +37,7 @@ bool countYearFile(const StationConfig& station, std::int32_t channel, const Fil
     const std::int64_t end =
         std::min(first + std::int64_t{daysOf(result.year, result.month)} * MINUTES_PER_DAY, minutes.count());
     for (std::int64_t at = first; at < end; at += PIECE_DAYS * MINUTES_PER_DAY) {
-        if (step && !step()) {
+        if (!runStep(step)) {
             return false;
         }
         const auto size = static_cast<std::size_t>(std::min(PIECE_DAYS * MINUTES_PER_DAY, end - at));
@@ -66,7 +66,7 @@ bool countDayFiles(const StationConfig& station, std::int32_t channel, const Fil
     const std::string folder = dataFolder(station);
     DayRecordReader records(kmh::recordSize(active.size(), station.WideRecords));
     for (const std::string& name : dayFilesBetween(folder, {first, first + days - 1})) {
-        if (step && !step()) {
+        if (!runStep(step)) {
             return false;
         }
         const auto file = open(folder + name);

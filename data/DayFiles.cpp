@@ -151,7 +151,7 @@ std::optional<std::vector<DayInterval>> readDayIntervals(const StationConfig& st
     const std::int64_t first = minuteNumber(request.range.from);
     const std::int64_t end = minuteNumber(request.range.to);
     const std::vector<std::string> names = dayFilesBetween(folder, request.range);
-    if (step && !step()) { // listing the folder may have taken long
+    if (!runStep(step)) { // listing the folder may have taken long
         return std::nullopt;
     }
     DayRecordReader records(kmh::recordSize(active.size(), wide));

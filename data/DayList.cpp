@@ -139,7 +139,7 @@ std::optional<DayRows> readDayRows(const StationConfig& station, const TimeRange
     const std::string first = dayName(range.from);
     const std::string last = dayName(range.to);
     const auto days = byDate(filesIn(folder.empty() ? "." : folder));
-    if (step && !step()) { // listing the folder may have taken long
+    if (!runStep(step)) { // listing the folder may have taken long
         return std::nullopt;
     }
     for (const auto& [date, names] : days) {
@@ -149,7 +149,7 @@ std::optional<DayRows> readDayRows(const StationConfig& station, const TimeRange
         }
         for (const std::string& name : filesOfDay(folder, names, *day, open)) {
             const auto file = open(folder + name);
-            if (step && !step()) {
+            if (!runStep(step)) {
                 return std::nullopt;
             }
             if (!file) {

@@ -27,7 +27,7 @@ constexpr TimeRange ALL_DAYS{FIRST_DATE, LAST_DATE};
 std::optional<std::int64_t> presentMinute(ChannelMinutes& minutes, StoredEnd end, const ReadingStep& step,
                                           bool& givenUp) {
     for (std::int64_t done = 0; done < minutes.count(); done += PIECE_MINUTES) {
-        if (step && !step()) {
+        if (!runStep(step)) {
             givenUp = true;
             return std::nullopt;
         }
@@ -56,7 +56,7 @@ std::optional<StoredTime> findInYears(const StationConfig& station, std::int32_t
         std::reverse(years.begin(), years.end());
     }
     for (const int year : years) {
-        if (step && !step()) { // listing the folder may have taken long
+        if (!runStep(step)) { // listing the folder may have taken long
             return std::nullopt;
         }
         bool givenUp = false;
@@ -104,7 +104,7 @@ std::optional<StoredTime> findInDays(const StationConfig& station, std::int32_t 
     }
     DayRecordReader records(kmh::recordSize(active.size(), station.WideRecords));
     for (const std::string& name : names) {
-        if (step && !step()) {
+        if (!runStep(step)) {
             return std::nullopt;
         }
         try {
