@@ -7,6 +7,7 @@
 #include "util/ErrorText.h"
 #include "util/LittleEndian.h"
 #include "util/Numbers.h"
+#include "util/VectorRegisters.h"
 
 #include <algorithm>
 #include <memory>
@@ -151,6 +152,7 @@ double factorOf(const std::string& text) {
 std::optional<std::string> recalculate(const StationConfig& station, const Correction& correction,
                                        const CorrectionFiles& files) {
     for (const YearRange& year : yearsOf(correction.range)) {
+        cleanVectorRegisters(); // events have run before each year
         if (auto message = YearRecalculation(station, correction, files, year).run()) {
             return message;
         }

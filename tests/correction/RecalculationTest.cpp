@@ -3,6 +3,7 @@
 #include "correction/Recalculation.h"
 
 #include "tests/correction/YearFiles.h"
+#include "tests/testing/Registers.h"
 
 #include <gtest/gtest.h>
 
@@ -257,6 +258,28 @@ TEST(Recalculation, FactorTexts) {
     for (const auto& row : rows) {
         EXPECT_EQ(factorOf(row.text), row.factor) << "'" << row.text << "'";
     }
+}
+
+/// Events run after each year, and what they paint does not slow down the next one.
+TEST(Recalculation, ComputesEachYearWithCleanRegisters) {
+    if (!hasUpperHalves()) {
+        GTEST_SKIP() << "this processor has no such registers";
+    }
+    const TempFolder folder;
+    StationConfig station;
+    station.DataFolder = folder.base();
+    int opened = 0;
+    CorrectionFiles files;
+    files.openSource = [&](std::string_view path) {
+        ++opened;
+        EXPECT_TRUE(areUpperHalvesClean()) << path;
+        return openFile(path);
+    };
+    files.afterYear = [] { fillUpperHalves(); };
+    const TimeRange years = between({2019, 1, 1, 0, 0}, {2021, 1, 1, 0, 0});
+    fillUpperHalves();
+    EXPECT_EQ(recalculate(station, {CorrectionMode::dust, years, 2}, files), std::nullopt);
+    EXPECT_EQ(opened, 3);
 }
 
 /// The places of the files: a folder of the project, an absolute one, the project's own folder in
