@@ -5,6 +5,7 @@
 #include "diagram/LineScale.h"
 #include "diagram/ReducedCurve.h"
 #include "diagram/SeriesTable.h"
+#include "util/VectorRegisters.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -61,6 +62,7 @@ std::string diagramSummary(const DiagramProperties& properties, const Series& se
         return text + "Windrose, " + counted(samples);
     }
     text += "Von " + rowTime(properties.XLow, texts) + " bis " + rowTime(properties.XHigh, texts) + ". ";
+    cleanVectorRegisters(); // windows may have been painted
     const std::size_t columns = firstPass(series.times, properties.XLow);
     text += valuesOf(series.times, series.y1.first(columns), properties.Einheit, texts);
     if (second) {

@@ -3,6 +3,7 @@
 
 #include "drawing/PlacedSurface.h"
 #include "util/Numbers.h"
+#include "util/VectorRegisters.h"
 
 #include <algorithm>
 #include <array>
@@ -239,6 +240,7 @@ class PolarPainting {
 } // namespace
 
 DirectionClasses classify(const PolarSamples& samples, std::int32_t classCount) {
+    cleanVectorRegisters(); // background and grid have been painted
     const double sector = TWO_PI / classCount;
     const double half = sector / 2;
     DirectionClasses classes;

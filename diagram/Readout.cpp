@@ -3,6 +3,7 @@
 
 #include "diagram/Curve.h"
 #include "diagram/LineScale.h"
+#include "util/VectorRegisters.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,6 +24,7 @@ std::optional<double> valid(double v) { return isValidPoint(v) ? std::optional(v
 SeriesReader::SeriesReader(const Series& series, DateTime xLow, double interval)
     : series_(series)
     , interval_(interval) {
+    cleanVectorRegisters(); // the picture has been painted
     PassDetector detector(xLow);
     for (std::size_t i = 0; i < series_.times.size(); ++i) {
         if (detector.starts(series_.times[i])) {
