@@ -16,6 +16,7 @@
 #include "diagram/ReadoutOverlay.h"
 #include "util/BusyPointer.h"
 #include "util/Validity.h"
+#include "util/VectorRegisters.h"
 
 #include <QCoreApplication>
 #include <QLabel>
@@ -59,6 +60,7 @@ FileOpener f::openAndAnswer() {
     return [this](std::string_view path) {
         auto file = environment_.open(path);
         QCoreApplication::processEvents();
+        cleanVectorRegisters(); // the file's values are computed with next
         return file;
     };
 }

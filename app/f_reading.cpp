@@ -17,6 +17,7 @@
 #include "diagram/ReadoutOverlay.h"
 #include "util/BusyPointer.h"
 #include "util/Pickers.h"
+#include "util/VectorRegisters.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -155,6 +156,7 @@ void f::showHint() {
     const PolarSys& KS = view_->diagram();
     ViewFacts facts = facts_;
     if (const auto& line = KS.lineShown()) {
+        cleanVectorRegisters(); // the picture has just been drawn
         const auto y1 = seriesInUse(KS.DataCount()).y1;
         const double low = std::min(line->left.low, line->left.high);
         const double high = std::max(line->left.low, line->left.high);

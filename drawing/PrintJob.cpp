@@ -7,6 +7,7 @@
 #include "drawing/PdfDocument.h"
 #include "drawing/PrintQueue.h"
 #include "drawing/QueueOptions.h"
+#include "util/VectorRegisters.h"
 
 #include <QFileInfo>
 #include <QPrinter>
@@ -241,6 +242,7 @@ void PrintJob::step(const PrintProgress& progress) const {
     if (step_ && !step_(progress)) {
         throw PrintCancelled();
     }
+    cleanVectorRegisters(); // the step may have let windows paint
 }
 
 void PrintJob::make(const std::vector<Sheets>& sheets, DocumentFile& document) {
