@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/CupsTalk.h"
 
+#include "drawing/CupsLibrary.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <cups/cups.h>
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>
@@ -26,11 +27,14 @@ constexpr double TALK_PATIENCE = 10;                     // seconds without a by
 constexpr auto PRINT_PATIENCE = std::chrono::seconds(3); // with a healthy queue that has not printed yet
 constexpr auto ASK_AGAIN = std::chrono::milliseconds(50);
 
+/// Nothing is printed by this thread unless the library is there.
+const CupsLibrary& cups() { return *CupsLibrary::load(); }
+
 struct CloseConnection {
-    void operator()(http_t* http) const { httpClose(http); }
+    void operator()(http_t* http) const { cups().httpClose(http); }
 };
 struct DropMessage {
-    void operator()(ipp_t* message) const { ippDelete(message); }
+    void operator()(ipp_t* message) const { cups().ippDelete(message); }
 };
 using Connection = std::unique_ptr<http_t, CloseConnection>;
 using Message = std::unique_ptr<ipp_t, DropMessage>;
@@ -40,15 +44,15 @@ class EncodedOptions {
   public:
     explicit EncodedOptions(const QueueJob& job) {
         for (const auto& [name, value] : job.options) {
-            count_ = cupsAddOption(name.c_str(), value.c_str(), count_, &list_);
+            count_ = cups().cupsAddOption(name.c_str(), value.c_str(), count_, &list_);
         }
     }
     EncodedOptions(const EncodedOptions&) = delete;
     EncodedOptions& operator=(const EncodedOptions&) = delete;
-    ~EncodedOptions() { cupsFreeOptions(count_, list_); }
+    ~EncodedOptions() { cups().cupsFreeOptions(count_, list_); }
     void encode(ipp_t* request) const {
-        cupsEncodeOptions2(request, count_, list_, IPP_TAG_OPERATION);
-        cupsEncodeOptions2(request, count_, list_, IPP_TAG_JOB);
+        cups().cupsEncodeOptions2(request, count_, list_, IPP_TAG_OPERATION);
+        cups().cupsEncodeOptions2(request, count_, list_, IPP_TAG_JOB);
     }
 
   private:
@@ -64,43 +68,44 @@ int giveUp(http_t*, void*) { return 0; }
 
 /// Connects to the print system; nothing when there is none.
 Connection connect() {
-    cupsSetPasswordCB2(noPassword, nullptr);
-    Connection http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
-                                 CONNECT_PATIENCE, nullptr));
+    cups().cupsSetPasswordCB2(noPassword, nullptr);
+    Connection http(cups().httpConnect2(cups().cupsServer(), cups().ippPort(), nullptr, AF_UNSPEC,
+                                        cups().cupsEncryption(), 1, CONNECT_PATIENCE, nullptr));
     if (http) {
-        httpSetTimeout(http.get(), TALK_PATIENCE, giveUp, nullptr);
+        cups().httpSetTimeout(http.get(), TALK_PATIENCE, giveUp, nullptr);
     }
     return http;
 }
 
 /// Whether the last exchange timed out.
 bool wasSilent(http_t* http) {
-    const int error = httpError(http);
+    const int error = cups().httpError(http);
     return error == EWOULDBLOCK || error == EAGAIN || error == ETIMEDOUT ||
-           cupsLastError() == IPP_STATUS_ERROR_TIMEOUT;
+           cups().cupsLastError() == IPP_STATUS_ERROR_TIMEOUT;
 }
 
 QueueAnswer lost(http_t* http) { return {wasSilent(http) ? Fate::silent : Fate::unreachable, 0, {}}; }
 
 Message newRequest(ipp_op_t operation, const std::string& queue) {
-    Message request(ippNewRequest(operation));
+    Message request(cups().ippNewRequest(operation));
     std::array<char, HTTP_MAX_URI> uri{};
-    httpAssembleURIf(HTTP_URI_CODING_ALL, uri.data(), static_cast<int>(uri.size()), "ipp", nullptr,
-                     "localhost", 0, "/printers/%s", queue.c_str());
-    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.data());
+    cups().httpAssembleURIf(HTTP_URI_CODING_ALL, uri.data(), static_cast<int>(uri.size()), "ipp", nullptr,
+                            "localhost", 0, "/printers/%s", queue.c_str());
+    cups().ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.data());
     return request;
 }
 
 void addUser(ipp_t* request) {
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr, cupsUser());
+    cups().ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
+                        cups().cupsUser());
 }
 
 /// All values of a text attribute; empty when the message has none.
 std::string textOf(ipp_t* message, const char* name) {
-    ipp_attribute_t* found = ippFindAttribute(message, name, IPP_TAG_ZERO);
+    ipp_attribute_t* found = cups().ippFindAttribute(message, name, IPP_TAG_ZERO);
     std::string text;
-    for (int i = 0; found != nullptr && i < ippGetCount(found); ++i) {
-        const char* value = ippGetString(found, i, nullptr);
+    for (int i = 0; found != nullptr && i < cups().ippGetCount(found); ++i) {
+        const char* value = cups().ippGetString(found, i, nullptr);
         const std::string part = value != nullptr ? value : "";
         if (!part.empty() && part != "none" && part != "job-printing" &&
             text.find(part) == std::string::npos) {
@@ -111,8 +116,8 @@ std::string textOf(ipp_t* message, const char* name) {
 }
 
 int numberOf(ipp_t* message, const char* name) {
-    ipp_attribute_t* found = ippFindAttribute(message, name, IPP_TAG_ZERO);
-    return found != nullptr ? ippGetInteger(found, 0) : 0;
+    ipp_attribute_t* found = cups().ippFindAttribute(message, name, IPP_TAG_ZERO);
+    return found != nullptr ? cups().ippGetInteger(found, 0) : 0;
 }
 
 /// The first text that is not empty.
@@ -128,9 +133,9 @@ std::string firstOf(ipp_t* message, std::initializer_list<const char*> names) {
 Message ask(http_t* http, Message request, std::initializer_list<const char*> wanted) {
     addUser(request.get());
     std::vector<const char*> names(wanted);
-    ippAddStrings(request.get(), IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes",
-                  static_cast<int>(names.size()), nullptr, names.data());
-    return Message(cupsDoRequest(http, request.release(), "/")); // CUPS deletes the request
+    cups().ippAddStrings(request.get(), IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes",
+                         static_cast<int>(names.size()), nullptr, names.data());
+    return Message(cups().cupsDoRequest(http, request.release(), "/")); // CUPS deletes the request
 }
 
 // --- sending ---
@@ -140,14 +145,15 @@ Message sendOnce(http_t* http, const QueueJob& job, std::ifstream& file, std::ui
                  TalkProgress& progress) {
     Message request = newRequest(IPP_OP_PRINT_JOB, job.queue);
     addUser(request.get());
-    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr, job.title.c_str());
-    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_MIMETYPE, "document-format", nullptr,
-                 "application/pdf");
+    cups().ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr,
+                        job.title.c_str());
+    cups().ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_MIMETYPE, "document-format", nullptr,
+                        "application/pdf");
     EncodedOptions(job).encode(request.get());
 
     const std::string resource = "/printers/" + job.queue;
-    const std::size_t length = ippLength(request.get()) + static_cast<std::size_t>(size);
-    http_status_t status = cupsSendRequest(http, request.get(), resource.c_str(), length);
+    const std::size_t length = cups().ippLength(request.get()) + static_cast<std::size_t>(size);
+    http_status_t status = cups().cupsSendRequest(http, request.get(), resource.c_str(), length);
     file.clear();
     file.seekg(0);
     std::vector<char> piece(std::size_t{1} << 16U);
@@ -158,7 +164,7 @@ Message sendOnce(http_t* http, const QueueJob& job, std::ifstream& file, std::ui
         if (count == 0) {
             return {}; // shorter than it was: the queue does not get the whole request and drops it
         }
-        status = cupsWriteRequestData(http, piece.data(), count);
+        status = cups().cupsWriteRequestData(http, piece.data(), count);
         sent += count;
         progress.sent = static_cast<double>(sent) / static_cast<double>(size);
         ++progress.changes;
@@ -167,7 +173,7 @@ Message sendOnce(http_t* http, const QueueJob& job, std::ifstream& file, std::ui
     if ((progress.withdrawn && sent < size) || status == HTTP_STATUS_ERROR) {
         return {};
     }
-    return Message(cupsGetResponse(http, resource.c_str()));
+    return Message(cups().cupsGetResponse(http, resource.c_str()));
 }
 
 /// Sends until no further login is wanted.
@@ -177,7 +183,7 @@ Message send(http_t* http, const QueueJob& job, std::ifstream& file, std::uintma
     Message answer;
     for (int i = 0; i < LOGINS && !answer && !progress.withdrawn; ++i) {
         answer = sendOnce(http, job, file, size, progress);
-        if (httpGetStatus(http) != HTTP_STATUS_UNAUTHORIZED) {
+        if (cups().httpGetStatus(http) != HTTP_STATUS_UNAUTHORIZED) {
             break;
         }
     }
@@ -186,13 +192,13 @@ Message send(http_t* http, const QueueJob& job, std::ifstream& file, std::uintma
 
 /// A printer that announces itself on the network gets its queue only when it is looked at.
 bool makeTemporaryQueue(http_t* http, const std::string& name) {
-    cups_dest_t* dest = cupsGetNamedDest(http, name.c_str(), nullptr);
+    cups_dest_t* dest = cups().cupsGetNamedDest(http, name.c_str(), nullptr);
     if (dest == nullptr) {
         return false;
     }
-    cups_dinfo_t* info = cupsCopyDestInfo(http, dest);
-    cupsFreeDestInfo(info);
-    cupsFreeDests(1, dest);
+    cups_dinfo_t* info = cups().cupsCopyDestInfo(http, dest);
+    cups().cupsFreeDestInfo(info);
+    cups().cupsFreeDests(1, dest);
     return info != nullptr;
 }
 
@@ -212,23 +218,25 @@ QueueState stateOf(http_t* http, const std::string& queue) {
     if (!answer) {
         return {};
     }
-    ipp_attribute_t* accepting = ippFindAttribute(answer.get(), "printer-is-accepting-jobs", IPP_TAG_BOOLEAN);
+    ipp_attribute_t* accepting =
+        cups().ippFindAttribute(answer.get(), "printer-is-accepting-jobs", IPP_TAG_BOOLEAN);
     return {numberOf(answer.get(), "printer-state") == IPP_PSTATE_STOPPED,
-            accepting != nullptr && ippGetBoolean(accepting, 0) == 0,
+            accepting != nullptr && cups().ippGetBoolean(accepting, 0) == 0,
             firstOf(answer.get(), {"printer-state-message", "printer-state-reasons"})};
 }
 
 /// The fate of a job so far; nothing while it waits or prints on a healthy queue.
 std::optional<QueueAnswer> fateNow(http_t* http, const std::string& queue, int number) {
     Message request = newRequest(IPP_OP_GET_JOB_ATTRIBUTES, queue);
-    ippAddInteger(request.get(), IPP_TAG_OPERATION, IPP_TAG_INTEGER, "job-id", number);
+    cups().ippAddInteger(request.get(), IPP_TAG_OPERATION, IPP_TAG_INTEGER, "job-id", number);
     const Message answer =
         ask(http, std::move(request),
             {"job-state", "job-state-message", "job-printer-state-message", "job-state-reasons"});
-    if (cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND || cupsLastError() == IPP_STATUS_ERROR_GONE) {
+    if (cups().cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND ||
+        cups().cupsLastError() == IPP_STATUS_ERROR_GONE) {
         return QueueAnswer{Fate::printed, number, {}}; // accepted, and off the list since
     }
-    if (!answer || cupsLastError() > IPP_STATUS_OK_EVENTS_COMPLETE) {
+    if (!answer || cups().cupsLastError() > IPP_STATUS_OK_EVENTS_COMPLETE) {
         QueueAnswer unknown = lost(http);
         unknown.number = number;
         return unknown;
@@ -258,7 +266,7 @@ std::optional<QueueAnswer> fateNow(http_t* http, const std::string& queue, int n
 QueueAnswer awaitFate(http_t* http, const std::string& queue, int number, TalkProgress& progress) {
     const auto end = Clock::now() + PRINT_PATIENCE;
     while (true) {
-        if (progress.withdrawn && cupsCancelJob2(http, queue.c_str(), number, 0) == IPP_STATUS_OK) {
+        if (progress.withdrawn && cups().cupsCancelJob2(http, queue.c_str(), number, 0) == IPP_STATUS_OK) {
             return {Fate::withdrawn, number, {}};
         }
         if (auto fate = fateNow(http, queue, number)) {
@@ -275,8 +283,8 @@ QueueAnswer awaitFate(http_t* http, const std::string& queue, int number, TalkPr
 /// The queue's own words for a refusal.
 std::string refusalWords(http_t* http, const std::string& queue, ipp_t* answer) {
     std::string words = textOf(answer, "status-message");
-    if (words.empty() && cupsLastErrorString() != nullptr) {
-        words = cupsLastErrorString();
+    if (words.empty() && cups().cupsLastErrorString() != nullptr) {
+        words = cups().cupsLastErrorString();
     }
     const QueueState state = stateOf(http, queue);
     if (state.refuses && !state.words.empty() && words.find(state.words) == std::string::npos) {
@@ -292,7 +300,7 @@ QueueAnswer cupsProbe(TalkProgress& /*progress*/) {
     if (!http) {
         return {Fate::accepted, 0, {}};
     }
-    Message request(ippNewRequest(IPP_OP_CUPS_GET_DEFAULT));
+    Message request(cups().ippNewRequest(IPP_OP_CUPS_GET_DEFAULT));
     const Message answer = ask(http.get(), std::move(request), {"printer-name"});
     return {!answer && wasSilent(http.get()) ? Fate::silent : Fate::accepted, 0, {}};
 }
@@ -306,18 +314,18 @@ QueueAnswer cupsPrint(const QueueJob& job, TalkProgress& progress) {
         return {Fate::unreachable, 0, {}};
     }
     Message answer = send(http.get(), job, file, size, progress);
-    if (answer && ippGetStatusCode(answer.get()) == IPP_STATUS_ERROR_NOT_FOUND &&
+    if (answer && cups().ippGetStatusCode(answer.get()) == IPP_STATUS_ERROR_NOT_FOUND &&
         makeTemporaryQueue(http.get(), job.queue)) {
         answer = send(http.get(), job, file, size, progress);
     }
-    if (answer && ippGetStatusCode(answer.get()) == IPP_STATUS_ERROR_NOT_FOUND) {
+    if (answer && cups().ippGetStatusCode(answer.get()) == IPP_STATUS_ERROR_NOT_FOUND) {
         return {Fate::unreachable, 0, {}};
     }
     if (!answer) {
         return progress.withdrawn ? QueueAnswer{Fate::withdrawn, 0, {}} : lost(http.get());
     }
     const int number = numberOf(answer.get(), "job-id");
-    if (number == 0 || ippGetStatusCode(answer.get()) > IPP_STATUS_OK_EVENTS_COMPLETE) {
+    if (number == 0 || cups().ippGetStatusCode(answer.get()) > IPP_STATUS_OK_EVENTS_COMPLETE) {
         return {Fate::refused, 0, refusalWords(http.get(), job.queue, answer.get())};
     }
     ++progress.changes;

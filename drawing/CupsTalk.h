@@ -15,7 +15,7 @@ struct TalkProgress {
     std::atomic<bool> withdrawn = false; // the job is no longer wanted
 };
 
-/// See PrintQueue.
+/// See PrintQueue. Only where the library is there (CupsLibrary::load).
 QueueAnswer cupsProbe(TalkProgress& progress);
 QueueAnswer cupsPrint(const QueueJob& job, TalkProgress& progress);
 

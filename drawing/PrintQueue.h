@@ -41,7 +41,8 @@ struct QueueAnswer {
 using QueueStep = std::function<bool(double sent)>;
 
 /// Talks to the print system in a helper thread. A print system that makes no progress for ten seconds is
-/// given up. Where the program is built without CUPS, `isSupported` is false and nothing else may be called.
+/// given up. Where there is no CUPS, when the program was built or now, `isSupported` is false and no job may
+/// be printed.
 class PrintQueue {
   public:
     static bool isSupported();

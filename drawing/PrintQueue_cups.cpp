@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/PrintQueue.h"
 
+#include "drawing/CupsLibrary.h"
 #include "drawing/CupsTalk.h"
 
 #include <chrono>
@@ -73,9 +74,12 @@ QueueAnswer runBeside(Talk talk, const QueueStep& step) {
 
 } // namespace
 
-bool PrintQueue::isSupported() { return true; }
+bool PrintQueue::isSupported() { return CupsLibrary::load() != nullptr; }
 
 QueueAnswer PrintQueue::probe(const QueueStep& step) {
+    if (!isSupported()) {
+        return {QueueAnswer::Fate::accepted, 0, {}};
+    }
     return runBeside([](TalkProgress& progress) { return cupsProbe(progress); }, step);
 }
 

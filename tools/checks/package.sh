@@ -19,10 +19,13 @@ build_package() {
 }
 
 validate() {
-    if ! dpkg-deb --field "$PACKAGE_FOLDER"/*.deb Depends | grep -q fonts-liberation; then
-        echo "The package does not depend on the font of the windows." >&2
-        return 1
-    fi
+    # The font of the windows, and a library that is loaded when something is printed.
+    for needed in fonts-liberation libcups2; do
+        if ! dpkg-deb --field "$PACKAGE_FOLDER"/*.deb Depends | grep -q "$needed"; then
+            echo "The package does not depend on $needed." >&2
+            return 1
+        fi
+    done
     lintian --fail-on error,warning --allow-root "$PACKAGE_FOLDER"/*.deb
     desktop-file-validate packaging/*.desktop
     appstreamcli validate --no-net "$DOCUMENTS"/*.metainfo.xml
