@@ -4,6 +4,7 @@
 #include "config/ChannelTable.h"
 
 #include <algorithm>
+#include <array>
 
 namespace kelvrum {
 
@@ -39,8 +40,11 @@ double blockAverage(std::span<const double> block, std::int32_t mode, std::span<
         return total.count == 0 ? INVALID_VALUE
                                 : validate(total.sum / static_cast<double>(total.count), upper, lower);
     }
-    case MODE_WIND_DIRECTION:
-        return validate(windMean(block, paired), upper, lower);
+    case MODE_WIND_DIRECTION: {
+        std::array<double, 1> mean = {INVALID_VALUE};
+        WindMeans().of(block, paired, block.size(), mean);
+        return validate(mean[0], upper, lower);
+    }
     default:
         return 0;
     }

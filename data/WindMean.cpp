@@ -64,18 +64,8 @@ struct Fraction {
     }
 };
 
-/// Calls the function for each argument, where CachedFunction keeps results.
-template<typename Function>
-struct Uncached {
-    template<typename Work>
-    void use(Work work) {
-        work(Function{});
-    }
-};
-
 /// Wind vectors as X and Y, taken through each step together: loops without branches and calls are many times
-/// faster than one vector after the other, and round the same. `Through` is Uncached or CachedFunction.
-template<template<typename> typename Through>
+/// faster than one vector after the other, and round the same.
 class WindVectors {
   public:
     /// The mean of each block of `minutes` minutes, of few blocks; as many directions as speeds.
@@ -200,8 +190,8 @@ class WindVectors {
     std::vector<double> speed_;   // sum of the magnitudes added
     std::vector<double> sine_;    // x / r
     std::vector<double> tangent_; // of the direction, then its arctangent
-    Through<SineCosineOf> sineCosine_;
-    Through<ArctangentOf> arctangent_;
+    CachedFunction<SineCosineOf> sineCosine_;
+    CachedFunction<ArctangentOf> arctangent_;
 };
 
 } // namespace
@@ -233,18 +223,7 @@ double windMeanByMinutes(std::span<const double> directions, std::span<const dou
     return isNorth(d) ? 360 : d;
 }
 
-double windMean(std::span<const double> directions, std::span<const double> speeds) {
-    std::array<double, 1> result = {INVALID_VALUE};
-    if (speeds.size() >= directions.size()) {
-        WindVectors<Uncached>().means(directions, speeds.first(directions.size()), directions.size(), result);
-    }
-    return result[0];
-}
-
-template<typename Function>
-using Kept = CachedFunction<Function>;
-
-struct WindMeans::Memory : WindVectors<Kept> {};
+struct WindMeans::Memory : WindVectors {};
 
 WindMeans::WindMeans() = default;
 WindMeans::~WindMeans() = default;

@@ -10,12 +10,9 @@ namespace kelvrum {
 
 /// Direction in degrees, above 0 and at most 360 (north is 360), of the vector sum of the minutes whose
 /// direction and speed are both present; INVALID_VALUE when there is none. `directions` in degrees and
-/// `speeds` are equally long; an empty `speeds` stands for a channel without its pair.
-double windMean(std::span<const double> directions, std::span<const double> speeds);
-
-/// windMean, minute by minute: after each minute the running vector is turned into direction and magnitude
-/// and back. windMean carries the vector as X and Y instead and falls back to this for blocks in which the
-/// two ways would round differently; they never differ by more than 1e-7 degrees.
+/// `speeds` are equally long. Taken minute by minute: after each minute the running vector is turned into
+/// direction and magnitude and back. WindMeans carries the vector as X and Y instead and falls back to this
+/// for blocks in which the two ways would round differently; they never differ by more than 1e-7 degrees.
 double windMeanByMinutes(std::span<const double> directions, std::span<const double> speeds);
 
 /// Means of many blocks, with memory that is kept from one call to the next: a third of a megabyte.
@@ -26,7 +23,8 @@ class WindMeans {
     WindMeans& operator=(const WindMeans&) = delete;
     ~WindMeans();
 
-    /// windMean of each block of `minutes` minutes; `results` has a value for each block.
+    /// The mean of each block of `minutes` minutes, as windMeanByMinutes describes it; `results` has a value
+    /// for each block. An empty `speeds` stands for a channel without its pair: INVALID_VALUE.
     void of(std::span<const double> directions, std::span<const double> speeds, std::size_t minutes,
             std::span<double> results);
 

@@ -10,6 +10,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <span>
 #include <vector>
 
 namespace kelvrum {
@@ -58,6 +59,14 @@ double literalWindMean(const std::vector<double>& block, const std::vector<doubl
         return INVALID_VALUE;
     }
     return D <= 1e-9 || D >= 360 - 1e-9 ? 360 : D;
+}
+
+/// The mean of one block.
+double windMean(std::span<const double> directions, std::span<const double> speeds) {
+    static WindMeans winds;
+    double mean = 42;
+    winds.of(directions, speeds, directions.size(), {&mean, 1});
+    return mean;
 }
 
 /// The angle between two directions, across north too.
