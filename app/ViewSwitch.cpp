@@ -25,7 +25,7 @@ ViewSwitch::ViewSwitch(QWidget* area)
     }
 }
 
-bool ViewSwitch::diagramSelected() const { return diagram_->isChecked(); }
+bool ViewSwitch::isDiagramChosen() const { return diagram_->isChecked(); }
 
 void ViewSwitch::start() { diagram_->setChecked(true); }
 

@@ -16,7 +16,7 @@ class ViewSwitch : public QObject {
   public:
     explicit ViewSwitch(QWidget* area);
 
-    [[nodiscard]] bool diagramSelected() const;
+    [[nodiscard]] bool isDiagramChosen() const;
 
     /// "Liniendiagramm" is chosen. Raises no signal.
     void start();

@@ -39,7 +39,7 @@ void f::copyValues() {
     loader_.whenIdle("menWerte", [this] {
         const BusyPointer busy;
         QGuiApplication::clipboard()->setText(
-            optView->diagramSelected() ? QString::fromStdString(diagramText()) : view_->list().allText());
+            optView->isDiagramChosen() ? QString::fromStdString(diagramText()) : view_->list().allText());
     });
 }
 

@@ -103,7 +103,7 @@ void f::describeView() {
     if (!isReadOut_) {
         return;
     }
-    KS.setAccessibleDescription(optView->diagramSelected()
+    KS.setAccessibleDescription(optView->isDiagramChosen()
                                     ? QString::fromStdString(summary())
                                     : QStringLiteral("Die Werte stehen in der Datenliste."));
 }
@@ -123,13 +123,13 @@ bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
         return reader_.readSeries(station_, request, diagramSettings(), KS, step) == ReadStatus::complete &&
                FillListVarn(request.range, step);
     }
-    if (optView->diagramSelected()) {
+    if (optView->isDiagramChosen()) {
         rows.releaseMemory();
     }
-    if (optView->diagramSelected() && KS.DiagTyp() == KIND_POLAR) {
+    if (optView->isDiagramChosen() && KS.DiagTyp() == KIND_POLAR) {
         return reader_.readPolar(station_, request, diagramSettings(), KS, step) == ReadStatus::complete;
     }
-    if (optView->diagramSelected()) {
+    if (optView->isDiagramChosen()) {
         return reader_.readSeries(station_, request, diagramSettings(), KS, step) == ReadStatus::complete;
     }
     KS.SetArray(0);

@@ -66,7 +66,7 @@ void f::printNow() {
         return;
     }
     try {
-        if (optView->diagramSelected()) {
+        if (optView->isDiagramChosen()) {
             printDiagram();
         } else {
             printList();
@@ -99,7 +99,7 @@ void f::printDiagram() {
 
 std::string f::nameOfView() const {
     const ChannelInfo& channel = station_.ChannelTable.at(selChan->channel());
-    const bool allChannels = !optView->diagramSelected() && station_.Kind == ConfigKind::binary;
+    const bool allChannels = !optView->isDiagramChosen() && station_.Kind == ConfigKind::binary;
     return jobName(station_.Title, allChannels ? "Datenliste" : channel.Name, range(), environment_.texts);
 }
 

@@ -111,7 +111,7 @@ void f::noteView() {
     facts_.range = range();
     facts_.dayFiles = station_.Kind == ConfigKind::binary;
     facts_.hasValues = isRose ? KS.sampleCount() > 0 : std::any_of(y1.begin(), y1.end(), isValidPoint);
-    const bool isTold = optView->diagramSelected() && selChan->channel() != 0;
+    const bool isTold = optView->isDiagramChosen() && selChan->channel() != 0;
     isLookedUp_ = facts_.hasValues && isTold;
     if (!isLookedUp_ && isTold) {
         // After the view is shown; a newer request drops it.

@@ -22,7 +22,7 @@ void f::addSecond() {
 
 /// The list and the polar diagram show one channel.
 bool f::takesSecond() const {
-    return selChan->channel() != 0 && optView->diagramSelected() && view_->diagram().DiagTyp() != KIND_POLAR;
+    return selChan->channel() != 0 && optView->isDiagramChosen() && view_->diagram().DiagTyp() != KIND_POLAR;
 }
 
 std::int32_t f::secondShown() const { return takesSecond() ? second_->channel() : 0; }

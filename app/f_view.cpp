@@ -54,7 +54,7 @@ void f::intervalChosen() {
 }
 
 void f::viewChosen() {
-    view_->showList(!optView->diagramSelected());
+    view_->showList(!optView->isDiagramChosen());
     LoadData();
 }
 

@@ -78,10 +78,9 @@ class DiagramState : public DiagramFeed {
     [[nodiscard]] double Y1High() const { return properties_.Y1High; }
     void setY1High(double value);
     /// Smallest height of the automatic left range. Kept quirk: setting it marks "Y1Low" as changed, and
-    /// reading it copies the stored value into Y1Low and yields 0. The drawing takes storedY1MinLow.
+    /// reading it copies the stored value into Y1Low and yields 0. properties() has it as it is.
     double Y1MinLow();
     void setY1MinLow(double value);
-    [[nodiscard]] double storedY1MinLow() const { return properties_.Y1MinLow; }
     [[nodiscard]] double Y2Low() const { return properties_.Y2Low; }
     void setY2Low(double value);
     [[nodiscard]] double Y2High() const { return properties_.Y2High; }

@@ -2,11 +2,10 @@
 // An evaluation on paper: its lines in order, and the header of a long table on each of its pages.
 #include "app/EvaluationPrintout.h"
 
-#include "tests/testing/TestSurface.h"
+#include "tests/app/RecordedPages.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -14,25 +13,7 @@ namespace kelvrum {
 
 namespace {
 
-using testing::TestSurface;
-
-/// Pages of 297 x 210 mm at 10 dots for a millimetre; a character is 6 mm wide and a line 12 mm high.
-struct Pages {
-    std::vector<std::unique_ptr<TestSurface>> pages;
-
-    Surface& next() {
-        pages.push_back(std::make_unique<TestSurface>(Extent{2970, 2100}, 10));
-        return *pages.back();
-    }
-    [[nodiscard]] std::vector<std::string> textsOf(std::size_t page) const {
-        std::vector<std::string> texts;
-        for (const auto& text : pages[page]->texts()) {
-            const std::size_t start = text.text.find_first_not_of(' ');
-            texts.push_back(start == std::string::npos ? "" : text.text.substr(start));
-        }
-        return texts;
-    }
-};
+using testing::RecordedPages;
 
 EvaluationText textWith(std::size_t rows) {
     EvaluationText text;
@@ -48,12 +29,12 @@ EvaluationText textWith(std::size_t rows) {
     return text;
 }
 
-void print(const EvaluationText& text, Pages& pages, const std::string& foot = {}) {
+void print(const EvaluationText& text, RecordedPages& pages, const std::string& foot = {}) {
     printEvaluationText(text, "Deponie", foot, [&]() -> Surface& { return pages.next(); });
 }
 
 TEST(EvaluationPrintout, TitleSummaryAndTable) {
-    Pages pages;
+    RecordedPages pages;
     print(textWith(1), pages);
     ASSERT_EQ(pages.pages.size(), 1U);
     EXPECT_EQ(pages.textsOf(0),
@@ -64,7 +45,7 @@ TEST(EvaluationPrintout, TitleSummaryAndTable) {
 
 TEST(EvaluationPrintout, ALongTableRepeatsItsHeaderAndKeepsTheMargin) {
     constexpr std::size_t ROWS = 300;
-    Pages pages;
+    RecordedPages pages;
     print(textWith(ROWS), pages);
     ASSERT_GT(pages.pages.size(), 2U);
     std::size_t rows = 0;
@@ -85,7 +66,7 @@ TEST(EvaluationPrintout, ALongTableRepeatsItsHeaderAndKeepsTheMargin) {
 
 TEST(EvaluationPrintout, EachPageHasTheFootAndItsNumber) {
     constexpr std::size_t ROWS = 30;
-    Pages pages;
+    RecordedPages pages;
     print(textWith(ROWS), pages, "Deponie, Staub");
     ASSERT_GT(pages.pages.size(), 2U);
     const std::string count = std::to_string(pages.pages.size());
@@ -100,7 +81,7 @@ TEST(EvaluationPrintout, EachPageHasTheFootAndItsNumber) {
 }
 
 TEST(EvaluationPrintout, WithoutRowsTheHeaderStaysAlone) {
-    Pages pages;
+    RecordedPages pages;
     print(textWith(0), pages);
     EXPECT_EQ(pages.pages.size(), 1U);
     EXPECT_EQ(pages.textsOf(0).back(), "n");

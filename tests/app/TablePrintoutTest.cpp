@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/TablePrintout.h"
-#include "tests/testing/TestSurface.h"
+#include "tests/app/RecordedPages.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <memory>
 
 namespace kelvrum {
 
 namespace {
 
 using ::testing::ElementsAre;
-using testing::TestSurface;
+using testing::RecordedPages;
 
 /// Every byte but the second of a two-byte character is 2 mm wide.
 double twoMillimetres(std::string_view text) {
@@ -89,37 +88,20 @@ TEST(RowPrinter, PlacesCellsAtTheirEntries) {
     EXPECT_THAT(placeRow("", "20|>30", 12, twoMillimetres), ElementsAre(PlacedCell{20, ""}));
 }
 
-/// Pages of 297 x 210 mm at 10 dots for a millimetre; a character is 6 mm wide and a line 12 mm high.
-class Pages {
-  public:
-    Surface& next() {
-        pages.push_back(std::make_unique<TestSurface>(Extent{2970, 2100}, 10));
-        return *pages.back();
-    }
-    [[nodiscard]] std::vector<std::string> textsOf(std::size_t page) const {
-        std::vector<std::string> texts;
-        for (const auto& text : pages[page]->texts()) {
-            texts.push_back(text.text.substr(std::min(text.text.find_first_not_of(' '), text.text.size())));
-        }
-        return texts;
-    }
-    std::vector<std::unique_ptr<TestSurface>> pages;
-};
-
 Table tableOf(std::size_t rows) {
     return {"Kläranlage Nord", "Uhrzeit|Staub [mg]", 1, rows,
             [](std::size_t row) { return "t" + std::to_string(row) + "|v" + std::to_string(row); }};
 }
 
 TEST(TablePrintout, AnEmptyListHasTitleAndHeaderOnly) {
-    Pages pages;
+    RecordedPages pages;
     printTable(tableOf(0), [&]() -> Surface& { return pages.next(); });
     ASSERT_EQ(pages.pages.size(), 1U);
     EXPECT_THAT(pages.textsOf(0), ElementsAre("Kläranlage Nord", "Uhrzeit", "Staub [mg]"));
 }
 
 TEST(TablePrintout, TitleHeaderAndRowsHaveTheirFontsAndPlaces) {
-    Pages pages;
+    RecordedPages pages;
     printTable(tableOf(1), [&]() -> Surface& { return pages.next(); });
     const auto& texts = pages.pages[0]->texts();
     ASSERT_EQ(texts.size(), 5U);
@@ -139,7 +121,7 @@ TEST(TablePrintout, TitleHeaderAndRowsHaveTheirFontsAndPlaces) {
 
 TEST(TablePrintout, EveryRowIsPrintedOnceAndEachPageRepeatsTheHeader) {
     constexpr std::size_t ROWS = 10'000;
-    Pages pages;
+    RecordedPages pages;
     printTable(tableOf(ROWS), [&]() -> Surface& { return pages.next(); });
     EXPECT_GT(pages.pages.size(), 1U);
     std::size_t next = 0;
@@ -159,7 +141,7 @@ TEST(TablePrintout, EveryRowIsPrintedOnceAndEachPageRepeatsTheHeader) {
 }
 
 TEST(TablePrintout, ManyColumnsRunBeyondThePaperAndAreNotWrapped) {
-    Pages pages;
+    RecordedPages pages;
     Table table = tableOf(1);
     table.valueColumns = 34;
     table.header = "Uhrzeit";

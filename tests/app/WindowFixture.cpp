@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/app/WindowFixture.h"
 
+#include "diagram/PolarSys.h"
+#include "diagram/SeriesTable.h"
+
 #include <QDateEdit>
 #include <QLocale>
 #include <QSignalBlocker>
+#include <QTableView>
 #include <QTimeEdit>
 #include <QTimeZone>
 #include <cmath>
@@ -136,5 +140,13 @@ ShownRange WindowFixture::shownRange() const {
     };
     return {text("DTPicker", "DTPicker1"), text("DTPicker2", "DTPicker3")};
 }
+
+std::vector<double> WindowFixture::shownSeries() const {
+    const auto count = static_cast<std::size_t>(the<PolarSys>("KS").DataCount());
+    const auto values = seriesTable().row(SeriesTable::Y1).first(count);
+    return {values.begin(), values.end()};
+}
+
+int WindowFixture::shownRows() const { return the<QTableView>("lView").model()->rowCount(); }
 
 } // namespace kelvrum::testing

@@ -4,6 +4,7 @@
 
 #include "app/f.h"
 #include "tests/testing/AnsweredDialogs.h"
+#include "tests/testing/Stations.h"
 #include "tests/testing/TempFolder.h"
 #include "tests/testing/WindowDriver.h"
 
@@ -24,9 +25,6 @@ namespace kelvrum::testing {
 
 /// The first day of the generated station; the window's clock is set to it.
 inline const QDate TEST_DAY(2020, 6, 18);
-
-/// Minute of the year 2020 at which the data of the test day begin.
-inline constexpr int TEST_DAY_MINUTE = (31 + 29 + 31 + 30 + 31 + 17) * 1440;
 
 /// What a station holds: the ini text, and for each channel its minutes of 2020, from 1 January 00:00 on.
 struct MadeStation {
@@ -79,6 +77,10 @@ class WindowFixture {
     /// Brings the window to a range and an interval: dates from code, times as typed by the user.
     void arrange(const ShownRange& range, int interval) const;
     [[nodiscard]] ShownRange shownRange() const;
+    /// The values of the diagram's columns.
+    [[nodiscard]] std::vector<double> shownSeries() const;
+    /// The number of the list's rows.
+    [[nodiscard]] int shownRows() const;
     void inWindowOf(const std::function<void()>& open, const std::function<void(QWidget&)>& act) const {
         WindowDriver::inWindowOf(open, act);
     }

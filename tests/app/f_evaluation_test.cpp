@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The window "Auswertung", opened by key and menu, read, copied and closed by hand.
 #include "app/EvaluationModel.h"
-#include "tests/app/WindowFixture.h"
+#include "tests/app/EvaluationDriver.h"
 
 #include <QAbstractItemModelTester>
 #include <QAction>
@@ -18,7 +18,6 @@
 #include <QTabWidget>
 #include <QTableView>
 #include <QTest>
-#include <QTimer>
 #include <map>
 
 namespace kelvrum {
@@ -33,43 +32,13 @@ constexpr int DIRECTION_ROW = 1;
 constexpr int DUST_ROW = 2;
 constexpr int RAIN_ROW = 3;
 
-template<typename Control>
-Control& in(const QWidget& window, const char* name) {
-    auto* control = window.findChild<Control*>(QString::fromUtf8(name));
-    if (control == nullptr) {
-        throw std::runtime_error(std::string("no control ") + name);
-    }
-    return *control;
-}
-
 std::map<QString, QString> summaryOf(const QWidget& window) {
-    const QAbstractItemModel& model = *in<QTableView>(window, "vwKennzahlen").model();
+    const QAbstractItemModel& model = *controlOf<QTableView>(window, "vwKennzahlen").model();
     std::map<QString, QString> summary;
     for (int row = 0; row < model.rowCount(); ++row) {
         summary[model.index(row, 0).data().toString()] = model.index(row, 1).data().toString();
     }
     return summary;
-}
-
-/// Presses F6, looks at the window when the figures are there, and closes it.
-void inEvaluation(const WindowFixture& fixture, const std::function<void(QWidget&)>& look) {
-    bool looked = false;
-    QTimer timer; // not within the reading, which lets events run
-    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-        QWidget* window = QApplication::activeModalWidget();
-        if (window != nullptr && in<QPushButton>(*window, "cmdKopieren").isEnabled()) {
-            timer.stop();
-            QCOMPARE(window->objectName(), QStringLiteral("Auswertung"));
-            look(*window);
-            looked = true;
-            window->close();
-        }
-    });
-    fixture.window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(fixture.window.get()));
-    timer.start(10);
-    QTest::keyClick(fixture.window.get(), Qt::Key_F6);
-    QVERIFY(looked);
 }
 
 } // namespace
@@ -105,14 +74,14 @@ void EvaluationTest::showsTheViewAsItIs() {
         const auto summary = summaryOf(window);
         QCOMPARE(summary.at(QStringLiteral("Intervalle")), QStringLiteral("24"));
         QVERIFY(summary.contains(QStringLiteral("98. Perzentil")));
-        auto& tabs = in<QTabWidget>(window, "tabTabellen");
+        auto& tabs = controlOf<QTabWidget>(window, "tabTabellen");
         QCOMPARE(tabs.count(), 1);
-        QCOMPARE(in<QTableView>(window, "vwTabelle(0)").model()->rowCount(), 24);
+        QCOMPARE(controlOf<QTableView>(window, "vwTabelle(0)").model()->rowCount(), 24);
         QCOMPARE(
-            in<QLabel>(window, "lblFuss").text(),
+            controlOf<QLabel>(window, "lblFuss").text(),
             QStringLiteral("Zeit: Beginn des Intervalls, ohne Sommerzeit. Gespeicherte Nullen gelten als "
                            "fehlend."));
-        QVERIFY(!in<QLabel>(window, "lblLesen").isVisible());
+        QVERIFY(!controlOf<QLabel>(window, "lblLesen").isVisible());
     });
 }
 
@@ -150,14 +119,14 @@ void EvaluationTest::allColumnsAreVisible() {
     fixture.chooseChannel(channel);
     fixture.arrange({QStringLiteral("18.06.2020 00:00"), end}, 2);
     inEvaluation(fixture, [](QWidget& window) {
-        const auto& summary = in<QTableView>(window, "vwKennzahlen");
+        const auto& summary = controlOf<QTableView>(window, "vwKennzahlen");
         QVERIFY(summary.columnWidth(0) + summary.columnWidth(1) <= summary.viewport()->width());
         for (int row = 0; row < summary.model()->rowCount(); ++row) {
             const QModelIndex index = summary.model()->index(row, 1);
             QVERIFY2(summary.sizeHintForIndex(index).width() <= summary.columnWidth(1),
                      qPrintable(index.data().toString()));
         }
-        auto& tabs = in<QTabWidget>(window, "tabTabellen");
+        auto& tabs = controlOf<QTabWidget>(window, "tabTabellen");
         for (int tab = 0; tab < tabs.count(); ++tab) {
             tabs.setCurrentIndex(tab);
             QCOMPARE(qobject_cast<QTableView*>(tabs.widget(tab))->horizontalScrollBar()->maximum(), 0);
@@ -165,7 +134,7 @@ void EvaluationTest::allColumnsAreVisible() {
         auto& divider = *window.findChild<QSplitter*>();
         divider.setSizes({300, divider.width() - 300});
         const QList<int> sizes = divider.sizes();
-        QTest::keyClick(&in<QCheckBox>(window, "chkMinuten"), Qt::Key_Space);
+        QTest::keyClick(&controlOf<QCheckBox>(window, "chkMinuten"), Qt::Key_Space);
         QCOMPARE(divider.sizes(), sizes);
     });
 }
@@ -199,7 +168,7 @@ void EvaluationTest::limitsOfTheBoxes() {
         const QString unit = QString::fromStdString(fixture.window->station().ChannelTable.at(7).Unit);
         const QString sentence = QString::fromUtf8(row.sentence).replace(QStringLiteral("mg"), unit);
         inEvaluation(fixture, [&](QWidget& window) {
-            QCOMPARE(in<QLabel>(window, "lblGrenzwerte").text(), sentence);
+            QCOMPARE(controlOf<QLabel>(window, "lblGrenzwerte").text(), sentence);
         });
     }
 }
@@ -210,7 +179,7 @@ void EvaluationTest::onlyCoveredIntervals() {
     fixture.chooseInterval(4);
     inEvaluation(fixture, [](QWidget& window) {
         QVERIFY(!summaryOf(window).contains(QStringLiteral("davon ausgewertet")));
-        auto& box = in<QCheckBox>(window, "chkMinuten");
+        auto& box = controlOf<QCheckBox>(window, "chkMinuten");
         QVERIFY(!box.isChecked());
         QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2));
         QVERIFY(summaryOf(window).contains(QStringLiteral("davon ausgewertet")));
@@ -223,10 +192,10 @@ void EvaluationTest::directionsHaveATableOfTheirOwn() {
     WindowFixture fixture;
     fixture.chooseChannel(DIRECTION_ROW);
     inEvaluation(fixture, [](QWidget& window) {
-        QCOMPARE(in<QTabWidget>(window, "tabTabellen").count(), 2);
-        QCOMPARE(in<QTableView>(window, "vwTabelle(0)").model()->rowCount(), 13);
+        QCOMPARE(controlOf<QTabWidget>(window, "tabTabellen").count(), 2);
+        QCOMPARE(controlOf<QTableView>(window, "vwTabelle(0)").model()->rowCount(), 13);
         QVERIFY(summaryOf(window).contains(QStringLiteral("Beständigkeit")));
-        QCOMPARE(in<QLabel>(window, "lblGrenzwerte").text(),
+        QCOMPARE(controlOf<QLabel>(window, "lblGrenzwerte").text(),
                  QStringLiteral("Für Windrichtungen gelten keine Grenzwerte."));
     });
 }
@@ -246,11 +215,11 @@ void EvaluationTest::copiesAllOfIt() {
     fixture.chooseChannel(DUST_ROW);
     inEvaluation(fixture, [](QWidget& window) {
         QGuiApplication::clipboard()->clear();
-        QTest::mouseClick(&in<QPushButton>(window, "cmdKopieren"), Qt::LeftButton);
+        QTest::mouseClick(&controlOf<QPushButton>(window, "cmdKopieren"), Qt::LeftButton);
         const QString text = QGuiApplication::clipboard()->text();
         QVERIFY(text.startsWith(window.windowTitle() + QStringLiteral("\n\nIntervalle\t1440\n")));
-        QVERIFY(text.contains(in<QLabel>(window, "lblGrenzwerte").text()));
-        QVERIFY(text.trimmed().endsWith(in<QLabel>(window, "lblFuss").text()));
+        QVERIFY(text.contains(controlOf<QLabel>(window, "lblGrenzwerte").text()));
+        QVERIFY(text.trimmed().endsWith(controlOf<QLabel>(window, "lblFuss").text()));
     });
 }
 
@@ -260,7 +229,7 @@ void EvaluationTest::readsOnce() {
     const int before = fixture.files.opened;
     inEvaluation(fixture, [](QWidget& window) {
         QTest::keyClick(window.focusWidget(), Qt::Key_Space); // that of the check box
-        QVERIFY(in<QCheckBox>(window, "chkMinuten").isChecked());
+        QVERIFY(controlOf<QCheckBox>(window, "chkMinuten").isChecked());
     });
     QCOMPARE(fixture.files.opened - before, 1);
 }

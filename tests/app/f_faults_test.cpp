@@ -2,13 +2,11 @@
 // The window on files that answer slowly, change or go while it works, and on a program folder that is
 // removed.
 #include "diagram/PolarSys.h"
-#include "diagram/SeriesTable.h"
 #include "tests/app/WindowFixture.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemModel>
 #include <QApplication>
-#include <QTableView>
 #include <QTest>
 #include <QThread>
 #include <QTimer>
@@ -36,14 +34,6 @@ MadeStation fullStation() {
     }
     return station;
 }
-
-std::vector<double> shownSeries(const WindowFixture& fixture) {
-    const auto count = fixture.the<PolarSys>("KS").DataCount();
-    const auto values = seriesTable().row(SeriesTable::Y1).first(static_cast<std::size_t>(count));
-    return {values.begin(), values.end()};
-}
-
-int shownRows(const WindowFixture& fixture) { return fixture.the<QTableView>("lView").model()->rowCount(); }
 
 } // namespace
 
@@ -95,11 +85,11 @@ class f_faults_test : public QObject {
         fixture.click(view.constData());
         fixture.arrange(YEAR, 0);
         fixture.chooseChannel(DUST_ROW);
-        const auto series = shownSeries(fixture);
-        const int rows = shownRows(fixture);
+        const auto series = fixture.shownSeries();
+        const int rows = fixture.shownRows();
         const std::string headline = fixture.the<PolarSys>("KS").HeadLine();
         fixture.chooseChannel(0);
-        QVERIFY(shownSeries(fixture) != series || shownRows(fixture) != rows);
+        QVERIFY(fixture.shownSeries() != series || fixture.shownRows() != rows);
 
         const std::vector<int> clicks = {1, 0, 3, 1, DUST_ROW};
         std::size_t next = 0;
@@ -115,8 +105,8 @@ class f_faults_test : public QObject {
         fixture.chooseChannel(3);
         fixture.files.onRead = nullptr;
         QCOMPARE(next, clicks.size());
-        QVERIFY(shownSeries(fixture) == series);
-        QCOMPARE(shownRows(fixture), rows);
+        QVERIFY(fixture.shownSeries() == series);
+        QCOMPARE(fixture.shownRows(), rows);
         QCOMPARE(fixture.the<PolarSys>("KS").HeadLine(), headline);
         // What was given up was not read to its end.
         QVERIFY2(reads < 70, qPrintable(QString::number(reads)));
@@ -175,7 +165,7 @@ class f_faults_test : public QObject {
             }
         };
         const auto shown = [&] {
-            return view == "optView(1)" ? shownRows(fixture) : fixture.the<PolarSys>("KS").DataCount();
+            return view == "optView(1)" ? fixture.shownRows() : fixture.the<PolarSys>("KS").DataCount();
         };
         fixture.chooseChannel(DUST_ROW);
         QVERIFY(reads >= 2);
@@ -203,7 +193,7 @@ class f_faults_test : public QObject {
             for (int row = 0; row < 4; ++row) {
                 fixture.chooseChannel(row);
                 QCOMPARE(fixture.the<PolarSys>("KS").DataCount(), 0);
-                QCOMPARE(shownRows(fixture), 0);
+                QCOMPARE(fixture.shownRows(), 0);
             }
         }
         fixture.click("Command8");

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What comes while a load runs: keys held down, further choices, entries of the menus, another project.
 #include "diagram/PolarSys.h"
-#include "diagram/SeriesTable.h"
 #include "tests/app/WindowFixture.h"
 
 #include <QAbstractItemModel>
@@ -48,12 +47,6 @@ class StackDepth {
 
 /// Room for a load that is entered from a key, once; a hundred nested ones take a multiple of it.
 constexpr std::uintptr_t FEW_CALLS = 64UL * 1024;
-
-std::vector<double> shownSeries(const WindowFixture& fixture) {
-    const auto count = fixture.the<PolarSys>("KS").DataCount();
-    const auto values = seriesTable().row(SeriesTable::Y1).first(static_cast<std::size_t>(count));
-    return {values.begin(), values.end()};
-}
 
 /// A station in a folder of its own, with dust alone on the test day.
 QString layOther(const TempFolder& folder) {
@@ -125,11 +118,11 @@ class f_overtaken_test : public QObject {
 
         // What is shown is what is chosen.
         fixture.files.onRead = nullptr;
-        const auto series = shownSeries(fixture);
+        const auto series = fixture.shownSeries();
         const int rows = fixture.the<QTableView>("lView").model()->rowCount();
         const std::string headline = fixture.the<PolarSys>("KS").HeadLine();
         fixture.window->LoadData();
-        QVERIFY(shownSeries(fixture) == series);
+        QVERIFY(fixture.shownSeries() == series);
         QCOMPARE(fixture.the<QTableView>("lView").model()->rowCount(), rows);
         QCOMPARE(fixture.the<PolarSys>("KS").HeadLine(), headline);
         QCOMPARE(fixture.the<PolarSys>("KS").XLow(), fixture.window->range().from);
@@ -289,7 +282,7 @@ class f_overtaken_test : public QObject {
         const auto& ks = fixture.the<PolarSys>("KS");
         const auto& rows = *fixture.the<QTableView>("lView").model();
         if (view == "optView(0)") {
-            QVERIFY(shownSeries(fixture) == std::vector<double>(1440, 7.5));
+            QVERIFY(fixture.shownSeries() == std::vector<double>(1440, 7.5));
             QCOMPARE(ks.HeadLine(), std::string("Andere - Feinstaub [mg]"));
             QCOMPARE(rows.rowCount(), 0);
         } else {

@@ -1,21 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Printing from the window "Auswertung": what it shows is what the document says, from the queue and as a
 // file.
-#include "tests/app/WindowFixture.h"
+#include "tests/app/EvaluationDriver.h"
 #include "tests/testing/PrintTest.h"
 #include "tests/testing/PrintedDocument.h"
 #include "tests/testing/SystemReason.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QPrinter>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTest>
-#include <QTimer>
 #include <algorithm>
-#include <functional>
 
 namespace kelvrum {
 
@@ -29,35 +26,8 @@ using Queue = PrivateCups::Queue;
 constexpr int DIRECTION_ROW = 1;
 constexpr int DUST_ROW = 2;
 
-template<typename Control>
-Control& in(const QWidget& window, const char* name) {
-    auto* control = window.findChild<Control*>(QString::fromUtf8(name));
-    if (control == nullptr) {
-        throw std::runtime_error(std::string("no control ") + name);
-    }
-    return *control;
-}
-
-/// Opens the window by its key, looks at it when the figures are there, and closes it.
-void inEvaluation(const WindowFixture& fixture, const std::function<void(QWidget&)>& look) {
-    bool looked = false;
-    QTimer timer; // not within the reading, which lets events run
-    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-        QWidget* window = QApplication::activeModalWidget();
-        if (window != nullptr && in<QPushButton>(*window, "cmdDrucken").isEnabled()) {
-            timer.stop();
-            look(*window);
-            looked = true;
-            window->close();
-        }
-    });
-    timer.start(10);
-    QTest::keyClick(fixture.window.get(), Qt::Key_F6);
-    QVERIFY(looked);
-}
-
 void print(const QWidget& window) {
-    QTest::mouseClick(&in<QPushButton>(window, "cmdDrucken"), Qt::LeftButton);
+    QTest::mouseClick(&controlOf<QPushButton>(window, "cmdDrucken"), Qt::LeftButton);
 }
 
 /// All cells of a view, row by row.
@@ -120,12 +90,12 @@ class f_print_evaluation_test : public PrintTest {
     static void compare(const QWidget& window, const std::vector<PrintedPage>& pages) {
         QVERIFY(pages[0].has(window.windowTitle()));
         QVERIFY(pages[0].has(QStringLiteral("Kläranlage Nord")));
-        for (const QStringList& row : cellsOf(in<QTableView>(window, "vwKennzahlen"))) {
+        for (const QStringList& row : cellsOf(controlOf<QTableView>(window, "vwKennzahlen"))) {
             QVERIFY(hasLine(pages, row));
         }
-        QVERIFY(hasSomewhere(pages, in<QLabel>(window, "lblGrenzwerte").text()));
-        QVERIFY(hasSomewhere(pages, in<QLabel>(window, "lblFuss").text()));
-        auto& tabs = in<QTabWidget>(window, "tabTabellen");
+        QVERIFY(hasSomewhere(pages, controlOf<QLabel>(window, "lblGrenzwerte").text()));
+        QVERIFY(hasSomewhere(pages, controlOf<QLabel>(window, "lblFuss").text()));
+        auto& tabs = controlOf<QTabWidget>(window, "tabTabellen");
         for (int tab = 0; tab < tabs.count(); ++tab) {
             auto& view = *qobject_cast<QTableView*>(tabs.widget(tab));
             QVERIFY(hasSomewhere(pages, tabs.tabText(tab)));

@@ -186,7 +186,7 @@ class f_start_test : public QObject {
         QCOMPARE(ks.Y1axe(), Colour{0x400000});
         QCOMPARE(ks.Y1Low(), -5.0);
         QCOMPARE(ks.Y1High(), 5.0);
-        QCOMPARE(ks.storedY1MinLow(), 0.2);
+        QCOMPARE(ks.properties().Y1MinLow, 0.2);
         QCOMPARE(ks.XLow(), dateSerial(2020, 6, 18));
         QCOMPARE(ks.XHigh(), dateSerial(2020, 6, 19));
         QCOMPARE(ks.AchseText(), std::string());

@@ -2,6 +2,7 @@
 #include "tests/batchprint/BatchFixture.h"
 
 #include "config/ReadConf.h"
+#include "tests/testing/Stations.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -11,8 +12,6 @@
 namespace kelvrum::testing {
 
 namespace {
-
-constexpr int TEST_DAY_MINUTE = (31 + 29 + 31 + 30 + 31 + 17) * 1440; // 18 June 2020
 
 constexpr const char* STATION =
     "PROJEKTNAME=Kläranlage Nord\nSTANDORT=Köln\nGERAETNUMMER=17\nDATAFOLDER=Data\n"

@@ -3,7 +3,6 @@
 // makes it so is preloaded by tools/checks/slowshare.sh.
 #include "tests/counterparts/SlowShare.h"
 #include "diagram/PolarSys.h"
-#include "diagram/SeriesTable.h"
 #include "tests/app/WindowFixture.h"
 #include "util/MarkedCalendar.h"
 #include "util/Pickers.h"
@@ -15,7 +14,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTableView>
 #include <QTest>
 #include <QTimer>
 #include <algorithm>
@@ -115,14 +113,6 @@ MadeStation fullStation() {
     return station;
 }
 
-std::vector<double> shownSeries(const WindowFixture& fixture) {
-    const auto count = fixture.the<PolarSys>("KS").DataCount();
-    const auto values = seriesTable().row(SeriesTable::Y1).first(static_cast<std::size_t>(count));
-    return {values.begin(), values.end()};
-}
-
-int shownRows(const WindowFixture& fixture) { return fixture.the<QTableView>("lView").model()->rowCount(); }
-
 /// Whether what a broken reading shows is the beginning of the whole, up to gaps.
 bool isPartOf(const std::vector<double>& shown, const std::vector<double>& whole) {
     return shown.size() <= whole.size() &&
@@ -206,8 +196,8 @@ class f_slowshare_check : public QObject {
                               int requests) {
         const int last = rows - 1;
         fixture.chooseChannel(last);
-        const auto whole = shownSeries(fixture);
-        const int wholeRows = shownRows(fixture);
+        const auto whole = fixture.shownSeries();
+        const int wholeRows = fixture.shownRows();
         const std::string headline = fixture.the<PolarSys>("KS").HeadLine();
         fixture.chooseChannel(0);
         Watch watch;
@@ -231,11 +221,11 @@ class f_slowshare_check : public QObject {
             QCOMPARE(channels.currentRow(), last);
             QCOMPARE(channels.selectedItems(), QList<QListWidgetItem*>{channels.item(last)});
             QCOMPARE(fixture.the<PolarSys>("KS").HeadLine(), headline);
-            QVERIFY(isPartOf(shownSeries(fixture), whole));
-            QVERIFY(shownRows(fixture) <= wholeRows);
+            QVERIFY(isPartOf(fixture.shownSeries(), whole));
+            QVERIFY(fixture.shownRows() <= wholeRows);
             if (answers == ALL) {
-                QVERIFY(shownSeries(fixture) == whole);
-                QCOMPARE(shownRows(fixture), wholeRows);
+                QVERIFY(fixture.shownSeries() == whole);
+                QCOMPARE(fixture.shownRows(), wholeRows);
             }
         }
         QVERIFY2(watch.highest - watch.deepest < FEW_CALLS,
@@ -244,8 +234,8 @@ class f_slowshare_check : public QObject {
         compareAnswers(watch, wholeRows > 0 ? PAINTED_ROWS : MOST_CALLS);
         QCOMPARE(fixture.dialogs->messages, QStringList());
         fixture.window->LoadData(); // the share is well again
-        QVERIFY(shownSeries(fixture) == whole);
-        QCOMPARE(shownRows(fixture), wholeRows);
+        QVERIFY(fixture.shownSeries() == whole);
+        QCOMPARE(fixture.shownRows(), wholeRows);
     }
 
   private Q_SLOTS:

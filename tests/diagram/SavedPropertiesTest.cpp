@@ -123,7 +123,7 @@ TEST(SavedProperties, WhatIsNotSavedStays) {
     diagram.AddData(1, 2);
     loadSaved("", diagram);
     EXPECT_EQ(diagram.HeadLine(), "Titel");
-    EXPECT_EQ(diagram.storedY1MinLow(), 4);
+    EXPECT_EQ(diagram.properties().Y1MinLow, 4);
     EXPECT_EQ(diagram.Hilfslinie1(), 5);
     EXPECT_TRUE(diagram.showMittel());
     EXPECT_EQ(diagram.DataCount(), 1);

@@ -7,6 +7,9 @@
 
 namespace kelvrum::testing {
 
+/// Minute of the year 2020 at which the data of 18 June begin, the day that tests of windows take for today.
+inline constexpr int TEST_DAY_MINUTE = (31 + 29 + 31 + 30 + 31 + 17) * 1440;
+
 /// A station of channel files: 4 (speed), 5 (direction, paired with 4), 12 (sum) and 104 (mean). The paired
 /// file is looked for without the project's folder, so the data folder is absolute.
 StationConfig channelStation(const TempFolder& folder);

@@ -12,6 +12,20 @@
 
 namespace kelvrum::testing {
 
+/// A control of a window by its object name; throws std::runtime_error when there is none.
+template<typename Control>
+Control& controlOf(const QWidget& window, const QString& name) {
+    auto* control = window.findChild<Control*>(name);
+    if (control == nullptr) {
+        throw std::runtime_error("no control " + name.toStdString());
+    }
+    return *control;
+}
+template<typename Control>
+Control& controlOf(const QWidget& window, const char* name) {
+    return controlOf<Control>(window, QString::fromUtf8(name));
+}
+
 /// What cannot be done throws std::runtime_error, so that no test and no picture goes on with less than it
 /// says.
 class WindowDriver {
@@ -26,15 +40,11 @@ class WindowDriver {
     /// A control by its object name.
     template<typename Control>
     [[nodiscard]] Control& the(const QString& name) const {
-        auto* control = window_.findChild<Control*>(name);
-        if (control == nullptr) {
-            throw std::runtime_error("no control " + name.toStdString());
-        }
-        return *control;
+        return controlOf<Control>(window_, name);
     }
     template<typename Control>
     [[nodiscard]] Control& the(const char* name) const {
-        return the<Control>(QString::fromUtf8(name));
+        return controlOf<Control>(window_, name);
     }
 
     /// Clicks a button, check box or option near its left edge.

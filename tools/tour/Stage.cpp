@@ -5,6 +5,7 @@
 #include "diagram/PolarSys.h"
 #include "tools/makestation/FileWriting.h"
 #include "tools/makestation/StationWriter.h"
+#include "tools/tour/Picture.h"
 
 #include <QAction>
 #include <QApplication>
@@ -138,5 +139,7 @@ void Stage::rest() const {
     }
     QCoreApplication::processEvents();
 }
+
+QImage Stage::picture() const { return framed(pictureOf(*window_), window_->windowTitle()); }
 
 } // namespace kelvrum::tour

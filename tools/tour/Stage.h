@@ -6,6 +6,7 @@
 #include "tests/testing/WindowDriver.h"
 #include "util/Dialogs.h"
 
+#include <QImage>
 #include <QString>
 #include <QTemporaryDir>
 #include <QWidget>
@@ -65,8 +66,8 @@ class Stage {
         testing::WindowDriver::inWindowOf(open, look);
     }
 
-    /// The title of a window's bar.
-    [[nodiscard]] QString title() const { return window_->windowTitle(); }
+    /// The window as displayed, with its title bar.
+    [[nodiscard]] QImage picture() const;
 
   private:
     void typeDate(const char* picker, const char* date) const;

@@ -12,8 +12,6 @@ namespace kelvrum::tour {
 
 namespace {
 
-QImage whole(const Stage& stage) { return framed(pictureOf(stage.window()), stage.title()); }
-
 /// The whole diagram on its own: in the window the scroll bar covers its bottom edge.
 QImage diagram(const Stage& stage) {
     const auto& ks = stage.the<PolarSys>("KS");
@@ -29,12 +27,12 @@ void scales(const SampleFolder& station, const QString& pictures) {
     stage.chooseInterval("15 Minuten");
     stage.click("Option1");
     stage.rest();
-    save(whole(stage), pictures, QStringLiteral("scale-automatic"));
+    save(stage.picture(), pictures, QStringLiteral("scale-automatic"));
     stage.click("Option2");
     stage.type("Text1", "0");
     stage.type("Text2", "12.5");
     stage.rest();
-    save(whole(stage), pictures, QStringLiteral("scale-manual"));
+    save(stage.picture(), pictures, QStringLiteral("scale-manual"));
 }
 
 void limits(const SampleFolder& station, const QString& pictures) {
@@ -47,7 +45,7 @@ void limits(const SampleFolder& station, const QString& pictures) {
     stage.type("Text4", "25");
     stage.click("Check2");
     stage.rest();
-    save(whole(stage), pictures, QStringLiteral("limits"));
+    save(stage.picture(), pictures, QStringLiteral("limits"));
 }
 
 void kindMenu(const SampleFolder& station, const QString& pictures) {
@@ -58,7 +56,7 @@ void kindMenu(const SampleFolder& station, const QString& pictures) {
     stage.rest();
     stage.openKinds();
     QTest::qWait(100);
-    save(whole(stage), pictures, QStringLiteral("kinds"));
+    save(stage.picture(), pictures, QStringLiteral("kinds"));
     stage.the<QMenu>("menKS").close();
 }
 

@@ -12,8 +12,6 @@ namespace kelvrum::tour {
 
 namespace {
 
-QImage whole(const Stage& stage) { return framed(pictureOf(stage.window()), stage.title()); }
-
 /// Two values of a day of dust and the differences between them.
 void readout(const SampleFolder& station, const QString& pictures) {
     const Stage stage(station);
@@ -32,7 +30,7 @@ void readout(const SampleFolder& station, const QString& pictures) {
     for (int i = 0; i < APART; ++i) {
         QTest::keyClick(&ks, Qt::Key_Right);
     }
-    save(whole(stage), pictures, QStringLiteral("readout"));
+    save(stage.picture(), pictures, QStringLiteral("readout"));
 }
 
 void calendar(const SampleFolder& station, const QString& pictures) {
@@ -62,7 +60,7 @@ void secondChannel(const SampleFolder& station, const QString& pictures) {
         throw std::runtime_error("no second channel");
     }
     stage.rest();
-    save(whole(stage), pictures, QStringLiteral("second"));
+    save(stage.picture(), pictures, QStringLiteral("second"));
 }
 
 } // namespace

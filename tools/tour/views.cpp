@@ -24,12 +24,12 @@ void wholeWindow(const SampleFolder& station, const QString& pictures) {
     stage.type("Text4", "35");
     stage.click("Check2");
     stage.rest();
-    save(framed(pictureOf(stage.window()), stage.title()), pictures, QStringLiteral("window"));
+    save(stage.picture(), pictures, QStringLiteral("window"));
 }
 
 void atTheStart(const SampleFolder& station, const QString& pictures) {
     const Stage stage(station);
-    save(framed(pictureOf(stage.window()), stage.title()), pictures, QStringLiteral("start"));
+    save(stage.picture(), pictures, QStringLiteral("start"));
 }
 
 /// A close-up of the column from one control down to another, with a numbered disc beside each that the text
@@ -63,7 +63,7 @@ void averages(const SampleFolder& station, const QString& pictures) {
     auto& box = stage.the<QComboBox>("selInterval");
     box.showPopup();
     QTest::qWait(300); // until the list is open
-    save(framed(pictureOf(stage.window()), stage.title()), pictures, QStringLiteral("averages"));
+    save(stage.picture(), pictures, QStringLiteral("averages"));
     box.hidePopup();
 }
 
@@ -78,7 +78,7 @@ void list(const SampleFolder& station, const QString& pictures) {
     constexpr int LAST = 9;
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, rowAt(FIRST));
     QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ShiftModifier, rowAt(LAST));
-    save(framed(pictureOf(stage.window()), stage.title()), pictures, QStringLiteral("list"));
+    save(stage.picture(), pictures, QStringLiteral("list"));
 }
 
 void fileMenu(const SampleFolder& station, const QString& pictures) {

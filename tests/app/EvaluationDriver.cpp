@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/app/EvaluationDriver.h"
+
+#include <QApplication>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <stdexcept>
+
+namespace kelvrum::testing {
+
+void inEvaluation(const WindowFixture& fixture, const std::function<void(QWidget&)>& look) {
+    bool looked = false;
+    QTimer timer; // not within the reading, which lets events run
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        QWidget* window = QApplication::activeModalWidget();
+        if (window != nullptr && window->objectName() == QStringLiteral("Auswertung") &&
+            controlOf<QPushButton>(*window, "cmdKopieren").isEnabled()) {
+            timer.stop();
+            look(*window);
+            looked = true;
+            window->close();
+        }
+    });
+    fixture.window->activateWindow();
+    if (!QTest::qWaitForWindowActive(fixture.window.get())) {
+        throw std::runtime_error("the main window is not active");
+    }
+    timer.start(10);
+    QTest::keyClick(fixture.window.get(), Qt::Key_F6);
+    if (!looked) {
+        throw std::runtime_error("F6 opened no evaluation");
+    }
+}
+
+} // namespace kelvrum::testing
