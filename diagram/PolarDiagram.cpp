@@ -11,6 +11,8 @@
 #include <limits>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace kelvrum {
 
@@ -59,7 +61,7 @@ class PolarPainting {
     }
 
     PolarDrawing run() {
-        PolarDrawing result{geometry_, {}, samples_.count, startAngle(), yCentre()};
+        PolarDrawing result{geometry_, {}, samples_.count, startAngle(), yCentre(), {}};
         if (result.yCentre) {
             surface_.clear(properties_.BgCol);
             surface_.setPen(BLACK);
@@ -78,6 +80,7 @@ class PolarPainting {
         drawFootnote();
         drawFrame();
         drawHeadLine();
+        result.texts = std::move(drawnTexts_);
         return result;
     }
 
@@ -103,6 +106,12 @@ class PolarPainting {
     [[nodiscard]] int outerY() const { return geometry_.dy(geometry_.rings); }
     /// The screen angle of direction 0, in radians.
     [[nodiscard]] double startAngle() const { return properties_.AngelOffset; }
+
+    void drawText(Dot at, std::string_view text) {
+        const Extent extent = surface_.textExtent(text);
+        drawnTexts_.push_back({at.x, at.y, at.x + extent.width, at.y + extent.height});
+        surface_.text(at, text);
+    }
 
     /// Rings, spokes, and the white disc that covers the spokes inside of the first ring.
     void drawGrid() {
@@ -171,7 +180,7 @@ class PolarPainting {
                     Box{xc - units(1), at.y, xc + units(1) + 1, at.y + extent.height}};
                 surface_.fill(behind, paper_);
             }
-            surface_.text(at, label);
+            drawText(at, label);
         }
     }
 
@@ -195,17 +204,17 @@ class PolarPainting {
         surface_.setFont(font);
         const int fs = units(points);
         const int middle = geometry_.top + (size_.height - geometry_.top) / 2 - fs / 2;
-        surface_.text({size_.width / 2 - units(3), geometry_.top + fs / 2}, "N");
-        surface_.text({size_.width / 2 - units(3), size_.height - fs - units(10)}, "S");
-        surface_.text({units(9), middle}, "W");
-        surface_.text({size_.width - units(18), middle}, "E");
+        drawText({size_.width / 2 - units(3), geometry_.top + fs / 2}, "N");
+        drawText({size_.width / 2 - units(3), size_.height - fs - units(10)}, "S");
+        drawText({units(9), middle}, "W");
+        drawText({size_.width - units(18), middle}, "E");
         surface_.setFont(properties_.SkalaFont);
     }
 
     void drawFootnote() {
         if (!properties_.Fussnote.empty()) {
             const int width = surface_.textExtent(properties_.Fussnote).width;
-            surface_.text({size_.width - width - units(8), size_.height - units(16)}, properties_.Fussnote);
+            drawText({size_.width - width - units(8), size_.height - units(16)}, properties_.Fussnote);
         }
     }
 
@@ -235,6 +244,7 @@ class PolarPainting {
     Extent size_;
     Extent head_;
     PolarGeometry geometry_;
+    std::vector<Box> drawnTexts_; // but the head line
 };
 
 } // namespace

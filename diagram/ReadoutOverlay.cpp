@@ -18,10 +18,6 @@ namespace {
 
 constexpr int POINTER_REST = 300; // milliseconds until a value under the pointer is reported
 
-// Pixels.
-constexpr int COVERED_FOOT = 16; // of the control: the window's scroll bar is above it
-constexpr int NOTES_GAP = 6;     // between the notes and the edges of the control
-
 } // namespace
 
 ReadoutOverlay::ReadoutOverlay(PolarSys& diagram, LocaleTexts texts)
@@ -39,7 +35,7 @@ ReadoutOverlay::ReadoutOverlay(PolarSys& diagram, LocaleTexts texts)
     hint_->hide();
     notes_->setObjectName(QStringLiteral("notes"));
     notes_->setTextFormat(Qt::PlainText);
-    notes_->setStyleSheet(QStringLiteral("color: black; background: rgba(255, 255, 255, 216)"));
+    notes_->setStyleSheet(QStringLiteral("color: black")); // the picture is white in every palette
     notes_->hide();
     rest_.setSingleShot(true);
     rest_.setInterval(POINTER_REST);
@@ -54,7 +50,6 @@ ReadoutOverlay::ReadoutOverlay(PolarSys& diagram, LocaleTexts texts)
 bool ReadoutOverlay::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &diagram_ && event->type() == QEvent::Resize) {
         setGeometry(diagram_.rect());
-        placeNotes();
     }
     return QWidget::eventFilter(watched, event);
 }
@@ -102,6 +97,7 @@ void ReadoutOverlay::pictureDrawn() {
     isLost_ = false;
     kept_ = {};
     placeHint();
+    showNotes();
     if (band_) {
         update();
     }
@@ -336,46 +332,6 @@ void ReadoutOverlay::setBand(const std::optional<TimeRange>& band) {
         band_ = band;
         update();
     }
-}
-
-void ReadoutOverlay::setHint(const QString& hint) {
-    hint_->setText(hint);
-    hint_->setVisible(!hint.isEmpty());
-    placeHint();
-}
-
-QString ReadoutOverlay::hint() const { return hint_->text(); }
-
-/// At the foot of the plot, or of what is visible of the control where there is no plot.
-void ReadoutOverlay::placeHint() {
-    QRect area = rect().adjusted(0, 0, 0, -COVERED_FOOT);
-    if (hasPlot()) {
-        const PlotArea& plot = diagram_.lineShown()->plot;
-        area = QRect(
-            QPoint(static_cast<int>(plot.left / ratio()) + 1, 0),
-            QPoint(static_cast<int>(plot.right / ratio()) - 1, static_cast<int>(plot.bottom / ratio()) - 2));
-    }
-    const int height = hint_->fontMetrics().height();
-    hint_->setGeometry(area.left(), area.bottom() - height, area.width(), height);
-}
-
-void ReadoutOverlay::setNotes(const std::vector<std::string>& lines) {
-    QStringList texts;
-    for (const std::string& line : lines) {
-        texts << QString::fromStdString(line);
-    }
-    notes_->setText(texts.join(QLatin1Char('\n')));
-    notes_->setVisible(!lines.empty());
-    placeNotes();
-}
-
-QString ReadoutOverlay::notes() const { return notes_->text(); }
-
-/// Above the hint's line, which a rose without values has.
-void ReadoutOverlay::placeNotes() {
-    const QSize size = notes_->sizeHint();
-    const int bottom = height() - COVERED_FOOT - NOTES_GAP - hint_->fontMetrics().height();
-    notes_->setGeometry(NOTES_GAP, bottom - size.height(), size.width(), size.height());
 }
 
 } // namespace kelvrum

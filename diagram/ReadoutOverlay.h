@@ -76,8 +76,10 @@ class ReadoutOverlay : public QWidget {
     void setHint(const QString& hint);
     [[nodiscard]] QString hint() const;
 
-    /// Lines in the lower left corner of the control; none: no notes.
-    void setNotes(const std::vector<std::string>& lines);
+    /// Notes in a corner beside a rose, as lines, and shorter forms of them: the first that leaves rings and
+    /// letters free is shown, none where there is no room. Nothing: no notes.
+    void setNotes(std::vector<std::vector<std::string>> forms);
+    /// The first form, whether there is room for it or not.
     [[nodiscard]] QString notes() const;
 
   Q_SIGNALS:
@@ -110,8 +112,11 @@ class ReadoutOverlay : public QWidget {
     void readSector(std::int64_t index);
     void tell(std::vector<std::string> lines);
     void clearReadout();
+
+    // --- ReadoutOverlay_notes.cpp ---
     void placeHint();
-    void placeNotes();
+    void showNotes();
+    [[nodiscard]] bool showForm(const std::vector<std::string>& lines);
 
     // --- ReadoutOverlay_paint.cpp ---
     void layOut();
@@ -147,7 +152,8 @@ class ReadoutOverlay : public QWidget {
     std::optional<TimeRange> band_;
     QLabel* hint_;
     QLabel* notes_;
-    QTimer rest_; // of the pointer
+    std::vector<std::vector<std::string>> forms_; // of the notes
+    QTimer rest_;                                 // of the pointer
 };
 
 } // namespace kelvrum

@@ -3,6 +3,7 @@
 #include "tests/app/DiagramHand.h"
 
 #include <QAction>
+#include <QImage>
 #include <QLabel>
 #include <QMenu>
 #include <QRadioButton>
@@ -179,6 +180,60 @@ class f_hints_test : public QObject {
         QVERIFY(!hint.geometry().intersects(label.geometry()));
         fixture.the<QMenu>("menKS").findChild<QAction*>(QStringLiteral("menLinie"))->trigger();
         QVERIFY(!label.isVisible());
+    }
+
+    /// In a small window the notes become shorter, move to another corner or go: they cover neither rings nor
+    /// letters.
+    void theNotesOfARoseCoverNothing_data() {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<int>("lines");
+        QTest::newRow("wide") << QSize(1600, 700) << 4;
+        QTest::newRow("usual") << QSize(1000, 700) << 4;
+        QTest::newRow("smaller") << QSize(800, 600) << 4;
+        QTest::newRow("high") << QSize(500, 900) << 5;
+        QTest::newRow("small") << QSize(560, 420) << 2;
+        QTest::newRow("low") << QSize(700, 300) << 2;
+        QTest::newRow("smallest") << QSize(320, 240) << 0;
+    }
+    void theNotesOfARoseCoverNothing() {
+        QFETCH(QSize, size);
+        QFETCH(int, lines);
+        const WindowFixture fixture;
+        const DiagramHand hand(fixture);
+        fixture.chooseChannel(DIRECTION_ROW);
+        fixture.chooseInterval(3);
+        fixture.the<QMenu>("menKS").findChild<QAction*>(QStringLiteral("menPolar"))->trigger();
+        const QString notes = hand.overlay.notes();
+        fixture.window->resize(size);
+        QTRY_COMPARE(fixture.window->size(), size);
+        fixture.window->grab(); // drawn anew
+        auto& label = fixture.the<QLabel>("notes");
+        QCOMPARE(hand.overlay.notes(), notes);
+        QCOMPARE(label.isVisible() ? label.text().count(QLatin1Char('\n')) + 1 : 0, lines);
+        if (lines == 0) {
+            return;
+        }
+        const double ratio = label.devicePixelRatioF();
+        QImage text((QSizeF(label.size()) * ratio).toSize(), QImage::Format_ARGB32);
+        text.setDevicePixelRatio(ratio);
+        text.fill(Qt::transparent);
+        label.render(&text, {}, {}, QWidget::DrawChildren);
+        const QImage picture = hand.KS.picture().toImage();
+        const PolarGeometry& rose = hand.KS.polarShown()->geometry;
+        int letters = 0;
+        for (int y = 0; y < text.height(); ++y) {
+            for (int x = 0; x < text.width(); ++x) {
+                if (qAlpha(text.pixel(x, y)) > 0) {
+                    const QPoint at = (QPointF(label.pos()) * ratio).toPoint() + QPoint(x, y);
+                    const double dx = double(at.x() - rose.xCentre) / rose.dx(rose.rings);
+                    const double dy = double(at.y() - rose.yCentre) / rose.dy(rose.rings);
+                    QVERIFY(dx * dx + dy * dy > 1);
+                    QVERIFY(picture.rect().contains(at) && picture.pixel(at) == qRgb(255, 255, 255));
+                    ++letters;
+                }
+            }
+        }
+        QVERIFY(letters > 100);
     }
 
     /// A lookup that a newer request overtakes tells nothing.
