@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "util/MarkedCalendar.h"
 
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPen>
+#include <QTableView>
 #include <QTextCharFormat>
+#include <QToolTip>
 
 namespace kelvrum {
 
@@ -19,10 +22,15 @@ MarkedCalendar::MarkedCalendar(QWidget* parent)
             showMonth();
         }
     });
+    connect(this, &QCalendarWidget::selectionChanged, this, [this] {
+        isWalked_ = isVisible() && QGuiApplication::mouseButtons() == Qt::NoButton;
+        describeDay();
+    });
 }
 
 void MarkedCalendar::showEvent(QShowEvent* event) {
     QCalendarWidget::showEvent(event);
+    isWalked_ = false;
     showMonth();
 }
 
@@ -44,6 +52,18 @@ void MarkedCalendar::setMarks(const std::map<QDate, Mark>& marks) {
         }
     }
     updateCells();
+    describeDay();
+}
+
+void MarkedCalendar::describeDay() {
+    const auto found = marks_.find(selectedDate());
+    const QString text = found == marks_.end() ? QString() : found->second.text;
+    setAccessibleDescription(text);
+    const auto* days = findChild<QTableView*>();
+    if (isWalked_ && days != nullptr) {
+        const QPoint below = days->visualRect(days->currentIndex()).bottomLeft();
+        QToolTip::showText(days->viewport()->mapToGlobal(below), text, days->viewport());
+    }
 }
 
 DayMark MarkedCalendar::markOf(const QDate& day) const {

@@ -14,7 +14,8 @@ namespace kelvrum {
 enum class DayMark { none, empty, half, full };
 
 /// Marks the days of the month that is shown. The owner sets the marks when the calendar is folded out or
-/// turns to another month.
+/// turns to another month. The text of the selected day is the calendar's accessible description too, and its
+/// tool tip appears while keys move the selection.
 class MarkedCalendar : public QCalendarWidget {
     Q_OBJECT
 
@@ -43,8 +44,10 @@ class MarkedCalendar : public QCalendarWidget {
 
   private:
     void showMonth();
+    void describeDay();
 
     std::map<QDate, Mark> marks_;
+    bool isWalked_ = false; // keys have moved the selection
 };
 
 } // namespace kelvrum

@@ -11,6 +11,8 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QStyle>
+#include <QStyleOptionComboBox>
 #include <QTimeZone>
 #include <algorithm>
 
@@ -292,6 +294,27 @@ void DatePicker::mousePressEvent(QMouseEvent* event) {
         disconnect(calendar, &QCalendarWidget::selectionChanged, calendar->parentWidget(), nullptr);
         calendar->setDateEditEnabled(false); // digits would count from today
     }
+}
+
+/// The toolkit folds the calendar out for the mouse alone: the keys press the arrow.
+void DatePicker::keyPressEvent(QKeyEvent* event) {
+    const bool folds =
+        (event->key() == Qt::Key_F4 && event->modifiers() == Qt::NoModifier) ||
+        (event->key() == Qt::Key_Down && (event->modifiers() & ~Qt::KeypadModifier) == Qt::AltModifier);
+    if (!folds || isReadOnly()) {
+        TypedPicker<QDateEdit>::keyPressEvent(event);
+        return;
+    }
+    QStyleOptionComboBox option;
+    option.initFrom(this);
+    option.editable = true;
+    option.subControls = QStyle::SC_All;
+    const QPointF arrow =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this).center();
+    QMouseEvent press(QEvent::MouseButtonPress, arrow, mapToGlobal(arrow), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    mousePressEvent(&press);
+    event->accept();
 }
 
 TimePicker::TimePicker(QWidget* parent)

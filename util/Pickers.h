@@ -55,8 +55,9 @@ class TypedPicker : public Edit {
 extern template class TypedPicker<QDateEdit>;
 extern template class TypedPicker<QTimeEdit>;
 
-/// A date with a calendar to fold out, which may be walked through with keys: what is chosen there is one
-/// change. A typed date that does not exist (31.02.2026) is discarded, the old one stays.
+/// A date with a calendar to fold out, by a click on its arrow, F4 or Alt+Down, which may be walked through
+/// with keys: what is chosen there is one change. A typed date that does not exist (31.02.2026) is discarded,
+/// the old one stays.
 class DatePicker : public TypedPicker<QDateEdit> {
     Q_OBJECT
 
@@ -71,6 +72,7 @@ class DatePicker : public TypedPicker<QDateEdit> {
     void take(const SectionTyping& typed) override;
     [[nodiscard]] QValidator::State validate(QString& text, int& position) const override;
     void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 };
 
 /// A time of day, hours and minutes. Steps of a minute carry over the full hour: 10:00 steps back to 09:59.

@@ -7,8 +7,12 @@
 #include <QDateEdit>
 #include <QStyle>
 #include <QStyleOptionSpinBox>
+#include <QTableView>
 #include <QTest>
 #include <QTextCharFormat>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace kelvrum {
 
@@ -79,6 +83,58 @@ class f_calendar_test : public QObject {
         QCOMPARE(calendar.markOf(QDate(2020, 6, 17)), DayMark::none);
         QCOMPARE(toolTip(calendar, QDate(2020, 6, 17)), QString());
         QCOMPARE(toolTip(calendar, QDate(2020, 6, 18)), QStringLiteral("180 Minuten mit Wert"));
+        calendar.parentWidget()->close();
+    }
+
+    /// Keys fold the calendar out, walk through it and read what a day has, without a change before Return.
+    void keysReadTheDays() {
+        const WindowFixture fixture;
+        auto& picker = fixture.the<DatePicker>("DTPicker");
+        const auto& KS = fixture.the<PolarSys>("KS");
+        for (const auto& [key, modifiers] :
+             {std::pair(Qt::Key_F4, Qt::KeyboardModifiers()),
+              std::pair(Qt::Key_Down, Qt::KeyboardModifiers(Qt::AltModifier))}) {
+            picker.setFocus(Qt::TabFocusReason);
+            const QDate before = picker.date();
+            QTest::keyClick(&picker, key, modifiers);
+            auto* calendar = picker.findChild<MarkedCalendar*>();
+            QVERIFY(calendar != nullptr && calendar->isVisible());
+            QTRY_COMPARE(calendar->accessibleDescription(),
+                         QStringLiteral("1320 von 1440 Minuten vorhanden"));
+            QWidget* days = calendar->findChild<QTableView*>();
+            QVERIFY(days != nullptr);
+            QTest::keyClick(days, Qt::Key_Right);
+            QCOMPARE(calendar->accessibleDescription(), QStringLiteral("1440 von 1440 Minuten vorhanden"));
+            QTest::keyClick(days, Qt::Key_Right);
+            QCOMPARE(calendar->accessibleDescription(), QStringLiteral("Keine Werte"));
+            const int drawings = KS.drawings();
+            QTest::keyClick(days, Qt::Key_Escape);
+            QVERIFY(!calendar->isVisible());
+            QCOMPARE(picker.date(), before);
+            QCOMPARE(KS.drawings(), drawings);
+        }
+    }
+
+    /// Of day files, whatever year they are of.
+    void daysOfDayFiles() {
+        const WindowFixture fixture;
+        const std::vector<std::string> names = {"Luft", "-", "Boden"};
+        const std::string conf = fixture.folder->write("Tag/VARNIX.CFG", varnixFile("Station", names, false));
+        std::string day;
+        for (int minute = 0; minute < 1440; ++minute) {
+            day += dayRecord(2020, 6, 18, minute, std::vector<float>{1, minute < 700 ? 2.0F : 0.0F});
+        }
+        fixture.folder->write("Tag/20200618.KMH", day);
+        fixture.window->readConf(conf);
+        fixture.window->LoadData();
+        MarkedCalendar& calendar = openCalendar(fixture, "DTPicker2");
+        QTRY_COMPARE(calendar.markOf(QDate(2020, 6, 18)), DayMark::full);
+        QCOMPARE(calendar.markOf(QDate(2020, 6, 19)), DayMark::empty);
+        calendar.parentWidget()->close();
+        fixture.chooseChannel(1);
+        openCalendar(fixture, "DTPicker2");
+        QTRY_COMPARE(calendar.markOf(QDate(2020, 6, 18)), DayMark::half);
+        QCOMPARE(toolTip(calendar, QDate(2020, 6, 18)), QStringLiteral("700 von 1440 Minuten vorhanden"));
         calendar.parentWidget()->close();
     }
 
