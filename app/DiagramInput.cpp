@@ -30,6 +30,7 @@ DiagramInput::DiagramInput(PolarSys& diagram, ReadoutOverlay& overlay, std::func
     , interval_(std::move(interval)) {
     diagram.setMouseTracking(true);
     diagram.installEventFilter(this);
+    connect(&diagram, &PolarSys::drawn, this, &DiagramInput::pictureDrawn);
 }
 
 bool DiagramInput::eventFilter(QObject* watched, QEvent* event) {
@@ -46,6 +47,8 @@ bool DiagramInput::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseButtonRelease:
         released(*static_cast<QMouseEvent*>(event));
         break;
+    case QEvent::ContextMenu:
+        return drag_.has_value(); // a menu would take the release of the button
     case QEvent::Leave:
         overlay_.pointerLeft();
         break;
@@ -75,6 +78,8 @@ void DiagramInput::moved(const QMouseEvent& event) {
     overlay_.pointAt(event.position());
     if (drag_ && event.buttons().testFlag(Qt::LeftButton)) {
         drag(event.position());
+    } else if (drag_) {
+        escape(); // another window has taken the release
     }
 }
 
@@ -104,6 +109,15 @@ bool DiagramInput::turned(const QWheelEvent& event) {
     turned_ -= steps * WHEEL_STEP;
     zoom(steps, overlay_.timeAt(event.position()).value_or(middle()));
     return true;
+}
+
+void DiagramInput::pictureDrawn() {
+    const bool hasPlot = diagram_.lineShown().has_value();
+    const TimeRange now = hasPlot ? TimeRange{diagram_.XLow(), diagram_.XHigh()} : TimeRange{};
+    if (now.from != shown_.from || now.to != shown_.to) {
+        escape();
+    }
+    shown_ = now;
 }
 
 // --- keys ---

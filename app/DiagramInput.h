@@ -20,7 +20,8 @@ class PolarSys;
 class ReadoutOverlay;
 
 /// Works on the diagram's events. A click alone does nothing; a drag of five pixels or more in the plot, the
-/// wheel with Ctrl and keys choose ranges.
+/// wheel with Ctrl and keys choose ranges. A picture of other times ends a drag and a band by keys, and no
+/// menu opens during a drag.
 class DiagramInput : public QObject {
     Q_OBJECT
 
@@ -42,6 +43,7 @@ class DiagramInput : public QObject {
     void pressed(const QMouseEvent& event);
     void moved(const QMouseEvent& event);
     void drag(const QPointF& place);
+    void pictureDrawn();
     void released(const QMouseEvent& event);
     bool turned(const QWheelEvent& event);
     bool typed(const QKeyEvent& event);
@@ -66,6 +68,7 @@ class DiagramInput : public QObject {
     std::function<std::int32_t()> interval_;
     std::optional<Drag> drag_;
     std::optional<DateTime> anchor_; // of the band that keys extend
+    TimeRange shown_;                // by the picture; empty without a plot
     int turned_ = 0;                 // of the wheel, less than a step
 };
 
