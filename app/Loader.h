@@ -38,6 +38,9 @@ class Loader {
 
     [[nodiscard]] bool isLoading() const { return loading_; }
 
+    /// Whether a task waits for the load or the task that runs.
+    [[nodiscard]] bool hasWaiting() const { return !waiting_.empty(); }
+
     /// Whether the running load has been superseded: it must show nothing any more.
     [[nodiscard]] bool isOvertaken() const { return overtaken_; }
 

@@ -125,32 +125,36 @@ void f::noteView() {
     }
 }
 
+/// Anything else that waits goes first: the lookup starts anew after it.
 void f::lookUpHint() {
+    const std::int32_t channel = selChan->channel();
+    if (isLookedUp_ || !optView->isDiagramChosen() || channel == 0) {
+        return;
+    }
     const unsigned requests = loader_.requests();
     const StationConfig station = station_;
-    const std::int32_t channel = selChan->channel();
     const ReadingStep step = [this, requests] {
         QCoreApplication::processEvents();
-        return isNewest(requests);
+        return isNewest(requests) && !loader_.hasWaiting();
     };
     ViewFacts facts = facts_;
     facts.hasFile = hasFile(station, channel);
-    if (!step()) {
+    bool isComplete = step();
+    if (isComplete && facts.hasFile && (facts.dayFiles || !cutAtNewYear(facts.range))) {
+        const auto last = findStored(station, channel, StoredEnd::last, openAndAnswer(), step);
+        isComplete = last.has_value();
+        facts.lastStored = last ? last->time : std::nullopt;
+    }
+    if (!isNewest(requests)) {
         return;
     }
-    const bool isCut = !facts.dayFiles && cutAtNewYear(facts.range);
-    if (facts.hasFile && !isCut) {
-        const auto last = findStored(station, channel, StoredEnd::last, openAndAnswer(), step);
-        if (!last) {
-            return;
-        }
-        facts.lastStored = last->time;
+    if (!isComplete) {
+        loader_.whenIdle("hint", [this] { lookUpHint(); });
+        return;
     }
-    if (isNewest(requests)) {
-        facts_ = facts;
-        isLookedUp_ = true;
-        showHint();
-    }
+    facts_ = facts;
+    isLookedUp_ = true;
+    showHint();
 }
 
 /// The hint belongs to the picture that is shown, and to its scale.
