@@ -61,6 +61,7 @@ class LinePainting {
         drawValueAxis(left_, plot_.left, -1, properties_.Y1axe);
         drawValueAxis(right_, plot_.right, +1, properties_.Y2axe);
         LineDrawing result{plot_, left_, right_, automaticRight_};
+        result.kind = properties_.DiagTyp;
         if (plot_.hasTimeScale() && plot_.width() > 0 && plot_.height() > 0) {
             surface_.setClip(plot_.clip());
             result.passes = drawSeries();
@@ -242,13 +243,52 @@ class LinePainting {
         surface_.text({nearestDot(plot_.left) - extent.width, y}, unit);
 
         const auto captions = axisCaptions(properties_.AchseText);
-        if (!captions.empty()) {
-            surface_.text({nearestDot(plot_.left) + dots(2 * layout_.longTick), y}, captions[0]);
+        if (captions.empty()) {
+            return;
         }
+        std::string first(captions[0]);
+        std::string second(captions.size() > 1 ? captions[1] : std::string_view());
+        const int x = nearestDot(plot_.left) + dots(2 * layout_.longTick);
+        shareRow(first, second, nearestDot(plot_.right) - x - dots(2 * layout_.longTick));
+        surface_.text({x, y}, first);
         if (captions.size() > 1) {
             surface_.setPen(properties_.Y2axe);
-            surface_.text({nearestDot(plot_.right) - surface_.textExtent(captions[1]).width, y}, captions[1]);
+            surface_.text({nearestDot(plot_.right) - surface_.textExtent(second).width, y}, second);
         }
+    }
+
+    /// Shortens two captions that are wider together than the row; one that needs less than half of it stays.
+    void shareRow(std::string& first, std::string& second, int row) {
+        const int firstWidth = surface_.textExtent(first).width;
+        const int secondWidth = surface_.textExtent(second).width;
+        if (second.empty() || firstWidth + secondWidth <= row) {
+            return;
+        }
+        const int half = row / 2;
+        first = shortened(std::move(first), std::max(half, row - secondWidth));
+        second = shortened(std::move(second), std::max(half, row - firstWidth));
+    }
+
+    /// A caption that fits a width, its name cut before the unit. The unit stays, whatever its width.
+    std::string shortened(std::string caption, int width) {
+        constexpr std::string_view DOTS = "…";
+        if (surface_.textExtent(caption).width <= width) {
+            return caption;
+        }
+        const std::size_t unitAt = std::min(caption.rfind(" ["), caption.size());
+        const std::string unit = caption.substr(unitAt);
+        std::string name = caption.substr(0, unitAt);
+        std::string text;
+        do {
+            while (!name.empty() && (static_cast<unsigned char>(name.back()) & 0xC0U) == 0x80U) {
+                name.pop_back(); // the rest of a character
+            }
+            if (!name.empty()) {
+                name.pop_back();
+            }
+            text = std::string(trimBlanks(name)).append(DOTS).append(unit);
+        } while (!name.empty() && surface_.textExtent(text).width > width);
+        return text;
     }
 
     /// One word for each pass that is there: the means when they are not alone, the minima, the maxima.

@@ -20,6 +20,7 @@ struct LineDrawing {
     std::optional<ValueRange>
         automaticRight; // the right range found when it follows the data, not yet widened
     int passes = 1;     // passes of series 1 that were drawn: 2 = minima too, 3 = maxima too
+    std::int32_t kind = KIND_LINE;
 };
 
 /// Draws a series. Without a positive time span there are axes and titles, but no curve.

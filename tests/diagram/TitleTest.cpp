@@ -223,6 +223,42 @@ TEST(Total, LeavesEveryTickLabelItsDate) {
     }
 }
 
+/// The captions of both axes, as they are drawn on a surface of some width.
+std::vector<std::string> captionsAt(int width, const char* captions) {
+    DayDiagram diagram;
+    diagram.setAchseText(captions);
+    TestSurface surface({width, 600});
+    draw(surface, diagram);
+    std::vector<std::string> drawn;
+    int end = 0;
+    for (const RecordedText& one : surface.texts()) {
+        if (one.text.find('[') != std::string::npos) {
+            EXPECT_GT(one.at.x, end) << width << ": " << one.text;
+            end = one.at.x + one.extent.width;
+            EXPECT_LE(end, width - 30) << one.text;
+            drawn.push_back(one.text);
+        }
+    }
+    return drawn;
+}
+
+TEST(Captions, OnesThatWouldOverlapAreShortenedBeforeTheirUnits) {
+    constexpr const char* WIND_AND_DUST = "Windgeschwindigkeit [m/s];Gesamtstaub PM10 [µg/m³]";
+    EXPECT_THAT(captionsAt(1000, WIND_AND_DUST),
+                ElementsAre("Windgeschwindigkeit [m/s]", "Gesamtstaub PM10 [µg/m³]"));
+    EXPECT_THAT(captionsAt(70 + 20 + 49 * 6, WIND_AND_DUST), // just wide enough
+                ElementsAre("Windgeschwindigkeit [m/s]", "Gesamtstaub PM10 [µg/m³]"));
+    EXPECT_THAT(captionsAt(70 + 20 + 48 * 6, WIND_AND_DUST),
+                ElementsAre("Windgeschwindigke… [m/s]", "Gesamtstaub PM10 [µg/m³]"));
+    EXPECT_THAT(captionsAt(70 + 20 + 30 * 6, WIND_AND_DUST),
+                ElementsAre("Windgesc… [m/s]", "Gesamt… [µg/m³]"));
+    EXPECT_THAT(captionsAt(70 + 20 + 40 * 6, "Windgeschwindigkeit [m/s];Ö [°C]"), // the short one stays
+                ElementsAre("Windgeschwindigkeit [m/s]", "Ö [°C]"));
+    EXPECT_THAT(captionsAt(70 + 20 + 24 * 6, "Windgeschwindigkeit [m/s];Ö [°C]"),
+                ElementsAre("Windgeschwi… [m/s]", "Ö [°C]"));
+    EXPECT_THAT(captionsAt(70 + 20 + 16 * 6, WIND_AND_DUST), ElementsAre("W… [m/s]", "… [µg/m³]"));
+}
+
 TEST(Total, BearsTheUnitAndStandsOnItsGround) {
     constexpr Colour PAPER = 0xABCDEF;
     DayDiagram diagram;
