@@ -125,7 +125,12 @@ std::optional<ReadValue> SeriesReader::at(DateTime t, double reach) const {
     }
     // The interval of the last value ends the curve where no interval follows it.
     const bool isLast = value->column + 1 == count() && t > value->time;
-    return distance <= (isLast ? interval_ : interval_ / 2) + TIE ? value : std::nullopt;
+    if (distance <= (isLast ? interval_ : interval_ / 2) + TIE) {
+        return value;
+    }
+    // So does the interval of the last value before a gap: the gap begins after it.
+    const auto earlier = before(t);
+    return earlier && t - earlier->time < interval_ - TIE ? earlier : std::nullopt;
 }
 
 ValueSpread SeriesReader::spreadAround(std::size_t column, const PlotArea& plot) const {

@@ -49,7 +49,8 @@ class SeriesReader {
     [[nodiscard]] int passes() const { return passes_; }
 
     /// The column with a value nearest to a time, the earlier one on a tie; nothing in a gap, that
-    /// is where the nearest interval of the grid has no value and no value lies within `reach` days.
+    /// is where neither the interval that holds the time nor the nearest start of an interval has a value
+    /// and no value lies within `reach` days.
     [[nodiscard]] std::optional<ReadValue> at(DateTime t, double reach) const;
 
     /// The column with a value nearest to a time, however far.

@@ -51,10 +51,10 @@ TEST(SeriesReader, FindsTheNearestValue) {
         double hour, expected;
     };
     const Row rows[] = {
-        {0, 0},    {0.49, 0}, {0.5, 0}, // the earlier one on a tie
-        {0.51, 1}, {1, 1},    {1.5, 1},  {1.6, 2}, {2.5, 2}, {2.6, -1},
-        {3, -1},   {4.4, -1}, {5.4, -1},                             // in the gap
-        {5.5, 6},  {6, 6},    {6.5, 6},  {6.6, 7}, {7.9, 7}, {8, 7}, // the last interval has no neighbour
+        {0, 0},    {0.49, 0}, {0.5, 0},                                 // the earlier one on a tie
+        {0.51, 1}, {1, 1},    {1.5, 1},  {1.6, 2},  {2.5, 2}, {2.6, 2}, // its interval has a value
+        {2.99, 2}, {3, -1},   {4.4, -1}, {5.4, -1},                     // the gap begins after it
+        {5.5, 6},  {6, 6},    {6.5, 6},  {6.6, 7},  {7.9, 7}, {8, 7},   // the last interval has no neighbour
         {8.1, -1}, {20, -1},  {-0.4, 0}, {-3, -1},
     };
     for (const Row& row : rows) {
