@@ -30,7 +30,8 @@ ReadoutOverlay::ReadoutOverlay(PolarSys& diagram, LocaleTexts texts)
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
     hint_->setObjectName(QStringLiteral("hint"));
-    hint_->setAlignment(Qt::AlignCenter);
+    hint_->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+    hint_->setWordWrap(true);                               // one line where the plot is wide enough
     hint_->setStyleSheet(QStringLiteral("color: #606060")); // the picture is white in every palette
     hint_->hide();
     notes_->setObjectName(QStringLiteral("notes"));
@@ -39,7 +40,7 @@ ReadoutOverlay::ReadoutOverlay(PolarSys& diagram, LocaleTexts texts)
     notes_->hide();
     rest_.setSingleShot(true);
     rest_.setInterval(POINTER_REST);
-    connect(&rest_, &QTimer::timeout, this, &ReadoutOverlay::readOut);
+    connect(&rest_, &QTimer::timeout, this, &ReadoutOverlay::report);
     connect(&diagram, &PolarSys::drawn, this, &ReadoutOverlay::pictureDrawn);
     diagram.installEventFilter(this);
     setGeometry(diagram.rect());
@@ -67,6 +68,9 @@ bool ReadoutOverlay::hasPlot() const {
 }
 
 void ReadoutOverlay::keepSeries() {
+    if (isKept_ || isLost_) {
+        return; // a load after one that was given up: the table is no longer that of the picture
+    }
     if (isRead_ || readout_ || pointer_ || mark_) {
         const Series series = seriesInUse(diagram_.DataCount());
         kept_ = {std::vector<double>(series.times.begin(), series.times.end()),
@@ -74,6 +78,7 @@ void ReadoutOverlay::keepSeries() {
                  std::vector<double>(series.y2.begin(), series.y2.end())};
         reader_ = SeriesReader({kept_[0], kept_[1], kept_[2]}, diagram_.XLow(), diagram_.columnInterval());
         isRead_ = true;
+        isKept_ = true;
     } else {
         isLost_ = true; // what the pointer finds now is outdated
     }
@@ -81,8 +86,8 @@ void ReadoutOverlay::keepSeries() {
 
 const SeriesReader& ReadoutOverlay::reader() {
     const Series live = seriesInUse(diagram_.DataCount());
-    const bool moved = kept_[0].empty() &&
-                       (live.times.data() != read_.times.data() || live.times.size() != read_.times.size());
+    const bool moved =
+        !isKept_ && (live.times.data() != read_.times.data() || live.times.size() != read_.times.size());
     if (!isRead_ || moved) {
         read_ = live;
         reader_ = SeriesReader(live, diagram_.XLow(), diagram_.columnInterval());
@@ -94,10 +99,10 @@ const SeriesReader& ReadoutOverlay::reader() {
 /// Another picture: the readout stays where its time has a value in it.
 void ReadoutOverlay::pictureDrawn() {
     isRead_ = false;
+    isKept_ = false;
     isLost_ = false;
     kept_ = {};
     placeHint();
-    showNotes();
     if (band_) {
         update();
     }
@@ -289,8 +294,13 @@ void ReadoutOverlay::tell(std::vector<std::string> lines) {
         rest_.start();
     } else if (isNew) {
         rest_.stop();
-        Q_EMIT readOut();
+        report();
     }
+}
+
+void ReadoutOverlay::report() {
+    isReported_ = !lines_.empty();
+    Q_EMIT readOut();
 }
 
 void ReadoutOverlay::clearReadout() {
@@ -301,7 +311,9 @@ void ReadoutOverlay::clearReadout() {
     if (!lines_.empty()) {
         lines_.clear();
         layOut();
-        Q_EMIT readOut();
+        if (isReported_) {
+            report();
+        }
     } else {
         layOut(); // a mark alone may go or stay
     }

@@ -83,7 +83,8 @@ class ReadoutOverlay : public QWidget {
     [[nodiscard]] QString notes() const;
 
   Q_SIGNALS:
-    /// The readout has changed. For a moving pointer, only once it rests.
+    /// The readout has changed. For a moving pointer, only once it rests; what was never reported goes
+    /// without a report.
     void readOut();
 
   protected:
@@ -102,6 +103,8 @@ class ReadoutOverlay : public QWidget {
     void pictureDrawn();
     /// Whether a line diagram with a time scale is shown.
     [[nodiscard]] bool hasPlot() const;
+    /// Pixels at the foot of the control that the window's scroll bar covers.
+    static constexpr int COVERED_FOOT = 16;
     const SeriesReader& reader();
     [[nodiscard]] double ratio() const { return devicePixelRatioF(); }
     [[nodiscard]] Dot deviceDot(const QPointF& place) const;
@@ -111,6 +114,7 @@ class ReadoutOverlay : public QWidget {
     void readIfAny(const std::optional<ReadValue>& value);
     void readSector(std::int64_t index);
     void tell(std::vector<std::string> lines);
+    void report();
     void clearReadout();
 
     // --- ReadoutOverlay_notes.cpp ---
@@ -138,7 +142,7 @@ class ReadoutOverlay : public QWidget {
     Series read_;
     bool isRead_ = false;                     // reader_ is that of the picture
     std::array<std::vector<double>, 3> kept_; // the picture's values while the table is filled
-
+    bool isKept_ = false;
     bool isLost_ = false; // they were not kept
 
     std::optional<Readout> readout_;
@@ -148,6 +152,7 @@ class ReadoutOverlay : public QWidget {
     std::optional<ReadValue> mark_;
     std::optional<QPointF> pointer_; // of the readout; nothing: the readout is by key
     std::vector<std::string> lines_;
+    bool isReported_ = false; // a readout that has not been taken back
     Marks marks_;
     std::optional<TimeRange> band_;
     QLabel* hint_;

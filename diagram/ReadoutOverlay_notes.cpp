@@ -16,8 +16,7 @@ namespace kelvrum {
 namespace {
 
 // Pixels.
-constexpr int COVERED_FOOT = 16; // of the control: the window's scroll bar is above it
-constexpr int NOTES_GAP = 6;     // between the notes and the edges of the control
+constexpr int NOTES_GAP = 6; // between the notes and the edges of the control
 
 QString joined(const std::vector<std::string>& lines) {
     QStringList texts;
@@ -37,7 +36,8 @@ void ReadoutOverlay::setHint(const QString& hint) {
 
 QString ReadoutOverlay::hint() const { return hint_->text(); }
 
-/// At the foot of the plot, or of what is visible of the control where there is no plot.
+/// At the foot of the plot, or of what is visible of the control where there is no plot. The notes are above
+/// it.
 void ReadoutOverlay::placeHint() {
     QRect area = rect().adjusted(0, 0, 0, -COVERED_FOOT);
     if (hasPlot()) {
@@ -46,8 +46,10 @@ void ReadoutOverlay::placeHint() {
             QPoint(static_cast<int>(plot.left / ratio()) + 1, 0),
             QPoint(static_cast<int>(plot.right / ratio()) - 1, static_cast<int>(plot.bottom / ratio()) - 2));
     }
-    const int height = hint_->fontMetrics().height();
+    const int height =
+        hint_->isHidden() ? hint_->fontMetrics().height() : std::max(hint_->heightForWidth(area.width()), 0);
     hint_->setGeometry(area.left(), area.bottom() - height, area.width(), height);
+    showNotes();
 }
 
 void ReadoutOverlay::setNotes(std::vector<std::vector<std::string>> forms) {
@@ -72,7 +74,7 @@ bool ReadoutOverlay::showForm(const std::vector<std::string>& lines) {
         size.widths.push_back(dots(metrics.horizontalAdvance(QString::fromStdString(line))));
     }
     const PolarDrawing& rose = *diagram_.polarShown();
-    const int bottom = height() - COVERED_FOOT - NOTES_GAP - hint_->fontMetrics().height();
+    const int bottom = height() - COVERED_FOOT - NOTES_GAP - hint_->height();
     const Box area{dots(NOTES_GAP), rose.geometry.top + dots(NOTES_GAP), dots(width() - NOTES_GAP),
                    dots(bottom)};
     const auto place = placeNotes(size, rose, area, dots(NOTES_GAP) / 2);

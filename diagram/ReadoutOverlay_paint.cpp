@@ -56,7 +56,7 @@ void ReadoutOverlay::addRings(Marks& marks, const ReadValue& value) {
             marks.rings.push_back(dot);
         }
     };
-    const bool directions = diagram_.DiagTyp() == KIND_DIRECTION;
+    const bool directions = line.kind == KIND_DIRECTION;
     if (value.y1) {
         add(directions ? reader().joinedAt(value.column) : *value.y1, line.left);
     }
@@ -97,23 +97,14 @@ void ReadoutOverlay::layOut() {
     }
 }
 
-/// Beside the point that it names; on its other side where it would cover the mark.
+/// Beside the point that it names, in the part of the control that is visible. It covers no ring and nothing
+/// of the sector that it tells about.
 Box ReadoutOverlay::placedField(Dot anchor) const {
     const Extent size = fieldSize();
-    const Box all{0, 0, dots(width()), dots(height())};
-    const auto boxAt = [&](Dot at) { return Box{at.x, at.y, at.x + size.width, at.y + size.height}; };
-    const Box right = boxAt(placeField(size, anchor, all, dots(GAP)));
-    const auto coversMark = [&](const Box& box) {
-        return std::any_of(marks_.rings.begin(), marks_.rings.end(),
-                           [&](Dot ring) { return holds(box, ring); });
-    };
-    if (!coversMark(right)) {
-        return right;
-    }
-    const Box left = boxAt(placeField(size, anchor, {0, 0, anchor.x, all.bottom}, dots(GAP)));
-    const Box below =
-        boxAt(placeField(size, {anchor.x, anchor.y + size.height + 2 * dots(GAP)}, all, dots(GAP)));
-    return !coversMark(left) && left.right < anchor.x ? left : !coversMark(below) ? below : right;
+    const Box visible{0, 0, dots(width()), dots(std::max(height() - COVERED_FOOT, 0))};
+    const std::vector<Dot> free = sector_ ? sectorDots(*diagram_.polarShown(), *sector_) : marks_.rings;
+    const Dot at = placeField(size, anchor, visible, dots(GAP), free);
+    return {at.x, at.y, at.x + size.width, at.y + size.height};
 }
 
 QRegion ReadoutOverlay::region() const {

@@ -141,7 +141,34 @@ std::vector<std::string> sectorLines(const RoseSector& sector, const LocaleTexts
             "Windstille: " + values(sector.calms)};
 }
 
-Dot placeField(Extent field, Dot point, const Box& area, int gap) {
+std::vector<Dot> sectorDots(const PolarDrawing& rose, std::int64_t index) {
+    constexpr int RADII = 24;
+    constexpr int ANGLES = 12;
+    const DirectionClasses& classes = rose.classes;
+    const auto sectors = static_cast<std::int64_t>(classes.counts.size()) - 1;
+    if (index < 0 || index >= sectors || classes.counts[static_cast<std::size_t>(index)] < 1) {
+        return {};
+    }
+    const double length = classes.counts[static_cast<std::size_t>(index)] / classes.maxCount;
+    const double width = TWO_PI / static_cast<double>(sectors);
+    const double first = rose.startAngle + (static_cast<double>(index) - 0.5) * width;
+    const PolarGeometry& g = rose.geometry;
+    std::vector<Dot> dots;
+    for (int i = 0; i <= ANGLES; ++i) {
+        const double angle = first + width * i / ANGLES;
+        for (int r = 0; r <= RADII; ++r) {
+            const double radius = length * r / RADII;
+            dots.push_back({g.xCentre + static_cast<int>(radius * g.dx(g.rings) * std::cos(angle)),
+                            g.yCentre + static_cast<int>(radius * g.dy(g.rings) * std::sin(angle))});
+        }
+    }
+    return dots;
+}
+
+namespace {
+
+/// The place beside a point, whatever it covers.
+Dot besidePoint(Extent field, Dot point, const Box& area, int gap) {
     const int highestX = std::max(area.left, area.right - field.width);
     const int highestY = std::max(area.top, area.bottom - field.height);
     const auto withinY = [&](int y) { return std::clamp(y, area.top, highestY); };
@@ -155,6 +182,53 @@ Dot placeField(Extent field, Dot point, const Box& area, int gap) {
     const int x = std::clamp(point.x - field.width / 2, area.left, highestX);
     const bool above = point.y - gap - field.height >= area.top;
     return {x, withinY(above ? point.y - gap - field.height : point.y + gap)};
+}
+
+/// The rectangle around some dots.
+Box around(std::span<const Dot> dots) {
+    Box box{dots[0].x, dots[0].y, dots[0].x, dots[0].y};
+    for (const Dot& dot : dots) {
+        box = {std::min(box.left, dot.x), std::min(box.top, dot.y), std::max(box.right, dot.x),
+               std::max(box.bottom, dot.y)};
+    }
+    return box;
+}
+
+} // namespace
+
+Dot placeField(Extent field, Dot point, const Box& area, int gap, std::span<const Dot> free) {
+    const Dot usual = besidePoint(field, point, area, gap);
+    const int margin = gap / 2;
+    const auto holds = [&](Dot at, Dot dot) {
+        return dot.x > at.x - margin && dot.x < at.x + field.width + margin && dot.y > at.y - margin &&
+               dot.y < at.y + field.height + margin;
+    };
+    const auto isFree = [&](Dot at) {
+        return !holds(at, point) &&
+               std::none_of(free.begin(), free.end(), [&](Dot dot) { return holds(at, dot); });
+    };
+    if (isFree(usual)) {
+        return usual;
+    }
+    const auto squaredDistance = [&](Dot at) {
+        const std::int64_t x = point.x - std::clamp(point.x, at.x, at.x + field.width);
+        const std::int64_t y = point.y - std::clamp(point.y, at.y, at.y + field.height);
+        return x * x + y * y;
+    };
+    const Box kept = free.empty() ? Box{point.x, point.y, point.x, point.y} : around(free);
+    std::optional<Dot> best;
+    for (const int wantedX : {point.x + gap, point.x - gap - field.width, point.x - field.width / 2,
+                              kept.right + gap, kept.left - gap - field.width, area.left, area.right}) {
+        for (const int wantedY : {point.y - gap - field.height, point.y + gap, point.y - field.height / 2,
+                                  kept.top - gap - field.height, kept.bottom + gap, area.top, area.bottom}) {
+            const Dot at{std::clamp(wantedX, area.left, std::max(area.left, area.right - field.width)),
+                         std::clamp(wantedY, area.top, std::max(area.top, area.bottom - field.height))};
+            if (isFree(at) && (!best || squaredDistance(at) < squaredDistance(*best))) {
+                best = at;
+            }
+        }
+    }
+    return best.value_or(usual);
 }
 
 } // namespace kelvrum

@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -58,8 +59,12 @@ std::optional<RoseSector> sectorAt(const PolarGeometry& geometry, const Directio
 /// "345° bis 15° (N)", share and count, and the calms.
 std::vector<std::string> sectorLines(const RoseSector& sector, const LocaleTexts& texts);
 
+/// Dots all over the part of a sector that is drawn; none for a sector without samples.
+std::vector<Dot> sectorDots(const PolarDrawing& rose, std::int64_t index);
+
 /// The upper left corner of a field that keeps `gap` dots from a point and stays within an area: right of the
-/// point where there is room, else left of it, else above or below.
-Dot placeField(Extent field, Dot point, const Box& area, int gap);
+/// point where there is room, else left of it, else above or below. Where that would cover one of the dots
+/// to be kept free, it is the place nearest to the point that covers none, if there is one.
+Dot placeField(Extent field, Dot point, const Box& area, int gap, std::span<const Dot> free = {});
 
 } // namespace kelvrum

@@ -3,6 +3,8 @@
 #include "tests/app/DiagramHand.h"
 
 #include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
@@ -234,6 +236,53 @@ class f_hints_test : public QObject {
             }
         }
         QVERIFY(letters > 100);
+    }
+
+    /// One line where there is room, else more of them: nothing of it is cut.
+    void aLongHintIsWhole() {
+        const WindowFixture fixture;
+        const DiagramHand hand(fixture);
+        show(fixture, "18.06.2020 00:00", "02.01.2021 12:00");
+        const auto& label = fixture.the<QLabel>("hint");
+        const int line = label.fontMetrics().height();
+        QVERIFY(label.height() < 2 * line);
+        for (const int width : {1000, 480, 360}) {
+            fixture.window->resize(width, 500);
+            QCoreApplication::processEvents();
+            QVERIFY2(label.height() >= label.heightForWidth(label.width()),
+                     qPrintable(QString::number(width)));
+            QVERIFY(label.fontMetrics().horizontalAdvance(label.text()) <= label.width() ||
+                    label.height() >= 2 * line);
+            QVERIFY(label.geometry().left() >= 40 && label.geometry().right() <= hand.KS.width() - 30);
+            QVERIFY(label.geometry().bottom() < hand.KS.height() - 40);
+        }
+    }
+
+    /// What else is requested during a lookup does not wait for its end; the hint comes after it.
+    void anotherRequestGoesBeforeTheLookUp() {
+        MadeStation station = stationWithEmptyChannels();
+        station.minutes[9].assign(500000, 0.0);
+        WindowFixture fixture(station);
+        const DiagramHand hand(fixture);
+        fixture.the<QMenu>("menKS"); // there before the file is read
+        int reads = 0;
+        int readsBefore = 0;
+        bool isWanted = false;
+        const auto copied = connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
+                                    [&] { readsBefore = reads; });
+        fixture.chooseChannel(MUTE_ROW);
+        fixture.files.onRead = [&] {
+            if (++reads == 3) {
+                isWanted = true;
+                fixture.trigger("menWerte");
+            }
+        };
+        QTRY_COMPARE(hand.overlay.hint(), QStringLiteral("Keine Werte im Zeitraum"));
+        fixture.files.onRead = {};
+        disconnect(copied);
+        QVERIFY(isWanted);
+        QVERIFY2(readsBefore >= 3 && readsBefore < 10, qPrintable(QString::number(readsBefore)));
+        QVERIFY(reads > 50); // the whole lookup came after it
     }
 
     /// A lookup that a newer request overtakes tells nothing.

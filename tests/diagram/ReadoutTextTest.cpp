@@ -2,10 +2,12 @@
 // What the readout says and where its field is.
 #include "diagram/ReadoutText.h"
 
+#include <algorithm>
 #include <cmath>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 namespace kelvrum {
 namespace {
@@ -165,6 +167,71 @@ TEST(PlaceField, StaysInTheAreaAndLeavesThePointFree) {
     EXPECT_EQ(narrow, (Dot{10, 52}));
     EXPECT_EQ(placeField({280, 40}, {150, 20}, area, 8), (Dot{10, 28}));
     EXPECT_EQ(placeField({400, 300}, {150, 20}, area, 8), (Dot{0, 0})); // larger than the area
+}
+
+bool covers(Dot at, Extent field, Dot dot) {
+    return dot.x >= at.x && dot.x < at.x + field.width && dot.y >= at.y && dot.y < at.y + field.height;
+}
+
+TEST(PlaceField, CoversNoOtherRing) {
+    const Box area{0, 0, 300, 200};
+    const Extent field{120, 60};
+    for (int x = 0; x < 300; x += 20) {
+        for (int y = 0; y < 200; y += 20) {
+            for (const Dot other :
+                 {Dot{x + 40, y - 30}, Dot{x + 130, y - 70}, Dot{x - 60, y - 20}, Dot{x, 199 - y}}) {
+                const std::vector<Dot> rings = {{x, y}, other};
+                const Dot at = placeField(field, rings[0], area, 8, rings);
+                EXPECT_TRUE(at.x >= 0 && at.y >= 0 && at.x + 120 <= 300 && at.y + 60 <= 200) << x << " " << y;
+                EXPECT_FALSE(covers(at, field, {x, y})) << x << " " << y;
+                EXPECT_FALSE(covers(at, field, other)) << x << " " << y << ", " << other.x << " " << other.y;
+            }
+        }
+    }
+    // The usual place is free.
+    EXPECT_EQ(placeField(field, {50, 100}, area, 8, std::vector<Dot>{{50, 100}, {50, 20}}), (Dot{58, 32}));
+}
+
+TEST(PlaceField, CoversNothingOfASector) {
+    const PolarDrawing rose{ROSE, roseClasses(), 80, UP, {}};
+    const Box area{0, 0, 400, 400};
+    const Extent field{130, 50};
+    for (std::int64_t index = 0; index < 8; ++index) {
+        const std::vector<Dot> sector = sectorDots(rose, index);
+        ASSERT_FALSE(sector.empty());
+        for (const Dot point : {sector.back(), sector[sector.size() / 2], sector.front()}) {
+            const Dot at = placeField(field, point, area, 10, sector);
+            EXPECT_TRUE(at.x >= 0 && at.y >= 0 && at.x + 130 <= 400 && at.y + 50 <= 400) << index;
+            for (const Dot& dot : sector) {
+                EXPECT_FALSE(covers(at, field, dot)) << index << ": " << dot.x << " " << dot.y;
+            }
+        }
+    }
+}
+
+TEST(SectorDots, LieInTheDrawnPart) {
+    const PolarDrawing rose{ROSE, roseClasses(), 80, UP, {}};
+    for (std::int64_t index = 0; index < 8; ++index) {
+        const std::vector<Dot> dots = sectorDots(rose, index);
+        const double share = roseClasses().counts[static_cast<std::size_t>(index)] / 40.0;
+        double longest = 0;
+        for (const Dot& dot : dots) {
+            longest = std::max(longest, std::hypot(dot.x - 200, dot.y - 210));
+        }
+        EXPECT_NEAR(longest, share * 141, 2) << index;
+        const Dot middle = dots[6 * 25 + 24]; // of 13 angles, at the rim
+        const auto sector =
+            sectorAt(ROSE, rose.classes, 80, UP, {200 + (middle.x - 200) / 2, 210 + (middle.y - 210) / 2});
+        if (share * 141 > 20) {
+            ASSERT_TRUE(sector);
+            EXPECT_EQ(sector->index, index);
+        }
+    }
+    EXPECT_TRUE(sectorDots(rose, -1).empty());
+    EXPECT_TRUE(sectorDots(rose, 8).empty()); // the spare one
+    DirectionClasses none = roseClasses();
+    none.counts[3] = 0;
+    EXPECT_TRUE(sectorDots({ROSE, none, 80, UP, {}}, 3).empty());
 }
 
 } // namespace
