@@ -78,7 +78,15 @@ RandomUser::RandomUser(f& window, AnsweredDialogs& dialogs, QStringList files, Q
     , dialogs_(dialogs)
     , files_(std::move(files))
     , opened_(std::move(opened))
-    , numbers_(seed) {}
+    , numbers_(seed) {
+    constexpr int LOOK_AGAIN = 50; // milliseconds
+    QObject::connect(&stray_, &QTimer::timeout, &window_, [this] {
+        if (QWidget* modal = QApplication::activeModalWidget(); modal != nullptr && !isAnswering_) {
+            QTest::keyClick(modal, Qt::Key_Escape);
+        }
+    });
+    stray_.start(LOOK_AGAIN);
+}
 
 /// The frequency of each action, in percent.
 const std::vector<RandomUser::Action>& RandomUser::actions() {
@@ -89,22 +97,20 @@ const std::vector<RandomUser::Action>& RandomUser::actions() {
     static const std::vector<Action> all = [] {
         std::vector<Action> result;
         for (const Weighted& entry : std::initializer_list<Weighted>{
-                 {26, &RandomUser::pressButton},
-                 {12, &RandomUser::typeText},
-                 {7, &RandomUser::typeDate},
-                 {8, &RandomUser::typeTime},
-                 {4, &RandomUser::dateKeys},
-                 {7, &RandomUser::timeKeys},
-                 {8, &RandomUser::chooseChannel},
-                 {4, &RandomUser::channelKeys},
-                 {5, &RandomUser::chooseInterval},
-                 {3, &RandomUser::chooseScrollUnit},
-                 {2, &RandomUser::moveSlider},
-                 {2, &RandomUser::moveScrollBar},
-                 {3, &RandomUser::workList},
-                 {4, &RandomUser::resizeWindow},
-                 {3, &RandomUser::openFile},
-                 {2, &RandomUser::selectProject},
+                 {16, &RandomUser::pressButton},    {7, &RandomUser::typeText},
+                 {6, &RandomUser::typeDate},        {6, &RandomUser::typeTime},
+                 {3, &RandomUser::dateKeys},        {4, &RandomUser::timeKeys},
+                 {7, &RandomUser::chooseChannel},   {3, &RandomUser::channelKeys},
+                 {4, &RandomUser::chooseInterval},  {2, &RandomUser::chooseScrollUnit},
+                 {1, &RandomUser::moveSlider},      {2, &RandomUser::moveScrollBar},
+                 {3, &RandomUser::workList},        {3, &RandomUser::resizeWindow},
+                 {3, &RandomUser::openFile},        {1, &RandomUser::selectProject},
+                 {6, &RandomUser::diagramKeys},     {3, &RandomUser::movePointer},
+                 {3, &RandomUser::dragBand},        {3, &RandomUser::turnWheel},
+                 {3, &RandomUser::goBackOrForward}, {2, &RandomUser::choosePreset},
+                 {3, &RandomUser::chooseKind},      {2, &RandomUser::chooseSecond},
+                 {1, &RandomUser::jumpToStored},    {1, &RandomUser::copyView},
+                 {1, &RandomUser::foldCalendar},    {1, &RandomUser::evaluate},
              }) {
             result.insert(result.end(), entry.weight, entry.action);
         }
@@ -321,7 +327,6 @@ void RandomUser::openFile() {
     window_.findChild<QAction*>(QStringLiteral("menOpen"))->trigger();
 }
 
-/// The selection window runs its own event loop: a timer waits for it and answers.
 void RandomUser::selectProject() {
     if (depth_ > 1) {
         note(QStringLiteral("no selection while reading"));
@@ -330,16 +335,28 @@ void RandomUser::selectProject() {
     const bool byButton = chance(40);
     const QString file = chance(20) ? QString() : oneOf(files_);
     note(QStringLiteral("select the project %1").arg(byButton ? text("by its button") : file));
-    QTimer wait;
-    QObject::connect(&wait, &QTimer::timeout, &window_, [&] {
-        if (auto* selection = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-            wait.stop();
+    inModalWindow("menProj", [&](QWidget& window) {
+        if (auto* selection = qobject_cast<QDialog*>(&window)) {
             answerSelection(*selection, byButton, file);
         }
     });
+}
+
+/// A modal window runs its own event loop: a timer waits for it.
+void RandomUser::inModalWindow(const char* action, const std::function<void(QWidget&)>& act) {
+    QTimer wait;
+    QObject::connect(&wait, &QTimer::timeout, &window_, [&] {
+        if (QWidget* modal = QApplication::activeModalWidget()) {
+            wait.stop();
+            act(*modal);
+        }
+    });
     wait.start(0);
-    window_.findChild<QAction*>(QStringLiteral("menProj"))->trigger();
+    isAnswering_ = true;
+    window_.findChild<QAction*>(text(action))->trigger();
+    isAnswering_ = false;
     window_.activateWindow();
+    (void)QTest::qWaitForWindowActive(&window_); // the field with the focus has it again
 }
 
 void RandomUser::answerSelection(QDialog& selection, bool byButton, const QString& file) {
@@ -357,15 +374,6 @@ void RandomUser::answerSelection(QDialog& selection, bool byButton, const QStrin
     if (QApplication::activeModalWidget() == &selection) {
         QTest::keyClick(&selection, Qt::Key_Escape);
     }
-}
-
-template<typename Control>
-Control& RandomUser::the(const char* name) const {
-    auto* control = window_.findChild<Control*>(text(name));
-    if (control == nullptr) {
-        qFatal("no control %s", name);
-    }
-    return *control;
 }
 
 bool RandomUser::enter(QWidget& control) {

@@ -5,11 +5,15 @@
 #include "app/f.h"
 #include "tests/testing/AnsweredDialogs.h"
 
+#include <QPointF>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <iterator>
+#include <optional>
 #include <random>
 #include <vector>
 
@@ -58,6 +62,27 @@ class RandomUser {
     void selectProject();
     void answerSelection(QDialog& selection, bool byButton, const QString& file);
 
+    // --- RandomUser_diagram.cpp: reading the picture ---
+    void diagramKeys();
+    void movePointer();
+    void dragBand();
+    void turnWheel();
+    void goBackOrForward();
+    void choosePreset();
+    void chooseKind();
+    void chooseSecond();
+    void jumpToStored();
+    void copyView();
+    void foldCalendar();
+    void evaluate();
+    /// A place of the diagram that the mouse reaches; nothing when a part of the window covers it.
+    std::optional<QPointF> placeInDiagram();
+    void sendMouse(int type, const QPointF& place, Qt::MouseButton button, Qt::MouseButtons held) const;
+    /// An entry of the diagram's menu, or of one of its submenus, chosen from the open menu.
+    void chooseEntry(const char* menu, bool kinds);
+    /// Triggers an action that opens a modal window, and works in it.
+    void inModalWindow(const char* action, const std::function<void(QWidget&)>& act);
+
     /// A key that moves a list, a choice or the slider.
     void stepThrough(const char* name);
     void pickerKeys(const char* name);
@@ -67,7 +92,13 @@ class RandomUser {
     bool bringDateBack();
 
     template<typename Control>
-    Control& the(const char* name) const;
+    Control& the(const char* name) const {
+        auto* control = window_.findChild<Control*>(QString::fromUtf8(name));
+        if (control == nullptr) {
+            qFatal("no control %s", name);
+        }
+        return *control;
+    }
     /// Gives a control the focus, by mouse when it can be reached, else as the tab key does. False when it
     /// has not got it: a queued action may have taken it away meanwhile.
     bool enter(QWidget& control); // NOLINT(modernize-use-nodiscard)
@@ -90,8 +121,10 @@ class RandomUser {
     QString opened_;
     std::mt19937_64 numbers_;
     std::deque<QString> done_;
-    int depth_ = 0;     // of actions within actions
-    bool huge_ = false; // the window has a size at which each drawing is slow
+    int depth_ = 0;            // of actions within actions
+    bool huge_ = false;        // the window has a size at which each drawing is slow
+    bool isAnswering_ = false; // an action waits for the modal window that it opens
+    QTimer stray_;             // closes modal windows that open later than expected
 };
 
 } // namespace kelvrum::testing

@@ -5,12 +5,14 @@
 // The actions follow from a fixed seed. Others are tried with the environment variable KELVRUM_RANDOM_SEED,
 // a longer run with KELVRUM_RANDOM_ACTIONS.
 #include "diagram/PolarSys.h"
+#include "diagram/ReadoutOverlay.h"
 #include "diagram/SeriesTable.h"
 #include "tests/app/RandomStations.h"
 #include "tests/app/RandomUser.h"
 #include "tests/app/WindowFixture.h"
 #include "util/Validity.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -18,6 +20,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QSignalBlocker>
@@ -28,6 +31,7 @@
 #include <cmath>
 #include <filesystem>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -57,6 +61,7 @@ struct Shown {
     QStringList texts; // headlines, unit, channels, columns of the list
     std::vector<QStringList> rows;
     std::array<std::vector<double>, SeriesTable::ROWS> series;
+    std::array<std::vector<double>, 2> samples; // of a rose: directions and speeds
 };
 
 Shown shownBy(const f& window) {
@@ -67,6 +72,21 @@ Shown shownBy(const f& window) {
         shown.texts << QString::fromStdString(ks.HeadLine()) << QString::fromStdString(ks.Einheit());
         if (window.station().ChannelTable.count() > 0) { // else it tells which way the project was opened
             shown.texts << QString::fromStdString(ks.HeadLine2());
+        }
+        shown.texts << QString::fromStdString(ks.AchseText())
+                    << QStringLiteral("kind %1, colours %2 %3, right from %4 to %5")
+                           .arg(ks.DiagTyp())
+                           .arg(ks.D2())
+                           .arg(ks.Y2axe())
+                           .arg(ks.Y2Low(), 0, 'g', 17)
+                           .arg(ks.Y2High(), 0, 'g', 17);
+        if (ks.DiagTyp() == KIND_POLAR) {
+            const auto count = static_cast<std::size_t>(ks.sampleCount());
+            const auto used = [count](const std::vector<double>& values) {
+                const auto first = std::span(values).first(count);
+                return std::vector<double>(first.begin(), first.end());
+            };
+            shown.samples = {used(ks.directionList()), used(ks.speedList())};
         }
     }
     const auto& channels = the<QListWidget>(window, "selChan");
@@ -115,6 +135,17 @@ Shown shownByFresh(const f& window, const Environment& environment, const QStrin
         channels.setCurrentRow(the<QListWidget>(window, "selChan").currentRow());
     }
     fresh.LoadData();
+    for (const QAction* entry : the<QMenu>(window, "menZweiter").actions()) {
+        if (entry->isChecked()) {
+            the<QAction>(fresh, entry->objectName().toUtf8().constData()).trigger();
+        }
+    }
+    for (QAction* entry : the<QMenu>(fresh, "menKS").actions()) {
+        const int kind = the<PolarSys>(window, "KS").DiagTyp();
+        if (entry->isCheckable() && entry->data().toInt() == kind && kind != KIND_LINE) {
+            entry->trigger();
+        }
+    }
     return shownBy(fresh);
 }
 
@@ -146,6 +177,11 @@ QString difference(const Shown& used, const Shown& fresh) {
                 .arg(i)
                 .arg(used.rows[i].join(u"; "), fresh.rows[i].join(u"; "));
         }
+    }
+    if (used.samples != fresh.samples) {
+        return QStringLiteral("%1 samples | fresh: %2")
+            .arg(used.samples[0].size())
+            .arg(fresh.samples[0].size());
     }
     for (std::size_t row = 0; row < SeriesTable::ROWS; ++row) {
         if (used.series[row].size() != fresh.series[row].size()) {
@@ -188,6 +224,22 @@ double limitLine(const f& window, const char* box) {
     return value == 0 ? 1e-300 : value;
 }
 
+/// Whether what the overlay reads out is in the series.
+bool readsWhatIsShown(const f& window) {
+    const auto& overlay = the<ReadoutOverlay>(window, "overlay");
+    const auto time = overlay.readTime();
+    if (!time) {
+        return true;
+    }
+    const Series series = seriesInUse(the<PolarSys>(window, "KS").DataCount());
+    for (std::size_t i = 0; i < series.times.size(); ++i) {
+        if (series.times[i] == *time && (!overlay.readValue() || series.y1[i] == *overlay.readValue())) {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// What is wrong with a single window; empty when nothing is.
 QString wrongWith(const f& window) {
     const auto& ks = the<PolarSys>(window, "KS");
@@ -216,6 +268,7 @@ QString wrongWith(const f& window) {
         {!diagram || ks.Hilfslinie1() == limitLine(window, "Text3"), "limit line 1 is not that of Text3"},
         {!diagram || ks.Hilfslinie2() == limitLine(window, "Text4"), "limit line 2 is not that of Text4"},
         {ks.showMittel() == the<QCheckBox>(window, "Check2").isChecked(), "the mean line is not as ticked"},
+        {!diagram || readsWhatIsShown(window), "the readout tells a value that is not there"},
     };
     for (const auto& rule : rules) {
         if (!rule.holds) {
@@ -250,7 +303,8 @@ class f_random_test : public QObject {
             if (finding.isEmpty()) {
                 const KeptSeries series;
                 const Shown used = shownBy(window);
-                withData += used.series[0].empty() && used.rows.empty() ? 0 : 1;
+                const bool isEmpty = used.series[0].empty() && used.rows.empty() && used.samples[0].empty();
+                withData += isEmpty ? 0 : 1;
                 finding = difference(used, shownByFresh(window, environment, user.opened()));
             }
             if (!finding.isEmpty()) {
