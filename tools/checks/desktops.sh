@@ -32,8 +32,10 @@ pixels() { identify -format '%w' "$1"; }
 # --- X with a window manager ---
 
 start_screen
-openbox --sm-disable >"$scratch/openbox.log" 2>&1 &
+openbox --sm-disable --startup "touch $scratch/managed" >"$scratch/openbox.log" 2>&1 &
 server="$server $!"
+# A window that appears while the manager is starting stays invisible.
+wait_for 30 test -e "$scratch/managed" || fail "the window manager does not start"
 
 # show_on_x VARIABLE=VALUE... : starts the program with these variables and waits for its window.
 show_on_x() {
@@ -180,9 +182,10 @@ wait_for 60 is_shown || fail "no window under Wayland"
 tree | grep -q '"app_id": "org.kelvrum.Kelvrum"' || fail "the window does not belong to the desktop entry"
 sleep 2
 # By keys alone, as there is no pointer. They reach the window some time after it has appeared: a user would
-# press them again, too.
+# press them again, too. Each call of wtype plugs in a keyboard of its own, which the window has to learn about first.
+press() { wtype -s 200 -M "$1" -s 50 -k "$2" -s 50 -m "$1" -s 200; }
 copies_picture() {
-    wtype -M ctrl -k c -m ctrl
+    press ctrl c
     sleep 1
     is_picture_pasted
 }
@@ -190,13 +193,15 @@ wait_for 30 copies_picture || fail "no picture in the clipboard under Wayland"
 width=$(swaymsg -t get_outputs -r | sed -n 's/.*"width": \([0-9]*\).*/\1/p' | sort -n | tail -n 1)
 double=$(pixels "$scratch/copied.png")
 copies_rows() {
-    wtype -M alt -k l -m alt # "Datenliste"
-    sleep 1
-    wtype -M shift -k Tab -m shift # back to the list, in one step or a few
-    wtype -M ctrl -k a -m ctrl
-    wtype -M ctrl -k c -m ctrl
-    sleep 1
-    is_rows_pasted
+    press alt l # "Datenliste"
+    for _ in 1 2 3; do # back to the list, in a few steps
+        press shift Tab
+        press ctrl a
+        press ctrl c
+        sleep 1
+        is_rows_pasted && return 0
+    done
+    return 1
 }
 wait_for 60 copies_rows || fail "no rows in the clipboard under Wayland"
 # The window fills the compositor's only screen, of 1280 points.
