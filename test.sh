@@ -1,8 +1,8 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Runs every check: format, scripts, the core without Qt, both compilers, the linter, a short fuzzing of the readers, the
-# installation package, and all tests without and with sanitizers, in several languages and time zones. Ends with
-# CTest's summary and exit code; an earlier step that fails ends it at once.
+# Runs every check: format, scripts, the core without Qt, both compilers, the linter, a short fuzzing of the readers, a
+# screen reader's bus, the installation package, and all tests without and with sanitizers, in several languages and
+# time zones. Ends with CTest's summary and exit code; an earlier step that fails ends it at once.
 # shellcheck disable=SC2086 # lists of packages become several words
 set -eu
 cd -P "$(dirname "$0")"
@@ -38,7 +38,7 @@ run_tests() {
     tools/checks/locales.sh "$@" || exit $?
 }
 
-step packages need_packages $BUILD_PACKAGES $TEST_PACKAGES $PACKAGING_PACKAGES
+step packages need_packages $BUILD_PACKAGES $TEST_PACKAGES $PACKAGING_PACKAGES $READER_PACKAGES
 step format tools/checks/format.sh
 step licence tools/checks/licence.sh
 step layers tools/checks/layers.sh
@@ -48,6 +48,7 @@ step "build (asan)" build asan # with the second compiler
 step tidy tools/checks/tidy.sh --program # ./check.sh lints the tests that have changed
 step fuzz tools/checks/fuzz.sh
 step "build (debug)" build debug
+step "screen reader" tools/checks/screenreader.sh build/debug/app/kelvrum
 step package tools/checks/package.sh
 run_tests debug C UTC -L unit
 echo "== tests (debug, unit): $(($(date +%s) - began)) s"

@@ -6,15 +6,17 @@
 BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libcups2-dev fonts-liberation"
 # To start it without a display and to take its picture.
 PICTURE_PACKAGES="xvfb xdotool imagemagick"
-# To test: second compiler, its fuzzer, linker and names for its stack traces, formatter, linters, test and benchmark libraries, a print scheduler, PDF tools,
-# locales and time zones.
+# To test: second compiler, its fuzzer, linker and names for its stack traces, formatter, linters, test and benchmark
+# libraries, a print scheduler, PDF tools, locales and time zones.
 TEST_PACKAGES="clang libclang-rt-dev lld llvm clang-format clang-tidy shellcheck libgtest-dev libgmock-dev libbenchmark-dev xvfb xdotool
     imagemagick cups cups-client cups-filters poppler-utils locales tzdata"
 # To build the installation package, to check it and to install it into a fresh root.
 PACKAGING_PACKAGES="dpkg-dev file lintian desktop-file-utils appstream man-db mmdebstrap xvfb xdotool x11-utils"
-# To check the program against real counterparts: a screen reader's bus, a print scheduler, desktops on X and Wayland.
-COUNTERPART_PACKAGES="xvfb xdotool imagemagick dbus libglib2.0-bin at-spi2-core python3-gi gir1.2-atspi-2.0 gir1.2-gtk-3.0
-    hicolor-icon-theme cups cups-client openbox xclip sway wtype wl-clipboard qt6-wayland"
+# To check the program with a screen reader's bus and a print scheduler.
+READER_PACKAGES="xvfb dbus libglib2.0-bin at-spi2-core python3-gi gir1.2-atspi-2.0 cups cups-client"
+# The same with further counterparts: desktops on X and Wayland.
+COUNTERPART_PACKAGES="$READER_PACKAGES xdotool imagemagick gir1.2-gtk-3.0 hicolor-icon-theme openbox xclip sway wtype wl-clipboard
+    qt6-wayland"
 # To renew the table of letters in capitals and small (tools/casefolding.sh).
 TABLE_PACKAGES="unicode-data"
 # Qt's own texts in German; optional, as not every distribution has this package.

@@ -3,14 +3,14 @@
 # The program and a screen reader's interfaces: on a bus and a screen of its own, a client walks the program's tree,
 # works its controls and listens to its events (screenreader.py).
 #     tools/checks/screenreader.sh [PROGRAM]     a built program; without it that of the preset "debug", which is built
-# Needs COUNTERPART_PACKAGES of tools/packages.sh. Installs nothing; all files are in a folder of its own.
+# Needs READER_PACKAGES of tools/packages.sh. Installs nothing; all files are in a folder of its own.
 # shellcheck disable=SC2016,SC2086 # commands of another shell; lists of packages become several words
 set -eu
 cd -P "$(dirname "$0")/../.."
 . tools/packages.sh
 . tools/checks/counterpart.sh
 
-needs $COUNTERPART_PACKAGES
+needs $READER_PACKAGES
 built "${1:-}"
 lay_program --days 3
 own_session
