@@ -49,6 +49,12 @@ std::vector<YearRange> yearsOf(const TimeRange& range) {
     return years;
 }
 
+/// A file that values come from; without `file` it is missing.
+struct Source {
+    std::string path;
+    std::unique_ptr<FileSource> file;
+};
+
 /// One year's files.
 class YearRecalculation {
   public:
@@ -59,7 +65,9 @@ class YearRecalculation {
         , range_(range) {
         const CorrectedChannels channels = channelsOf(correction.mode);
         for (const std::int32_t channel : channels.sources) {
-            sources_.push_back(files.openSource(channelPath(station, channel, {}, range.year)));
+            std::string path = channelPath(station, channel, {}, range.year);
+            auto file = files.openSource(path);
+            sources_.push_back({std::move(path), std::move(file)});
         }
         targetPath_ = channelPath(station, channels.target, {}, range.year);
     }
@@ -78,7 +86,7 @@ class YearRecalculation {
             const std::size_t got =
                 compute(std::span(results).first(n), values, static_cast<std::uint64_t>(offset));
             if (got == 0) {
-                break; // a source has become shorter in the meantime
+                return unreadable(); // or a source has become shorter in the meantime
             }
             if (!target.file) { // not before there is a value to write
                 target = files_.openTarget(targetPath_);
@@ -91,7 +99,7 @@ class YearRecalculation {
                 return failure(error);
             }
             if (got < n) {
-                break; // so has one here
+                return unreadable();
             }
             done += static_cast<std::int64_t>(n);
         }
@@ -103,8 +111,8 @@ class YearRecalculation {
     [[nodiscard]] std::int64_t values() const {
         const auto size = static_cast<std::int64_t>(chn::VALUE_SIZE);
         std::int64_t count = (range_.last - range_.first) / size + 1;
-        for (const auto& source : sources_) {
-            const std::int64_t length = source ? static_cast<std::int64_t>(source->size()) : 0;
+        for (const Source& source : sources_) {
+            const std::int64_t length = source.file ? static_cast<std::int64_t>(source.file->size()) : 0;
             count = std::min(count, length > range_.first ? (length - range_.first) / size : 0);
         }
         return count;
@@ -115,7 +123,7 @@ class YearRecalculation {
         std::size_t count = results.size();
         for (std::size_t i = 0; i < sources_.size(); ++i) {
             const std::span<double> read = i == 0 ? results.first(count) : std::span(values).first(count);
-            count = sources_[i]->read(offset, std::as_writable_bytes(read)) / chn::VALUE_SIZE;
+            count = sources_[i].file->read(offset, std::as_writable_bytes(read)) / chn::VALUE_SIZE;
             fromLittle(read.first(count));
         }
         const bool two = sources_.size() > 1;
@@ -129,6 +137,18 @@ class YearRecalculation {
         return count;
     }
 
+    /// The message about a source that an error keeps from being read; none when all of them are just
+    /// shorter.
+    [[nodiscard]] std::optional<std::string> unreadable() const {
+        for (const Source& source : sources_) {
+            if (const std::error_code error = source.file->readError()) {
+                return "Die Datei „" + source.path + "“ kann nicht gelesen werden: " + errorText(error) +
+                       ".\nBitte berechnen Sie den Zeitraum noch einmal, sobald sie wieder lesbar ist.";
+            }
+        }
+        return std::nullopt;
+    }
+
     [[nodiscard]] std::string failure(const std::error_code& error) const {
         return "Die Datei „" + targetPath_ + "“ kann nicht geschrieben werden: " + errorText(error) +
                ".\nBitte sorgen Sie für Platz und Schreibrecht und berechnen Sie den Zeitraum noch einmal.";
@@ -137,7 +157,7 @@ class YearRecalculation {
     double factor_;
     const CorrectionFiles& files_;
     YearRange range_;
-    std::vector<std::unique_ptr<FileSource>> sources_;
+    std::vector<Source> sources_;
     std::string targetPath_;
 };
 

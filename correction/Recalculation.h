@@ -41,7 +41,7 @@ struct CorrectionFiles {
 /// nothing else changes. A target value is source · factor, of two sources a · b · factor from left to right,
 /// and 0 where a source is exactly 0. Each year ends with the shortest source; a missing source leaves its
 /// year unchanged. A missing target is created when there is a value to write. Returns the message of the
-/// first failure, which ends the run, with the file and the system's reason.
+/// first failure to read or to write, which ends the run, with the file and the system's reason.
 std::optional<std::string> recalculate(const StationConfig& station, const Correction& correction,
                                        const CorrectionFiles& files = {});
 

@@ -24,6 +24,8 @@ class RealFile final : public FileSource {
         return file_.read(offset, into);
     }
 
+    [[nodiscard]] std::error_code readError() const override { return file_.readError(); }
+
   private:
     NativeFile file_;
 };

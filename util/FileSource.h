@@ -9,6 +9,7 @@
 #include <memory>
 #include <span>
 #include <string_view>
+#include <system_error>
 
 namespace kelvrum {
 
@@ -25,6 +26,9 @@ class FileSource {
     /// Reads from a byte offset on and returns the number of bytes read; fewer than requested only at the end
     /// of the file or when reading fails.
     virtual std::size_t read(std::uint64_t offset, std::span<std::byte> into) = 0;
+
+    /// The error that ended the last read early; none when it ended at the end of the file.
+    [[nodiscard]] virtual std::error_code readError() const { return {}; }
 };
 
 /// Opens the file of a path as the station writes it; an empty pointer when it cannot be read.

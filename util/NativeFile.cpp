@@ -128,12 +128,16 @@ std::error_code NativeFile::open(const std::filesystem::path& path, Open how, bo
 std::uint64_t NativeFile::size() const { return lengthOf(file_).value_or(0); }
 
 std::size_t NativeFile::read(std::uint64_t offset, std::span<std::byte> into) {
+    readError_.clear();
     std::size_t done = 0;
     while (done < into.size()) {
         const std::size_t wanted = std::min(into.size() - done, PIECE);
         const std::ptrdiff_t got = readNative(file_, offset + done, into.subspan(done, wanted));
         if (got < 0 && errno == EINTR) {
             continue;
+        }
+        if (got < 0) {
+            readError_ = lastError();
         }
         if (got <= 0) {
             break;

@@ -34,6 +34,9 @@ class NativeFile {
     /// the file or after an error.
     [[nodiscard]] std::size_t read(std::uint64_t offset, std::span<std::byte> into);
 
+    /// The error that ended the last read early; none when it ended at the end of the file.
+    [[nodiscard]] std::error_code readError() const { return readError_; }
+
     /// Writes all bytes from an offset on. After an error some of them may have been written.
     [[nodiscard]] std::error_code write(std::uint64_t offset, std::span<const std::byte> bytes);
 
@@ -48,6 +51,7 @@ class NativeFile {
 
   private:
     int file_ = -1;
+    std::error_code readError_;
 };
 
 } // namespace kelvrum

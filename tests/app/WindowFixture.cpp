@@ -30,6 +30,7 @@ class CountedFile final : public FileSource {
         }
         return file_->read(offset, into);
     }
+    [[nodiscard]] std::error_code readError() const override { return file_->readError(); }
 
   private:
     std::unique_ptr<FileSource> file_;

@@ -173,6 +173,27 @@ TEST(Recalculation, ReadThatFails) {
     }
 }
 
+/// An error is told, other than the end of a source: what was read before it is written, later years stay.
+TEST(Recalculation, SourceWithAnError) {
+    for (const std::size_t given : std::initializer_list<std::size_t>{0, 7, 8, 79}) {
+        YearFiles laid;
+        laid.lay(7, 2022, 30);
+        CorrectionFiles files;
+        files.openSource = openerOf(FakeFile{
+            .bytes = yearFile(7, 2021, 30), .failsAt = 1024 + 8 * 10 + given, .error = std::errc::io_error});
+        const TimeRange range = between({2021, 1, 1, 0, 10}, {2022, 1, 1, 0, 19});
+        EXPECT_EQ(recalculate(laid.station, {CorrectionMode::dust, range, 2}, files),
+                  "Die Datei „" + laid.path(7, 2021) +
+                      "“ kann nicht gelesen werden: " + reasonOf(std::errc::io_error) +
+                      ".\nBitte berechnen Sie den Zeitraum noch einmal, sobald sie wieder lesbar ist.");
+        if (given >= 8) {
+            laid.files["Kanal15_2021.chn"] =
+                corrected({}, {yearFile(7, 2021, 30)}, 10, 9 + static_cast<int>(given / 8), 2);
+        }
+        EXPECT_EQ(laid.changes(), "") << given;
+    }
+}
+
 /// A failing opening of the target is reported whatever its reason, and the run ends with it.
 TEST(Recalculation, TargetThatDoesNotOpen) {
     YearFiles laid;

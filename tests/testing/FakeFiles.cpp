@@ -36,12 +36,18 @@ class FakeSource final : public FileSource {
         if (log_ != nullptr) {
             log_->reads.push_back({offset, into.size(), got});
         }
+        hasFailed_ = got < into.size();
         return got;
+    }
+
+    [[nodiscard]] std::error_code readError() const override {
+        return hasFailed_ && file_->error ? std::make_error_code(*file_->error) : std::error_code();
     }
 
   private:
     std::shared_ptr<const FakeFile> file_;
     ReadLog* log_;
+    bool hasFailed_ = false;
 };
 
 } // namespace

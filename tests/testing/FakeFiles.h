@@ -10,6 +10,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace kelvrum::testing {
@@ -25,6 +26,8 @@ struct FakeFile {
     std::uint64_t failsAt = std::numeric_limits<std::uint64_t>::max();
     /// Reading after failsAt throws instead of coming back short.
     bool throws = false;
+    /// What readError() says after it; none as when the file has become shorter.
+    std::optional<std::errc> error = {};
 };
 
 /// What a reader did with fake files.

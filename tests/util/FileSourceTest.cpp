@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <limits>
@@ -88,6 +89,19 @@ TEST(FileSource, AFileThatIsCutWhileItIsOpen) {
     fs::resize_file(path, 3);
     EXPECT_EQ(readText(*file, 0, 100000), "xxx");
     EXPECT_EQ(readText(*file, 50000, 8), "");
+}
+
+TEST(FileSource, AnErrorIsNoEndOfTheFile) {
+    const TempFolder folder;
+    const auto file = openFile(folder.write("file", "abc"));
+    std::array<std::byte, 4> into{};
+    EXPECT_EQ(file->read(0, into), 3U);
+    EXPECT_FALSE(file->readError());
+    constexpr std::uint64_t NO_OFFSET = 1ULL << 63U; // negative for the system
+    EXPECT_EQ(file->read(NO_OFFSET, into), 0U);
+    EXPECT_EQ(file->readError(), std::errc::invalid_argument);
+    EXPECT_EQ(file->read(3, into), 0U);
+    EXPECT_FALSE(file->readError());
 }
 
 TEST(FileSource, OffsetsBeyond32Bits) {
