@@ -33,6 +33,7 @@ class PassingWheel : public QObject {
 
 QFont controlFont() {
     QFont font(QStringLiteral("Arial"));
+    font.setStyleHint(QFont::SansSerif); // as in the diagram, so that the toolkit loads one font for both
     font.setPixelSize(FONT_PIXELS);
     return font;
 }

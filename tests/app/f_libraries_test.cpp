@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The print system's library, which loads eighteen others, waits for the first job.
+// What the first view does without: the print system's library, which loads eighteen others, and a second
+// font of the same look.
+#include "drawing/PainterSurface.h"
 #include "drawing/PrintQueue.h"
 #include "tests/app/WindowFixture.h"
+#include "util/Controls.h"
 
 #include <QTest>
 #include <fstream>
@@ -42,6 +45,11 @@ class f_libraries_test : public QObject {
         const bool supported = PrintQueue::isSupported();
         QCOMPARE(isLoaded("libcups.so"), supported);
         QCOMPARE(PrintQueue::isSupported(), supported); // once and for all
+    }
+
+    /// The toolkit loads equal fonts once.
+    void theDiagramsLabelsHaveTheFontOfTheControls() {
+        QCOMPARE(surfaceFont(Font(), Resolution::screen(1).dotsPerPoint), controlFont());
     }
 };
 
