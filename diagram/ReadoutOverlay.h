@@ -129,7 +129,9 @@ class ReadoutOverlay : public QWidget {
     [[nodiscard]] Extent fieldSize() const;
     [[nodiscard]] Box placedField(Dot anchor) const;
     [[nodiscard]] QRegion region() const;
+    [[nodiscard]] Box bandBox() const;
     void paintBand(QPainter& painter) const;
+    void paintBandTimes(QPainter& painter) const;
     void paintLines(QPainter& painter) const;
     void paintField(QPainter& painter, const Box& field) const;
 

@@ -137,6 +137,7 @@ void ReadoutOverlay::paintEvent(QPaintEvent* /*event*/) {
     if (hasPlot()) {
         paintBand(painter);
         paintLines(painter);
+        paintBandTimes(painter);
     }
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(RING_COLOUR, dots(1)));
@@ -179,31 +180,40 @@ void ReadoutOverlay::paintField(QPainter& painter, const Box& field) const {
     painter.restore();
 }
 
-/// The part of the band that the plot shows, and its two times above it.
-void ReadoutOverlay::paintBand(QPainter& painter) const {
-    if (!band_) {
-        return;
-    }
+/// The part of the band that the plot shows.
+Box ReadoutOverlay::bandBox() const {
     const PlotArea& plot = diagram_.lineShown()->plot;
     const auto within = [&](DateTime t) {
         return std::clamp(plot.x(t), nearestDot(plot.left), nearestDot(plot.right));
     };
-    const int left = within(band_->from);
-    const int right = within(band_->to);
-    const int top = nearestDot(plot.top);
-    const int height = nearestDot(plot.bottom) - top;
-    painter.fillRect(left, top, right - left + 1, height, BAND);
-    painter.fillRect(left, top, dots(1), height, BAND_EDGE);
-    painter.fillRect(right, top, dots(1), height, BAND_EDGE);
+    return {within(band_->from), nearestDot(plot.top), within(band_->to), nearestDot(plot.bottom)};
+}
 
+void ReadoutOverlay::paintBand(QPainter& painter) const {
+    if (!band_) {
+        return;
+    }
+    const Box box = bandBox();
+    const int height = box.bottom - box.top;
+    painter.fillRect(box.left, box.top, box.right - box.left + 1, height, BAND);
+    painter.fillRect(box.left, box.top, dots(1), height, BAND_EDGE);
+    painter.fillRect(box.right, box.top, dots(1), height, BAND_EDGE);
+}
+
+/// The two times of the band at its upper end, which no line crosses.
+void ReadoutOverlay::paintBandTimes(QPainter& painter) const {
+    if (!band_) {
+        return;
+    }
+    const Box box = bandBox();
     const QString text =
         QString::fromStdString(rowTime(band_->from, texts_) + " – " + rowTime(band_->to, texts_));
     const QFontMetrics metrics(font());
     const Extent size{dots(metrics.horizontalAdvance(text) + 2 * PADDING), dots(metrics.height())};
     const int last = std::max(0, dots(width()) - size.width);
-    const int x = std::clamp((left + right - size.width) / 2, 0, last);
+    const int x = std::clamp((box.left + box.right - size.width) / 2, 0, last);
     painter.save();
-    painter.translate(x, top + dots(BAND_TEXT_TOP));
+    painter.translate(x, box.top + dots(BAND_TEXT_TOP));
     painter.fillRect(0, 0, size.width, size.height, FIELD);
     painter.scale(ratio(), ratio());
     painter.setPen(Qt::black);

@@ -79,6 +79,18 @@ class f_choose_test : public QObject {
         QVERIFY(alpha("18.06.2020 08:30") > 0);
         QCOMPARE(alpha("18.06.2020 06:30"), 0);
         QCOMPARE(alpha("18.06.2020 10:40"), 0);
+        // No line crosses the times: their ground goes from end to end in the row above the letters.
+        const int row = static_cast<int>((50 + 4) * ratio);
+        int ground = 0;
+        int crossed = 0;
+        for (int x = static_cast<int>(60 * ratio); x < image.width(); ++x) {
+            const bool isGround = image.pixel(x, row) == qRgb(255, 255, 232);
+            ground += isGround ? 1 : 0;
+            const bool isBetween = image.pixel(x - 1, row) == qRgb(255, 255, 232) && !isGround;
+            crossed += isBetween ? 1 : 0;
+        }
+        QVERIFY(ground > 100 * ratio);
+        QCOMPARE(crossed, 1); // at their end
         hand.release(hand.at(QStringLiteral("18.06.2020 10:20")));
     }
 
