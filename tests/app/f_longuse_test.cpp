@@ -6,11 +6,16 @@
 #include "tests/app/RandomUser.h"
 #include "tests/app/WindowFixture.h"
 
+#include <QAction>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QGuiApplication>
+#include <QListWidget>
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QTest>
+#include <QTimeEdit>
 #include <algorithm>
 #include <fstream>
 #include <memory>
@@ -28,6 +33,7 @@ namespace {
 
 constexpr std::uint64_t ACTIONS = 800;
 constexpr std::uint64_t WARM_UP = 1500; // at least
+constexpr int WIND_ROW = 1;             // of the channels of the first project
 constexpr double ALLOWED_GROWTH = 0.01;
 constexpr std::uint64_t LONG = 8000; // actions, after a quarter of which everything has been used once
 constexpr double CACHES =
@@ -61,6 +67,7 @@ class f_longuse_test : public QObject {
 
     /// The same view each time that the memory is measured: the first project, one day of its first channel.
     static Memory measured(f& window, const QString& project) {
+        QGuiApplication::clipboard()->clear(); // the last copy was as large as the window
         window.resize(1000, 700);
         window.readConf(project.toStdString());
         window.findChild<PolarSys*>(QStringLiteral("KS"))
@@ -73,11 +80,43 @@ class f_longuse_test : public QObject {
             const QSignalBlocker quiet(picker);
             picker->setDate(date);
         }
+        for (const char* name : {"DTPicker1", "DTPicker3"}) {
+            auto* picker = window.findChild<QTimeEdit*>(QString::fromUtf8(name));
+            const QSignalBlocker quiet(picker);
+            picker->setTime(QTime(0, 0));
+        }
         for (const char* view : {"optView(1)", "optView(0)"}) {
             window.findChild<QRadioButton*>(QString::fromUtf8(view))->click();
             QCoreApplication::processEvents();
         }
         return memoryNow();
+    }
+
+    /// A year of minutes in every form: what is kept for the next reading has its full size afterwards.
+    static void showYears(f& window, QStringList projects) {
+        const auto action = [&window](const char* name) {
+            auto* found = window.findChild<QAction*>(QString::fromUtf8(name));
+            if (found != nullptr) {
+                found->trigger();
+                QCoreApplication::processEvents();
+            }
+        };
+        projects.removeDuplicates();
+        for (const QString& project : projects) {
+            measured(window, project);
+            action("menJahr");
+            for (const char* view : {"optView(1)", "optView(0)"}) {
+                window.findChild<QRadioButton*>(QString::fromUtf8(view))->click();
+                QCoreApplication::processEvents();
+            }
+            action("menKanal(3)"); // of day files
+            action("menKanal(7)");
+            auto* channels = window.findChild<QListWidget*>(QStringLiteral("selChan"));
+            if (channels->count() > WIND_ROW) {
+                channels->setCurrentRow(WIND_ROW);
+                action("menPolar");
+            }
+        }
     }
 
   private Q_SLOTS:
@@ -99,6 +138,7 @@ class f_longuse_test : public QObject {
         };
         const std::uint64_t actions = randomActions(ACTIONS);
         work(std::max(actions / 4, WARM_UP)); // until everything has been used once
+        showYears(window, stations.files());
         const Memory before = measured(window, stations.files()[0]);
         work(actions);
         const Memory after = measured(window, stations.files()[0]);
