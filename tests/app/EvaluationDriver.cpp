@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QPushButton>
-#include <QTest>
 #include <QTimer>
 #include <stdexcept>
 
@@ -22,14 +21,10 @@ void inEvaluation(const WindowFixture& fixture, const std::function<void(QWidget
             window->close();
         }
     });
-    fixture.window->activateWindow();
-    if (!QTest::qWaitForWindowActive(fixture.window.get())) {
-        throw std::runtime_error("the main window is not active");
-    }
     timer.start(10);
-    QTest::keyClick(fixture.window.get(), Qt::Key_F6);
+    fixture.trigger("menAuswertung");
     if (!looked) {
-        throw std::runtime_error("F6 opened no evaluation");
+        throw std::runtime_error("no evaluation was opened");
     }
 }
 

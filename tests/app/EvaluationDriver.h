@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Opens the window "Auswertung" as a person does.
+// The window "Auswertung" of a window under test.
 #pragma once
 
 #include "tests/app/WindowFixture.h"
@@ -10,7 +10,7 @@ class QWidget;
 
 namespace kelvrum::testing {
 
-/// Presses F6, looks at the window when the figures are there, and closes it. Throws std::runtime_error when
+/// Opens it, looks at it when the figures are there, and closes it. Throws std::runtime_error when
 /// there was no such window.
 void inEvaluation(const WindowFixture& fixture, const std::function<void(QWidget&)>& look);
 
