@@ -3,9 +3,11 @@
 
 #include "app/TablePage.h"
 #include "app/TablePrintout.h"
+#include "drawing/FittedText.h"
 #include "util/Numbers.h"
 
 #include <algorithm>
+#include <numeric>
 #include <string_view>
 #include <vector>
 
@@ -18,6 +20,8 @@ using namespace tablepage;
 // Millimetres.
 constexpr double BELOW_HEADER = 2;
 constexpr double BETWEEN_COLUMNS = 4;
+
+constexpr std::size_t MAX_LINES = 4; // of a value
 
 const Font HEADING_FONT{"Arial", 10, true, false};
 
@@ -35,12 +39,12 @@ class EvaluationPrinter {
     explicit EvaluationPrinter(const std::function<Surface&()>& newPage)
         : newPage_(newPage) {
         startPage();
-        lineHeight_ = millimetres(page_->textExtent("").height);
+        setFont(TEXT_FONT);
     }
 
     void printTitle(const std::string& title) { printHeading(title, TITLE_FONT); }
 
-    /// Names and values in two columns.
+    /// Names and values in two columns; a long value takes several lines.
     void printEntries(const std::vector<EvaluationEntry>& entries) {
         double names = 0;
         for (const EvaluationEntry& entry : entries) {
@@ -48,11 +52,17 @@ class EvaluationPrinter {
         }
         const double valueAt = LEFT_MARGIN + names + BETWEEN_COLUMNS;
         const std::string columns = plainNumber(LEFT_MARGIN) + "|" + plainNumber(valueAt);
+        const double width = millimetres(page_->size().width) - valueAt;
         for (const EvaluationEntry& entry : entries) {
-            if (!hasRoom(1)) {
-                startPage();
+            std::string label = entry.label;
+            for (const std::string& line :
+                 wrapText(*page_, entry.value, dots(width - RIGHT_MARGIN), MAX_LINES)) {
+                if (!hasRoom(1)) {
+                    startPage();
+                }
+                printRow(joined({label, line}), columns, width);
+                label.clear();
             }
-            printRow(joined({entry.label, entry.value}), columns, millimetres(page_->size().width) - valueAt);
         }
         y_ += lineHeight_;
     }
@@ -63,7 +73,7 @@ class EvaluationPrinter {
             startPage();
         }
         printHeading(table.title, HEADING_FONT);
-        const std::vector<double> widths = columnWidths(table);
+        const std::vector<double> widths = fitColumns(table);
         double position = LEFT_MARGIN;
         std::string columns;
         for (std::size_t i = 0; i < widths.size(); ++i) {
@@ -78,6 +88,7 @@ class EvaluationPrinter {
             }
             printRow(joined(row), columns, widths.back());
         }
+        setFont(TEXT_FONT);
         y_ += lineHeight_;
     }
 
@@ -96,16 +107,23 @@ class EvaluationPrinter {
     void startPage() {
         page_ = &newPage_();
         page_->setPen(BLACK);
-        page_->setFont(TEXT_FONT);
+        page_->setFont(font_);
         y_ = FIRST_LINE;
+    }
+
+    void setFont(const Font& font) {
+        font_ = font;
+        page_->setFont(font_);
+        lineHeight_ = millimetres(page_->textExtent("").height);
     }
 
     /// A line in its own font and an empty one.
     void printHeading(const std::string& text, const Font& font) {
         page_->setFont(font);
-        page_->text({dots(LEFT_MARGIN), dots(y_)}, text);
-        y_ += 1.5 * millimetres(page_->textExtent("").height);
-        page_->setFont(TEXT_FONT);
+        const double height = millimetres(page_->textExtent("").height);
+        drawTitle(*page_, text, font, y_);
+        y_ += 1.5 * height;
+        page_->setFont(font_);
     }
 
     void printHeader(const EvaluationTable& table, const std::string& columns, double lastWidth) {
@@ -136,7 +154,22 @@ class EvaluationPrinter {
         return widths;
     }
 
+    /// The widths in the largest font in which all columns are on the page; the smallest one where none is.
+    std::vector<double> fitColumns(const EvaluationTable& table) {
+        constexpr double MIN_POINTS = 5;
+        const double room = millimetres(page_->size().width) - LEFT_MARGIN - RIGHT_MARGIN;
+        std::vector<double> widths = columnWidths(table);
+        for (Font font = TEXT_FONT;
+             font.Size > MIN_POINTS && std::accumulate(widths.begin(), widths.end(), 0.0) > room;) {
+            --font.Size;
+            setFont(font);
+            widths = columnWidths(table);
+        }
+        return widths;
+    }
+
     const std::function<Surface&()>& newPage_;
+    Font font_ = TEXT_FONT; // of the rows
     Surface* page_ = nullptr;
     double y_ = 0; // of the next line, millimetres
     double lineHeight_ = 0;

@@ -8,6 +8,7 @@ namespace kelvrum::tablepage {
 
 // Millimetres.
 inline constexpr double LEFT_MARGIN = 20;
+inline constexpr double RIGHT_MARGIN = 10;
 inline constexpr double FIRST_LINE = 10;
 inline constexpr double LOWER_MARGIN = 10;
 

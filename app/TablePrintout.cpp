@@ -2,6 +2,7 @@
 #include "app/TablePrintout.h"
 
 #include "app/TablePage.h"
+#include "drawing/FittedText.h"
 #include "util/Numbers.h"
 #include "util/Text.h"
 
@@ -15,7 +16,6 @@ namespace {
 using namespace tablepage;
 
 // Millimetres.
-constexpr double RIGHT_MARGIN = 10;
 constexpr double BEHIND_HEADER = 5;
 
 // These texts set the widths of the columns.
@@ -165,8 +165,7 @@ double TablePages::firstRowOf(std::size_t page) const {
 void TablePages::draw(std::size_t page, Surface& surface) const {
     surface.setPen(BLACK);
     if (page == 0) {
-        surface.setFont(TITLE_FONT);
-        surface.text({dots(surface, LEFT_MARGIN), dots(surface, FIRST_LINE)}, table_.title);
+        drawTitle(surface, table_.title, TITLE_FONT, FIRST_LINE);
         if (!table_.note.empty()) {
             surface.setFont(FOOT_FONT);
             surface.text({dots(surface, LEFT_MARGIN), dots(surface, (FIRST_LINE + belowTitle_) / 2)},
@@ -192,6 +191,13 @@ void TablePages::drawRow(const std::string& row, double y, Surface& surface) con
     }
 }
 
+void drawTitle(Surface& page, const std::string& title, const Font& font, double y) {
+    constexpr double MIN_POINTS = 8;
+    const int room = page.size().width - dots(page, LEFT_MARGIN + RIGHT_MARGIN);
+    const std::string text = fitText(page, font, title, room, MIN_POINTS);
+    page.text({dots(page, LEFT_MARGIN), dots(page, y)}, text);
+}
+
 void drawPageFoot(Surface& page, const std::string& foot, std::size_t number, std::size_t count) {
     if (foot.empty()) {
         return;
@@ -201,17 +207,28 @@ void drawPageFoot(Surface& page, const std::string& foot, std::size_t number, st
     page.setPen(BLACK);
     page.setFont(FOOT_FONT);
     const std::string numberText = "Seite " + std::to_string(number) + " von " + std::to_string(count);
-    const double numberWidth = widthOn(page, numberText);
-    const double room = millimetres(page, page.size().width) - RIGHT_MARGIN - LEFT_MARGIN;
-    const bool onOneLine = widthOn(page, foot) + GAP + numberWidth <= room;
-    std::string text = foot;
-    while (!text.empty() && widthOn(page, text) > room) {
-        dropLastCharacter(text);
+    const int left = dots(page, LEFT_MARGIN);
+    const int right = page.size().width - dots(page, RIGHT_MARGIN);
+    const int room = right - left;
+    const Extent numberSize = page.textExtent(numberText);
+    const auto beside = [&](const std::string& line) {
+        return page.textExtent(line).width + dots(page, GAP) + numberSize.width <= room;
+    };
+    const auto maxLines = static_cast<std::size_t>(std::max(1, dots(page, LOWER_MARGIN) / numberSize.height));
+    std::vector<std::string> lines = wrapText(page, foot, room, maxLines);
+    if (!beside(lines.back()) && lines.size() < maxLines) {
+        lines.emplace_back(); // of the number alone
+    } else if (!beside(lines.back())) {
+        lines.back() = cutText(page, lines.back(), room - dots(page, GAP) - numberSize.width);
     }
-    const int y = page.size().height - dots(page, onOneLine ? ABOVE_EDGE : LOWER_MARGIN);
-    const int below = onOneLine ? 0 : page.textExtent("").height;
-    page.text({dots(page, LEFT_MARGIN), y}, text);
-    page.text({dots(page, LEFT_MARGIN + room - numberWidth), y + below}, numberText);
+    int y = page.size().height - dots(page, lines.size() == 1 ? ABOVE_EDGE : LOWER_MARGIN);
+    for (const std::string& line : lines) {
+        if (!line.empty()) {
+            page.text({left, y}, line);
+        }
+        y += numberSize.height;
+    }
+    page.text({right - numberSize.width, y - numberSize.height}, numberText);
 }
 
 void printTable(const Table& table, const std::function<Surface&()>& newPage) {

@@ -81,8 +81,12 @@ class TablePages {
     std::size_t count_ = 1;
 };
 
+/// Writes a title at the left margin, in a smaller font where the page is too narrow, and cut where that is
+/// still too wide. `y` is in millimetres.
+void drawTitle(Surface& page, const std::string& title, const Font& font, double y);
+
 /// Writes a foot into the lower margin of a page, with the page's number, which counts from 1. On narrow
-/// paper the number is on a line of its own, and a foot that is too long is cut. An empty foot is none.
+/// paper it takes several lines, and is cut where they do not suffice. An empty foot is none.
 void drawPageFoot(Surface& page, const std::string& foot, std::size_t number, std::size_t count);
 
 /// Prints a table on as many pages as it needs; each further page repeats the header line. `newPage` starts a

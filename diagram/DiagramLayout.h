@@ -33,6 +33,7 @@ struct DiagramLayout {
     std::optional<double> titlePoints;
     std::optional<double> title2Points;
     std::optional<double> textPoints;
+    bool fitsTexts = false; // texts too wide for the surface become smaller, down to textPoints, or are cut
 
     bool background = true;        // drawn on BgCol; the paper of a page stays as it is
     bool titleBand = true;         // the titles are on a filled band
@@ -59,6 +60,7 @@ struct DiagramLayout {
         layout.titlePoints = 12;
         layout.title2Points = 10;
         layout.textPoints = 8;
+        layout.fitsTexts = true;
         layout.background = false;
         layout.titleBand = false;
         layout.legendY = layout.top - 14;

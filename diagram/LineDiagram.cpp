@@ -6,6 +6,7 @@
 #include "diagram/PlotArea.h"
 #include "diagram/ReducedCurve.h"
 #include "diagram/TimeTicks.h"
+#include "drawing/FittedText.h"
 #include "util/Text.h"
 #include "util/VectorRegisters.h"
 
@@ -14,6 +15,7 @@
 #include <cmath>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kelvrum {
@@ -211,31 +213,36 @@ class LinePainting {
     void drawTexts() {
         Font bold = fontOf(layout_.titlePoints);
         bold.Bold = true;
-        surface_.setFont(bold);
-        const Extent title = surface_.textExtent(properties_.HeadLine);
+        const std::string headLine = fitted(bold, properties_.HeadLine, titleRoom());
+        const Extent title = surface_.textExtent(headLine);
         if (layout_.titleBand) {
             const std::array<Box, 1> band = {
                 Box{0, 0, size_.width, title.height + dots(layout_.bandBelowTitle)}};
             surface_.fill(band, TITLE_BAND);
         }
         surface_.setPen(BLACK);
-        surface_.text({(size_.width - title.width) / 2, dots(layout_.titleY)}, properties_.HeadLine);
+        surface_.text({(size_.width - title.width) / 2, dots(layout_.titleY)}, headLine);
 
-        surface_.setFont(fontOf(layout_.title2Points));
-        const Extent second = surface_.textExtent(properties_.HeadLine2);
-        surface_.text({(size_.width - second.width) / 2, dots(layout_.title2Y)}, properties_.HeadLine2);
+        // The unit, and captions, are beside the second title.
+        const int beside = 2 * dots(std::max(layout_.left, layout_.right) + 2 * layout_.longTick);
+        const int room2 =
+            properties_.AchseText.empty() ? size_.width - beside : static_cast<int>(plot_.width() / 2);
+        const std::string headLine2 = fitted(fontOf(layout_.title2Points), properties_.HeadLine2, room2);
+        const Extent second = surface_.textExtent(headLine2);
+        surface_.text({(size_.width - second.width) / 2, dots(layout_.title2Y)}, headLine2);
 
         surface_.setFont(fontOf(layout_.textPoints));
         const Extent note = surface_.textExtent(properties_.Fussnote);
         surface_.text(
             {nearestDot(plot_.left), size_.height - note.height - dots(layout_.foot + layout_.textGap)},
             properties_.Fussnote);
-        drawAxisTexts();
+        drawAxisTexts(second.width);
     }
 
     /// The unit ends at the left axis, above its uppermost label; the first caption follows it inside of
-    /// the plot's width, the second one ends at the right axis.
-    void drawAxisTexts() {
+    /// the plot's width, the second one ends at the right axis. The second title, as wide as this, is
+    /// between.
+    void drawAxisTexts(int titleWidth) {
         const std::string unit = " " + properties_.Einheit;
         const Extent extent = surface_.textExtent(unit);
         const int y = nearestDot(plot_.top) - extent.height - extent.height / 2 + dots(layout_.unitDrop);
@@ -248,14 +255,32 @@ class LinePainting {
         }
         std::string first(captions[0]);
         std::string second(captions.size() > 1 ? captions[1] : std::string_view());
-        const int x = nearestDot(plot_.left) + dots(2 * layout_.longTick);
-        shareRow(first, second, nearestDot(plot_.right) - x - dots(2 * layout_.longTick));
+        const int inset = dots(2 * layout_.longTick);
+        const int x = nearestDot(plot_.left) + inset;
+        if (layout_.fitsTexts) {
+            first = shortened(std::move(first), (size_.width - titleWidth) / 2 - inset - x);
+            second = shortened(std::move(second),
+                               nearestDot(plot_.right) - (size_.width + titleWidth) / 2 - inset);
+        } else {
+            shareRow(first, second, nearestDot(plot_.right) - x - inset);
+        }
         surface_.text({x, y}, first);
         if (captions.size() > 1) {
             surface_.setPen(properties_.Y2axe);
             surface_.text({nearestDot(plot_.right) - surface_.textExtent(second).width, y}, second);
         }
     }
+
+    /// Sets a font and returns a text that fits, where texts are to fit.
+    std::string fitted(const Font& font, std::string_view text, int room) {
+        if (layout_.fitsTexts) {
+            return fitText(surface_, font, text, room, layout_.textPoints.value_or(font.Size));
+        }
+        surface_.setFont(font);
+        return std::string(text);
+    }
+    /// Titles are centred, and leave the margin on the right also on the left.
+    [[nodiscard]] int titleRoom() const { return size_.width - 2 * dots(layout_.right); }
 
     /// Shortens two captions that are wider together than the row; one that needs less than half of it stays.
     void shareRow(std::string& first, std::string& second, int row) {

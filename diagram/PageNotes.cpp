@@ -2,6 +2,7 @@
 #include "diagram/PageNotes.h"
 
 #include "diagram/DiagramLayout.h"
+#include "drawing/FittedText.h"
 #include "util/Numbers.h"
 
 namespace kelvrum {
@@ -11,6 +12,8 @@ namespace {
 // Millimetres below the part of the page that the diagram uses.
 constexpr double NOTES_DROP = 3;
 constexpr double FOOT_DROP = 8;
+constexpr double GAP = 4; // between the two notes
+constexpr std::size_t MAX_FOOT_LINES = 3;
 constexpr double POINTS = 8;
 
 } // namespace
@@ -25,15 +28,21 @@ void drawPageNotes(Surface& page, const PageNotes& notes, bool polar) {
     const int right = page.size().width - dots(layout.right);
     page.setPen(BLACK);
     page.setFont({"Arial", POINTS, false, false});
+    const int rightStart = right - page.textExtent(notes.right).width;
     if (!notes.left.empty()) {
-        page.text({left, foot + dots(NOTES_DROP)}, notes.left);
+        page.text({left, foot + dots(NOTES_DROP)}, cutText(page, notes.left, rightStart - dots(GAP) - left));
     }
     if (!notes.right.empty()) {
-        page.text({right - page.textExtent(notes.right).width, foot + dots(NOTES_DROP)}, notes.right);
+        page.text({rightStart, foot + dots(NOTES_DROP)}, notes.right);
     }
     if (polar && !notes.polarFoot.empty()) {
-        const int middle = (page.size().width - page.textExtent(notes.polarFoot).width) / 2;
-        page.text({middle, foot + dots(FOOT_DROP)}, notes.polarFoot);
+        const int room = page.size().width - 2 * dots(layout.right);
+        int y = foot + dots(FOOT_DROP);
+        for (const std::string& line : wrapText(page, notes.polarFoot, room, MAX_FOOT_LINES)) {
+            const Extent extent = page.textExtent(line);
+            page.text({(page.size().width - extent.width) / 2, y}, line);
+            y += extent.height;
+        }
     }
 }
 

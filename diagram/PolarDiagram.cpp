@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "diagram/PolarDiagram.h"
 
+#include "drawing/FittedText.h"
 #include "drawing/PlacedSurface.h"
 #include "util/Numbers.h"
 #include "util/VectorRegisters.h"
@@ -41,14 +42,15 @@ void requireProduct(std::int32_t count, int radius) {
 /// One drawing: its inputs and what its stages share.
 class PolarPainting {
   public:
-    /// `paper` is the background colour of the drawing.
+    /// On a page the paper is the background, and the head line keeps within the frame.
     PolarPainting(Surface& surface, const DiagramProperties& properties, const PolarSamples& samples,
-                  const LocaleTexts& texts, Colour paper)
+                  const LocaleTexts& texts, bool isPage)
         : surface_(surface)
         , properties_(properties)
         , samples_(samples)
         , texts_(texts)
-        , paper_(paper)
+        , isPage_(isPage)
+        , paper_(isPage ? WHITE : properties.BgCol)
         , size_(surface.size())
         , head_(headExtent())
         , geometry_(size_, head_.height, properties.LongRaster, surface.scale()) {}
@@ -231,8 +233,12 @@ class PolarPainting {
     }
 
     void drawHeadLine() {
+        constexpr double MIN_POINTS = 6;
         surface_.setFont(bold());
-        surface_.text({(size_.width - head_.width) / 2, units(3)}, properties_.HeadLine);
+        const std::string text =
+            isPage_ ? fitText(surface_, bold(), properties_.HeadLine, size_.width - 2 * units(3), MIN_POINTS)
+                    : properties_.HeadLine;
+        surface_.text({(size_.width - surface_.textExtent(text).width) / 2, units(3)}, text);
         surface_.setFont(properties_.SkalaFont);
     }
 
@@ -240,7 +246,8 @@ class PolarPainting {
     const DiagramProperties& properties_;
     const PolarSamples& samples_;
     const LocaleTexts& texts_;
-    Colour paper_;
+    bool isPage_;
+    Colour paper_; // the background
     Extent size_;
     Extent head_;
     PolarGeometry geometry_;
@@ -290,9 +297,9 @@ int PolarGeometry::dy(std::int32_t i) const { return rounded(i * stepY); }
 namespace {
 
 /// Draws what a control has in use. Its Ycenter is set first: it stays when an error ends the drawing.
-PolarDrawing drawControl(Surface& surface, DiagramState& control, const LocaleTexts& texts, Colour paper) {
+PolarDrawing drawControl(Surface& surface, DiagramState& control, const LocaleTexts& texts, bool isPage) {
     const DiagramProperties properties = control.properties();
-    PolarPainting drawing(surface, properties, control.samples(), texts, paper);
+    PolarPainting drawing(surface, properties, control.samples(), texts, isPage);
     if (const auto y = drawing.yCentre()) {
         control.setYcenter(*y);
     }
@@ -323,15 +330,15 @@ void placePicture(Surface& page, Extent picture, Draw draw) {
 
 PolarDrawing drawPolarDiagram(Surface& surface, const DiagramProperties& properties,
                               const PolarSamples& samples, const LocaleTexts& texts) {
-    return PolarPainting(surface, properties, samples, texts, properties.BgCol).run();
+    return PolarPainting(surface, properties, samples, texts, false).run();
 }
 
 PolarDrawing drawPolarDiagram(Surface& surface, DiagramState& control, const LocaleTexts& texts) {
-    return drawControl(surface, control, texts, control.BgCol());
+    return drawControl(surface, control, texts, false);
 }
 
 void printPolarDiagram(Surface& page, Extent picture, DiagramState& control, const LocaleTexts& texts) {
-    placePicture(page, picture, [&](Surface& placed) { drawControl(placed, control, texts, WHITE); });
+    placePicture(page, picture, [&](Surface& placed) { drawControl(placed, control, texts, true); });
 }
 
 } // namespace kelvrum

@@ -47,7 +47,7 @@ struct PolarDrawing {
     std::int64_t samples = 0;            // calms included
     double startAngle = 0;               // screen angle of direction 0, in radians
     std::optional<std::int32_t> yCentre; // in drawing units; nothing on an empty surface
-    std::vector<Box> texts;              // where ring labels, compass letters and footnote are
+    std::vector<Box> texts = {};         // where ring labels, compass letters and footnote are
 };
 
 /// Draws rings, spokes, sectors, labels, compass letters, frame and head line. Throws std::overflow_error
