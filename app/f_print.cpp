@@ -134,19 +134,23 @@ PageNotes f::pageNotes() const {
 void f::setUpPrinterAndPrint() {
     loader_.whenIdle("menSelP", [this] {
         try {
-            const PrintWait wait(printJob_, *this);
-            printJob_.requireAnswer();
+            {
+                const PrintWait wait(printJob_,
+                                     *this); // which takes all input, so not while the dialog is open
+                printJob_.requireAnswer();
+            }
+            if (!printJob_.setUp([this](QPrinter& printer) {
+                    return environment_.dialogs->setUpPrinter(this, printer);
+                })) {
+                return; // cancelling ends it silently
+            }
         } catch (const PrintCancelled&) {
             return;
         } catch (const PrintError& error) {
             say(*this, error);
             return;
         }
-        // Cancelling ends it silently.
-        if (printJob_.setUp(
-                [this](QPrinter& printer) { return environment_.dialogs->setUpPrinter(this, printer); })) {
-            printNow();
-        }
+        printNow();
     });
 }
 

@@ -43,6 +43,7 @@ class CupsLibrary {
     KELVRUM_CUPS(cupsSendRequest);
     KELVRUM_CUPS(cupsServer);
     KELVRUM_CUPS(cupsSetPasswordCB2);
+    KELVRUM_CUPS(cupsSetServer);
     KELVRUM_CUPS(cupsUser);
     KELVRUM_CUPS(cupsWriteRequestData);
     KELVRUM_CUPS(httpAssembleURIf);
@@ -51,6 +52,9 @@ class CupsLibrary {
     KELVRUM_CUPS(httpError);
     KELVRUM_CUPS(httpGetStatus);
     KELVRUM_CUPS(httpSetTimeout);
+    KELVRUM_CUPS(httpShutdown);
+    KELVRUM_CUPS(httpStatus);
+    KELVRUM_CUPS(httpUpdate);
     KELVRUM_CUPS(ippAddInteger);
     KELVRUM_CUPS(ippAddString);
     KELVRUM_CUPS(ippAddStrings);
@@ -65,6 +69,10 @@ class CupsLibrary {
     KELVRUM_CUPS(ippNewRequest);
     KELVRUM_CUPS(ippPort);
 #undef KELVRUM_CUPS
+
+    /// The connection that CUPS, and with it the toolkit, uses in the calling thread. Each version 2 has
+    /// this, but no header; nullptr where it is missing.
+    http_t* (*threadConnection)() = reinterpret_cast<http_t* (*)()>(library_.resolve("_cupsConnect"));
 };
 
 } // namespace kelvrum

@@ -328,6 +328,7 @@ QueueAnswer cupsPrint(const QueueJob& job, TalkProgress& progress) {
     if (number == 0 || cups().ippGetStatusCode(answer.get()) > IPP_STATUS_OK_EVENTS_COMPLETE) {
         return {Fate::refused, 0, refusalWords(http.get(), job.queue, answer.get())};
     }
+    progress.number = number;
     ++progress.changes;
     return awaitFate(http.get(), job.queue, number, progress);
 }

@@ -12,6 +12,7 @@ namespace kelvrum {
 struct TalkProgress {
     std::atomic<double> sent = 0;        // part of the document, 0 to 1
     std::atomic<unsigned> changes = 0;   // counts the changes
+    std::atomic<int> number = 0;         // of the job, once the queue has it
     std::atomic<bool> withdrawn = false; // the job is no longer wanted
 };
 

@@ -5,13 +5,19 @@
 #include "drawing/PageRecording.h"
 #include "drawing/PainterSurface.h"
 #include "drawing/PdfDocument.h"
+#include "drawing/PrintFate.h"
 #include "drawing/PrintQueue.h"
 #include "drawing/QueueOptions.h"
+#include "drawing/ToolkitPatience.h"
 #include "util/VectorRegisters.h"
 
+#include <QApplication>
+#include <QDialog>
 #include <QFileInfo>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QTimer>
+#include <chrono>
 #include <numeric>
 #include <string>
 #include <utility>
@@ -20,52 +26,9 @@ namespace kelvrum {
 
 namespace {
 
-constexpr const char* NO_PRINTER =
-    "Der Drucker ist nicht erreichbar. Bitte prüfen Sie, ob er eingeschaltet und eingerichtet ist.";
-constexpr const char* NO_ANSWER =
-    "Das Drucksystem antwortet nicht. Bitte versuchen Sie es später noch einmal.";
 const QString DEFAULT_NAME = QStringLiteral("Kelvrum");
 
 QString titleOf(const QString& name) { return name.isEmpty() ? DEFAULT_NAME : name; }
-
-[[noreturn]] void throwError(const QString& text) { throw PrintError(text.toStdString()); }
-
-/// The message of the print system, to append to a statement.
-QString behindColon(const QueueAnswer& answer) {
-    return answer.words.empty() ? QString() : QStringLiteral(": ") + QString::fromStdString(answer.words);
-}
-
-/// Throws if the user must be informed of a job's fate.
-void checkFate(const QueueAnswer& answer, const QString& printer) {
-    using Fate = QueueAnswer::Fate;
-    const QString words = behindColon(answer);
-    switch (answer.fate) {
-    case Fate::printed:
-    case Fate::accepted:
-        return;
-    case Fate::withdrawn:
-        throw PrintCancelled();
-    case Fate::unreachable:
-        throw PrintError(NO_PRINTER);
-    case Fate::silent:
-        throw PrintError(NO_ANSWER);
-    case Fate::refused:
-        throwError(QStringLiteral("Der Druckauftrag wurde vom Drucker „%1“ nicht angenommen%2\n"
-                                  "Bitte prüfen Sie den Drucker und drucken Sie noch einmal.")
-                       .arg(printer, words.isEmpty() ? QStringLiteral(".") : words));
-    case Fate::cancelled:
-        throwError(QStringLiteral("Der Druckauftrag wurde auf dem Drucker „%1“ abgebrochen%2")
-                       .arg(printer, words.isEmpty() ? QStringLiteral(".") : words));
-    case Fate::halted:
-        throwError(QStringLiteral("Der Druckauftrag wurde auf dem Drucker „%1“ angehalten%2\n"
-                                  "Bitte prüfen Sie den Drucker und drucken Sie noch einmal.")
-                       .arg(printer, words.isEmpty() ? QStringLiteral(".") : words));
-    case Fate::stopped:
-        throwError(QStringLiteral("Der Drucker „%1“ ist angehalten%2\n"
-                                  "Der Auftrag wartet und wird gedruckt, sobald der Drucker wieder läuft.")
-                       .arg(printer, words.isEmpty() ? QStringLiteral(".") : words));
-    }
-}
 
 [[noreturn]] void throwFileError(const DocumentFile& document, const QString& target) {
     throwError(QStringLiteral("Die Datei „%1“ konnte nicht geschrieben werden: %2.")
@@ -151,36 +114,101 @@ bool PrintJob::printsToFile() {
 }
 
 void PrintJob::requireAnswer() {
-    checkFate(PrintQueue::probe([this](double) { return !step_ || step_({}); }), {});
+    checkFate(PrintQueue::probe([this](double) {
+                  if (!step_) {
+                      QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+                  }
+                  return !step_ || step_({});
+              }),
+              {});
+}
+
+/// Runs a call of the toolkit that asks the print system. Throws PrintError when that does not answer, before
+/// the call or during it.
+template<typename Call>
+auto PrintJob::askToolkit(Call call) {
+    requireAnswer();
+    const ToolkitPatience patience;
+    auto result = call();
+    if (patience.isOver()) {
+        throwNoAnswer();
+    }
+    return result;
+}
+
+void PrintJob::makePrinter() {
+    if (!printer_) {
+        printer_ = askToolkit(newPrinter);
+    }
 }
 
 bool PrintJob::hasPrinter() {
     if (printsToFile()) {
         return true;
     }
-    requireAnswer();
-    const QStringList names = QPrinterInfo::availablePrinterNames();
+    const QStringList names = askToolkit(QPrinterInfo::availablePrinterNames);
     if (names.isEmpty()) {
         return false;
     }
     if (printer_ && !names.contains(printer_->printerName()) && !isOpen()) {
         printer_.reset(); // the printer is gone, another one is there
     }
-    return !printer().printerName().isEmpty();
+    makePrinter();
+    return !printer_->printerName().isEmpty();
 }
 
+namespace {
+
+/// Runs the dialog, which asks the print system at any time.
+bool runDialog(const std::function<bool(QPrinter&)>& dialog, QPrinter& printer) {
+    constexpr auto LOOK_EVERY = std::chrono::milliseconds(100);
+    constexpr auto RENEW_EVERY = std::chrono::seconds(5);
+    ToolkitPatience patience;
+    QTimer look;
+    QTimer renewal;
+    const QWidget* before = QApplication::activeModalWidget();
+    QObject::connect(&look, &QTimer::timeout, &look, [&patience, before] {
+        // The dialog lacks what it did not learn; one of its own may be above it.
+        auto* open = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        while (patience.isOver() && open != nullptr && open != before) {
+            open->reject();
+            auto* below = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            open = below != open ? below : nullptr;
+        }
+    });
+    QObject::connect(&renewal, &QTimer::timeout, &renewal, [&patience] { patience.renew(); });
+    look.start(LOOK_EVERY);
+    renewal.start(RENEW_EVERY);
+    const bool isAccepted = dialog(printer);
+    if (patience.isOver()) {
+        throwNoAnswer();
+    }
+    return isAccepted;
+}
+
+} // namespace
+
 bool PrintJob::setUp(const std::function<bool(QPrinter&)>& dialog) {
-    const QMarginsF before = marginsOf(printer());
-    auto kept = copyOf(printer()); // the toolkit's dialog changes the printer even when it is cancelled
-    if (!dialog(printer())) {
+    makePrinter();
+    const QMarginsF before = marginsOf(*printer_);
+    // The toolkit's dialog changes the printer even when it is cancelled.
+    auto kept = askToolkit([this] { return copyOf(*printer_); });
+    try {
+        requireAnswer();
+        if (!runDialog(dialog, *printer_)) {
+            printer_ = std::move(kept);
+            return false;
+        }
+        if (const QMarginsF now = marginsOf(*printer_); differ(now, before)) {
+            const QMarginsF given = askToolkit([this] { return toolkitMargins(*printer_); });
+            margins_ = differ(now, given) ? std::optional(now) : std::nullopt;
+        }
+    } catch (const PrintError&) {
         printer_ = std::move(kept);
-        return false;
+        throw;
     }
     if (printsToFile()) {
         file_ = dialogFile_; // the same name, confirmed once more
-    }
-    if (const QMarginsF now = marginsOf(printer()); differ(now, before)) {
-        margins_ = differ(now, toolkitMargins(printer())) ? std::optional(now) : std::nullopt;
     }
     return true;
 }
@@ -206,7 +234,7 @@ PageArea PrintJob::areaOf(QPageLayout::Orientation orientation) {
 
 void PrintJob::open() {
     if (!isOpen() && !hasPrinter()) {
-        throw PrintError(NO_PRINTER);
+        throwNoPrinter();
     }
 }
 

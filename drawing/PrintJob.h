@@ -74,15 +74,16 @@ class PrintJob {
     /// answer.
     [[nodiscard]] bool hasPrinter();
 
-    /// Throws PrintError when the print system does not answer: nothing may be done with the printer then,
-    /// since the toolkit would wait without an end.
+    /// Throws PrintError when the print system does not answer within a second: nothing may be done with the
+    /// printer then, since the toolkit would wait a minute for each answer.
     void requireAnswer();
 
     /// The printer with its settings.
     QPrinter& printer();
 
     /// Runs the printer set-up dialog, returns whether the user has accepted, and applies what it has
-    /// changed. Margins count from then on only when the user has set them: the toolkit brings its own.
+    /// changed. Margins count from then on only when the user has set them: the toolkit brings its own. When
+    /// the print system stops answering, closes the dialog, changes nothing and throws PrintError.
     bool setUp(const std::function<bool(QPrinter&)>& dialog);
 
     /// Whether the next job goes into a file whose name is not known yet: the name that the set-up dialog
@@ -131,6 +132,9 @@ class PrintJob {
     [[nodiscard]] bool printsToFile();
     [[nodiscard]] PageArea areaOf(QPageLayout::Orientation orientation);
     void open();
+    template<typename Call>
+    auto askToolkit(Call call);
+    void makePrinter();
     [[nodiscard]] std::unique_ptr<RecordingSurface> recording(Extent size);
     void step(const PrintProgress& progress) const;
     void make(const std::vector<Sheets>& sheets, DocumentFile& document);

@@ -2,8 +2,10 @@
 // The system's print queues: sending a finished document, and its outcome.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -32,7 +34,7 @@ struct QueueAnswer {
         withdrawn,   // by the caller
     };
     Fate fate = Fate::silent;
-    int number = 0;    // of the job; 0 when there is none
+    int number = 0;    // of the job; 0 when none is known to be in the queue
     std::string words; // of the print system itself; may be empty
 };
 
@@ -40,21 +42,37 @@ struct QueueAnswer {
 /// is sent (0 to 1). Events may run in it; false withdraws the job.
 using QueueStep = std::function<bool(double sent)>;
 
-/// Talks to the print system in a helper thread. A print system that makes no progress for ten seconds is
-/// given up. Where there is no CUPS, when the program was built or now, `isSupported` is false and no job may
-/// be printed.
+/// Talks to the print system in a helper thread. A print system that makes no progress for ten seconds while
+/// it gets a job is given up. Where there is no CUPS, when the program was built or now, `isSupported` is
+/// false and no job may be printed.
 class PrintQueue {
   public:
     static bool isSupported();
 
-    /// Whether the print system answers: `accepted` when it does or when there is none, `silent` when it lets
-    /// the caller wait, `withdrawn` when the step ended it.
+    /// Whether the print system answers: `accepted` when it does or when there is none, `silent` when it has
+    /// not within a second, `withdrawn` when the step ended it.
     static QueueAnswer probe(const QueueStep& step);
 
     /// Sends a document and waits until its fate is known, though not longer than a few seconds for a healthy
     /// queue to print it. The queue gets the whole document or nothing: a job exists only once the
     /// last byte is there.
     static QueueAnswer print(const QueueJob& job, const QueueStep& step);
+};
+
+/// Asks the print system again and again in a helper thread, as long as this lives.
+class QueueWatch {
+  public:
+    QueueWatch();
+    QueueWatch(const QueueWatch&) = delete;
+    QueueWatch& operator=(const QueueWatch&) = delete;
+    ~QueueWatch();
+
+    /// The time since its last answer, or since there was none to wait for.
+    [[nodiscard]] std::chrono::steady_clock::duration silence() const;
+
+  private:
+    struct Shared;
+    std::shared_ptr<Shared> shared_;
 };
 
 } // namespace kelvrum

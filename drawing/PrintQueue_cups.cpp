@@ -18,7 +18,9 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr auto PATIENCE = std::chrono::seconds(10);  // with a print system that makes no progress
+constexpr auto PROBE = std::chrono::seconds(1);      // in which it must answer a probe
 constexpr auto WITHDRAWAL = std::chrono::seconds(1); // in which a withdrawn job may still answer
+constexpr auto WATCH_EVERY = std::chrono::milliseconds(200);
 constexpr auto STEP = std::chrono::milliseconds(20);
 
 /// What caller and helper thread share. It outlives a caller that has given up.
@@ -38,7 +40,7 @@ std::optional<QueueAnswer> awaitAnswer(Exchange& exchange) {
 
 /// Runs `talk` in its own thread, which ends on its own when the caller gives up.
 template<typename Talk>
-QueueAnswer runBeside(Talk talk, const QueueStep& step) {
+QueueAnswer runBeside(Talk talk, Clock::duration patience, const QueueStep& step) {
     const auto exchange = std::make_shared<Exchange>();
     std::thread([exchange, talk] {
         QueueAnswer answer = talk(exchange->progress);
@@ -61,9 +63,9 @@ QueueAnswer runBeside(Talk talk, const QueueStep& step) {
         if (withdrawn && Clock::now() > *withdrawn + WITHDRAWAL) {
             return {QueueAnswer::Fate::withdrawn, 0, {}}; // the thread cancels what may still become a job
         }
-        if (!withdrawn && Clock::now() - lastChange > PATIENCE) {
+        if (!withdrawn && Clock::now() - lastChange > patience) {
             exchange->progress.withdrawn = true; // any late result is ignored
-            return {};
+            return {QueueAnswer::Fate::silent, exchange->progress.number, {}};
         }
         if (!withdrawn && step && !step(exchange->progress.sent)) {
             exchange->progress.withdrawn = true;
@@ -80,11 +82,38 @@ QueueAnswer PrintQueue::probe(const QueueStep& step) {
     if (!isSupported()) {
         return {QueueAnswer::Fate::accepted, 0, {}};
     }
-    return runBeside([](TalkProgress& progress) { return cupsProbe(progress); }, step);
+    return runBeside([](TalkProgress& progress) { return cupsProbe(progress); }, PROBE, step);
 }
 
 QueueAnswer PrintQueue::print(const QueueJob& job, const QueueStep& step) {
-    return runBeside([job](TalkProgress& progress) { return cupsPrint(job, progress); }, step);
+    return runBeside([job](TalkProgress& progress) { return cupsPrint(job, progress); }, PATIENCE, step);
+}
+
+/// What window and helper thread share.
+struct QueueWatch::Shared {
+    TalkProgress progress;
+    std::atomic<Clock::time_point> lastAnswer = Clock::now();
+};
+
+QueueWatch::QueueWatch()
+    : shared_(std::make_shared<Shared>()) {
+    if (!PrintQueue::isSupported()) {
+        return;
+    }
+    std::thread([shared = shared_] {
+        while (!shared->progress.withdrawn) {
+            if (cupsProbe(shared->progress).fate == QueueAnswer::Fate::accepted) {
+                shared->lastAnswer = Clock::now();
+            }
+            std::this_thread::sleep_for(WATCH_EVERY);
+        }
+    }).detach();
+}
+
+QueueWatch::~QueueWatch() { shared_->progress.withdrawn = true; }
+
+std::chrono::steady_clock::duration QueueWatch::silence() const {
+    return PrintQueue::isSupported() ? Clock::now() - shared_->lastAnswer.load() : Clock::duration::zero();
 }
 
 } // namespace kelvrum

@@ -10,4 +10,12 @@ QueueAnswer PrintQueue::probe(const QueueStep& /*step*/) { return {QueueAnswer::
 
 QueueAnswer PrintQueue::print(const QueueJob& /*job*/, const QueueStep& /*step*/) { return {}; }
 
+struct QueueWatch::Shared {};
+
+QueueWatch::QueueWatch() = default;
+
+QueueWatch::~QueueWatch() = default;
+
+std::chrono::steady_clock::duration QueueWatch::silence() const { return {}; }
+
 } // namespace kelvrum

@@ -188,7 +188,8 @@ class PrintFateTest : public testing::PrintTest {
             diagram.job.setStep([&](const PrintProgress&) { return ++steps > 0; });
             QCOMPARE(failure(diagram.job), QString::fromUtf8(NO_ANSWER));
         }
-        QVERIFY(steps > 50); // events have run meanwhile
+        // Events have run meanwhile, every 20 ms: for a second when it is probed, for ten with a document.
+        QVERIFY2(early ? steps > 5 && steps < 60 : steps > 50, qPrintable(QString::number(steps)));
         QVERIFY(!diagram.job.isOpen());
         diagram.job.setStep({});
         cups().start();

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "drawing/CupsLibrary.h"
+#include "drawing/ToolkitPatience.h"
+
+#include <QFile>
+
+namespace kelvrum {
+
+namespace {
+
+constexpr auto SILENCE = std::chrono::seconds(1);
+constexpr double LOOK_EVERY = 0.05; // seconds
+
+/// Called by CUPS whenever an answer is late; 0 ends the question.
+int waitOn(http_t* connection, void* data) {
+    auto* patience = static_cast<ToolkitPatience*>(data);
+    if (patience->waitsOn()) {
+        return 1;
+    }
+    if (patience->hasDetour()) {
+        CupsLibrary::load()->httpShutdown(connection); // the next question needs another one
+    }
+    return 0;
+}
+
+} // namespace
+
+ToolkitPatience::ToolkitPatience() {
+    const CupsLibrary* cups = CupsLibrary::load();
+    if (cups != nullptr && cups->threadConnection != nullptr) {
+        detour();
+        isConnected_ = true;
+        renew();
+    }
+}
+
+ToolkitPatience::~ToolkitPatience() {
+    const CupsLibrary* cups = CupsLibrary::load();
+    if (hasDetour()) {
+        cups->cupsSetServer(nullptr); // the usual one; ends the connection
+    } else if (isConnected_) {
+        if (http_t* connection = cups->threadConnection(); connection != nullptr) {
+            cups->httpSetTimeout(connection, 0, nullptr, nullptr);
+        }
+    }
+}
+
+/// Leads this thread to the print system by a link. When that is gone, no question waits any more. A mere
+/// connection to a silent print system would succeed, and CUPS waits a second on each before it looks at a
+/// limit.
+void ToolkitPatience::detour() {
+    constexpr qsizetype LONGEST = 100; // bytes of a socket's name
+    const CupsLibrary* cups = CupsLibrary::load();
+    const QString server = QFile::decodeName(cups->cupsServer());
+    auto folder = std::make_unique<QTemporaryDir>();
+    const QString link = folder->filePath(QStringLiteral("cups"));
+    if (server.startsWith(QLatin1Char('/')) && folder->isValid() &&
+        QFile::encodeName(link).size() < LONGEST && QFile::link(server, link)) {
+        folder_ = std::move(folder);
+        cups->cupsSetServer(QFile::encodeName(link).constData());
+    }
+}
+
+void ToolkitPatience::renew() {
+    if (!isConnected_ || over_) {
+        return; // without a print system each try may take a while
+    }
+    const CupsLibrary* cups = CupsLibrary::load();
+    http_t* connection = cups->threadConnection();
+    isConnected_ = connection != nullptr;
+    if (isConnected_) {
+        cups->httpSetTimeout(connection, LOOK_EVERY, waitOn, this);
+    }
+}
+
+bool ToolkitPatience::waitsOn() {
+    over_ = over_ || watch_.silence() >= SILENCE;
+    if (over_ && hasDetour()) {
+        folder_->remove();
+    }
+    return !over_;
+}
+
+} // namespace kelvrum

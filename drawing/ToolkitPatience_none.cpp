@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Without CUPS nothing is known of the toolkit's questions.
+#include "drawing/ToolkitPatience.h"
+
+namespace kelvrum {
+
+ToolkitPatience::ToolkitPatience() = default;
+
+ToolkitPatience::~ToolkitPatience() = default;
+
+void ToolkitPatience::renew() {}
+
+bool ToolkitPatience::waitsOn() { return true; }
+
+void ToolkitPatience::detour() {}
+
+} // namespace kelvrum
