@@ -169,6 +169,9 @@ Message sendOnce(http_t* http, const QueueJob& job, std::ifstream& file, std::ui
         progress.sent = static_cast<double>(sent) / static_cast<double>(size);
         ++progress.changes;
     }
+    if (status == HTTP_STATUS_ERROR && !progress.withdrawn && !wasSilent(http)) {
+        cups().httpUpdate(http); // it may have said why it ended the connection
+    }
     // A queue that has the whole document makes a job of it, which is then cancelled.
     if ((progress.withdrawn && sent < size) || status == HTTP_STATUS_ERROR) {
         return {};
@@ -293,6 +296,19 @@ std::string refusalWords(http_t* http, const std::string& queue, ipp_t* answer) 
     return words;
 }
 
+/// The outcome of a job whose request the print system has ended or has not answered.
+QueueAnswer unanswered(http_t* http) {
+    const http_status_t status = cups().httpGetStatus(http);
+    if (status < HTTP_STATUS_BAD_REQUEST) {
+        return lost(http);
+    }
+    std::string words = cups().httpStatus(status);
+    if (status == HTTP_STATUS_REQUEST_TOO_LARGE) { // its disk is full, or it has a limit
+        words = "Das Drucksystem hat keinen Platz für das Dokument (" + words + ").";
+    }
+    return {Fate::refused, 0, words};
+}
+
 } // namespace
 
 QueueAnswer cupsProbe(TalkProgress& /*progress*/) {
@@ -322,7 +338,7 @@ QueueAnswer cupsPrint(const QueueJob& job, TalkProgress& progress) {
         return {Fate::unreachable, 0, {}};
     }
     if (!answer) {
-        return progress.withdrawn ? QueueAnswer{Fate::withdrawn, 0, {}} : lost(http.get());
+        return progress.withdrawn ? QueueAnswer{Fate::withdrawn, 0, {}} : unanswered(http.get());
     }
     const int number = numberOf(answer.get(), "job-id");
     if (number == 0 || cups().ippGetStatusCode(answer.get()) > IPP_STATUS_OK_EVENTS_COMPLETE) {
