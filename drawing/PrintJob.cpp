@@ -151,10 +151,21 @@ bool PrintJob::hasPrinter() {
         return false;
     }
     if (printer_ && !names.contains(printer_->printerName()) && !isOpen()) {
-        printer_.reset(); // the printer is gone, another one is there
+        leavePrinter();
     }
     makePrinter();
     return !printer_->printerName().isEmpty();
+}
+
+/// The printer is gone, another one is there. The user hears of it when it was a choice.
+void PrintJob::leavePrinter() {
+    const auto gone = std::exchange(printer_, nullptr);
+    if (std::exchange(isChosen_, false) && !gone->printerName().isEmpty()) {
+        makePrinter();
+        throwError(
+            QStringLiteral("Den Drucker „%1“ gibt es nicht mehr. Der nächste Druck geht an den Drucker „%2“.")
+                .arg(gone->printerName(), printer_->printerName()));
+    }
 }
 
 namespace {
@@ -207,6 +218,7 @@ bool PrintJob::setUp(const std::function<bool(QPrinter&)>& dialog) {
         printer_ = std::move(kept);
         throw;
     }
+    isChosen_ = true;
     if (printsToFile()) {
         file_ = dialogFile_; // the same name, confirmed once more
     }

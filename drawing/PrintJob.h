@@ -70,8 +70,8 @@ class PrintJob {
     void setStep(Step step) { step_ = std::move(step); }
 
     /// Whether there is something to print on: the system has a printer and the current one a name, or file
-    /// output is chosen. Asks the system anew each time. Throws PrintError when the print system does not
-    /// answer.
+    /// output is chosen. Asks the system anew each time. Another printer takes the place of one that is gone;
+    /// throws PrintError once when the user had chosen that one, and when the print system does not answer.
     [[nodiscard]] bool hasPrinter();
 
     /// Throws PrintError when the print system does not answer within a second: nothing may be done with the
@@ -135,6 +135,7 @@ class PrintJob {
     template<typename Call>
     auto askToolkit(Call call);
     void makePrinter();
+    void leavePrinter();
     [[nodiscard]] std::unique_ptr<RecordingSurface> recording(Extent size);
     void step(const PrintProgress& progress) const;
     void make(const std::vector<Sheets>& sheets, DocumentFile& document);
@@ -143,6 +144,7 @@ class PrintJob {
 
     std::shared_ptr<PrintJob> self_{this, [](PrintJob*) {}}; // owns nothing: it ends with the job
     std::unique_ptr<QPrinter> printer_;                      // made when it is first needed
+    bool isChosen_ = false;                                  // by the user
     std::optional<QMarginsF> margins_;                       // set by the user, in millimetres
     QString dialogFile_;                                     // that the printer was last seen with
     QString file_;                                           // of the next job; empty: not known yet
