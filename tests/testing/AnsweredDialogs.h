@@ -46,7 +46,10 @@ class AnsweredDialogs : public Dialogs {
             onMessage();
         }
     }
-    bool setUpPrinter(QWidget* /*parent*/, QPrinter& printer) override {
+    bool setUpPrinter(QWidget* above, QPrinter& printer) override {
+        if (printerByHand) {
+            return Dialogs::setUpPrinter(above, printer);
+        }
         if (printerChosen && onPrinter) {
             onPrinter(printer);
         }
@@ -56,6 +59,7 @@ class AnsweredDialogs : public Dialogs {
     QString file;   // the next answers
     QString folder; //
     bool printerChosen = true;
+    bool printerByHand = false;               // the real printer dialog, which the test operates
     bool yes = true;                          // the answer to questions
     QString pdf;                              // the name of the next PDF file
     std::function<void(QPrinter&)> onPrinter; // what the user sets

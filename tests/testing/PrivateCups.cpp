@@ -254,25 +254,36 @@ void PrivateCups::writeConfiguration() const {
 QString PrivateCups::printer() const { return QString::fromLatin1(namesOf(queue_).printer); }
 
 void PrivateCups::restore() {
-    if (scheduler_.state() != QProcess::Running || queue_ != Queue::DEFAULT || refusing_) {
+    if (scheduler_.state() != QProcess::Running || queue_ != Queue::DEFAULT || changed_) {
         start();
         resume();
     }
 }
 
 void PrivateCups::reject(const QString& reason) {
-    refusing_ = true;
+    changed_ = true;
     outputOf(QStringLiteral("cupsreject"), {QStringLiteral("-r"), reason, printer()});
 }
 
 void PrivateCups::halt(const QString& reason) {
-    refusing_ = true;
+    changed_ = true;
     outputOf(QStringLiteral("cupsdisable"), {QStringLiteral("-r"), reason, printer()});
 }
 
 void PrivateCups::resume() const {
     outputOf(QStringLiteral("cupsaccept"), {printer()});
     outputOf(QStringLiteral("cupsenable"), {printer()});
+}
+
+void PrivateCups::add(const QString& printer) {
+    changed_ = true;
+    outputOf(QStringLiteral("lpadmin"), {QStringLiteral("-p"), printer, QStringLiteral("-E"),
+                                         QStringLiteral("-v"), QStringLiteral("file:///dev/null")});
+}
+
+void PrivateCups::remove(const QString& printer) {
+    changed_ = true;
+    outputOf(QStringLiteral("lpadmin"), {QStringLiteral("-x"), printer});
 }
 
 void PrivateCups::cancelJobs() const {
@@ -297,7 +308,7 @@ void PrivateCups::hang() {
 void PrivateCups::start(Queue queue) {
     stop();
     queue_ = queue;
-    refusing_ = false;
+    changed_ = false;
     writeConfiguration();
     scheduler_.start(programPath(QStringLiteral("cupsd")),
                      {QStringLiteral("-f"), QStringLiteral("-c"), path(QStringLiteral("cupsd.conf")),

@@ -60,6 +60,10 @@ class PrivateCups {
     void halt(const QString& reason);
     void resume() const;
 
+    /// Adds a printer that prints into nothing, or removes one.
+    void add(const QString& printer);
+    void remove(const QString& printer);
+
     /// Cancels all jobs of the printer, as a person does at the queue.
     void cancelJobs() const;
 
@@ -93,7 +97,7 @@ class PrivateCups {
     TempFolder folder_;
     QProcess scheduler_;
     Queue queue_ = Queue::DEFAULT;
-    bool refusing_ = false; // since reject() or halt()
+    bool changed_ = false;  // by reject(), halt(), add() or remove()
     int silentSocket_ = -1; // listens while `hang` is in force
 };
 
