@@ -200,6 +200,7 @@ void f::printList() {
         QStringLiteral("Die Liste hat %1 Seiten. Möchten Sie sie drucken?").arg(pages.count());
     if (pages.count() > PAGES_UNASKED &&
         !environment_.dialogs->ask(this, question, QStringLiteral("Drucken"))) {
+        printJob_.abandon();
         return;
     }
     const BusyPointer busy;

@@ -381,6 +381,9 @@ void PrintJob::end() {
     receipt_.place = QStringLiteral("an den Drucker „%1“").arg(printer().printerName());
 }
 
-void PrintJob::abandon() { sheets_.clear(); }
+void PrintJob::abandon() {
+    sheets_.clear();
+    file_.clear();
+}
 
 } // namespace kelvrum

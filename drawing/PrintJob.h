@@ -115,7 +115,7 @@ class PrintJob {
     /// PrintCancelled; the job is closed all the same.
     void end();
 
-    /// Drops the pages and closes the job.
+    /// Drops the pages and the file's name, and closes the job.
     void abandon();
 
     /// The destination of the last job that `end` completed.

@@ -124,6 +124,32 @@ class f_print_list_test : public PrintTest {
                  QStringLiteral("Kläranlage Nord – Staub – 18.06.2020"));
     }
 
+    /// The file that was chosen for a list which then is not printed is not the next job's: that asks again.
+    void aNoForgetsTheFile() {
+        const TempFolder folder;
+        const auto file = [&folder](const char* name) { return QString::fromStdString(folder.at(name)); };
+        const WindowFixture fixture(longStation());
+        fixture.chooseChannel(DUST_ROW);
+        fixture.dialogs->onPrinter = [&](QPrinter& printer) {
+            printer.setOutputFormat(QPrinter::PdfFormat);
+            printer.setOutputFileName(file("Einrichten.pdf"));
+        };
+        fixture.click("optView(1)");
+        fixture.dialogs->yes = false;
+        fixture.trigger("menSelP"); // whose name is used for one job
+        QCOMPARE(fixture.dialogs->proposedFiles.size(), 0);
+        fixture.dialogs->pdf = file("Liste.pdf");
+        fixture.trigger("menPrint");
+        QCOMPARE(fixture.dialogs->questions.size(), 2);
+        QCOMPARE(fixture.dialogs->proposedFiles.size(), 1);
+        fixture.click("optView(0)");
+        fixture.dialogs->pdf = file("Diagramm.pdf");
+        fixture.trigger("menPrint");
+        QCOMPARE(fixture.dialogs->proposedFiles.size(), 2);
+        QCOMPARE(QDir(file("")).entryList(QDir::Files), QStringList{QStringLiteral("Diagramm.pdf")});
+        QCOMPARE(printedPages(file("Diagramm.pdf")).size(), 1U);
+    }
+
     /// 20 pages are printed at once, 21 after a question. A page of this paper has room for one row.
     void fromHowManyPagesOnIsAsked() {
         const WindowFixture fixture(longStation());
