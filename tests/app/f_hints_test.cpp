@@ -11,6 +11,8 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QTest>
+#include <string>
+#include <vector>
 
 namespace kelvrum {
 
@@ -63,6 +65,38 @@ class f_hints_test : public QObject {
         QCOMPARE(text(fixture.shownRange()), QStringLiteral("18.06.2020 00:00 - 18.06.2021 00:00"));
         QTest::keyClick(fixture.window.get(), Qt::Key_Left, Qt::AltModifier); // a jump is a range shown
         QCOMPARE(text(fixture.shownRange()), QStringLiteral("01.01.2020 00:00 - 31.12.2020 00:00"));
+    }
+
+    /// Day files have no years: a jump and a range go over New Year, and no hint speaks of it.
+    void jumpsAndHintsOfDayFiles_data() {
+        QTest::addColumn<bool>("wide");
+        QTest::newRow("narrow") << false;
+        QTest::newRow("wide") << true;
+    }
+    void jumpsAndHintsOfDayFiles() {
+        QFETCH(bool, wide);
+        const WindowFixture fixture;
+        const DiagramHand hand(fixture);
+        const std::vector<std::string> names = {"Luft", "-", "Boden"};
+        const auto record = [wide](int year, int month, int day, int minute) {
+            return dayRecord(year, month, day, minute,
+                             wide ? std::vector<float>{2, 1, 3, 5, 4, 6} : std::vector<float>{2, 5});
+        };
+        fixture.folder->write("Tag/20191231.KMH", record(2019, 12, 31, 1380) + record(2019, 12, 31, 1381));
+        fixture.folder->write("Tag/20200102.KMH", record(2020, 1, 2, 60));
+        fixture.window->readConf(fixture.folder->write("Tag/VARNIX.CFG", varnixFile("Station", names, wide)));
+        show(fixture, "01.06.2020 00:00", "04.06.2020 00:00");
+        QTRY_COMPARE(hand.overlay.hint(),
+                     QStringLiteral(
+                         "Keine Werte im Zeitraum. Letzter Wert: 02.01.2020 01:00 (im Diagramm: Strg+Ende)"));
+        hand.key(Qt::Key_End, Qt::ControlModifier);
+        QCOMPARE(text(fixture.shownRange()), QStringLiteral("30.12.2019 01:01 - 02.01.2020 01:01"));
+        QCOMPARE(hand.overlay.hint(), QString());
+        hand.key(Qt::Key_End);
+        QCOMPARE(hand.text(), wide ? QStringLiteral("02.01.2020 01:00, 2, Minimum 1, Maximum 3")
+                                   : QStringLiteral("02.01.2020 01:00, 2"));
+        hand.key(Qt::Key_Home, Qt::ControlModifier);
+        QCOMPARE(text(fixture.shownRange()), QStringLiteral("31.12.2019 23:00 - 03.01.2020 23:00"));
     }
 
     void aJumpWithoutAValueLoadsNothing() {
