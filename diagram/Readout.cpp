@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace kelvrum {
 
@@ -18,6 +19,18 @@ constexpr double FULL_CIRCLE = 360;
 constexpr double HALF_CIRCLE = 180;
 
 std::optional<double> valid(double v) { return isValidPoint(v) ? std::optional(v) : std::nullopt; }
+
+/// Where each direction of a curve is drawn; of a gap the value itself.
+std::vector<double> joinedDirections(std::span<const double> values) {
+    std::vector<double> joined(values.begin(), values.end());
+    for (std::size_t i = 0; i < joined.size(); ++i) {
+        if (isValidPoint(values[i])) {
+            const bool starts = i == 0 || !isValidPoint(values[i - 1]);
+            joined[i] = keptDirection(starts ? values[i] : joinedDirection(joined[i - 1], values[i]));
+        }
+    }
+    return joined;
+}
 
 } // namespace
 
@@ -152,18 +165,12 @@ ValueSpread SeriesReader::spreadAround(std::size_t column, const PlotArea& plot)
 }
 
 double SeriesReader::joinedAt(std::size_t column, SeriesTable::Row row) const {
-    const auto values = row == SeriesTable::Y2 ? series_.y2 : series_.y1;
-    // From 180 degrees on there is only one position within 540; below, it depends on the value before.
-    std::size_t start = column;
-    while (start > 0 && values[start] < HALF_CIRCLE && isValidPoint(values[start]) &&
-           isValidPoint(values[start - 1])) {
-        --start;
+    const bool second = row == SeriesTable::Y2;
+    std::vector<double>& joined = joined_[second ? 1 : 0];
+    if (joined.empty()) {
+        joined = joinedDirections((second ? series_.y2 : series_.y1).first(count()));
     }
-    double joined = keptDirection(values[start]);
-    for (std::size_t i = start + 1; i <= column; ++i) {
-        joined = keptDirection(joinedDirection(joined, values[i]));
-    }
-    return joined;
+    return joined[column];
 }
 
 DateTime timeAt(const PlotArea& plot, double x) {

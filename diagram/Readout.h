@@ -72,7 +72,7 @@ class SeriesReader {
     [[nodiscard]] ValueSpread spreadAround(std::size_t column, const PlotArea& plot) const;
 
     /// Where the direction of a column is drawn: its value, or a full circle above when the curve came to it
-    /// that way. Looks back over the values below 180 degrees before it. `row` says of which series.
+    /// that way. The first question goes through the series once. `row` says of which series.
     [[nodiscard]] double joinedAt(std::size_t column, SeriesTable::Row row = SeriesTable::Y1) const;
 
   private:
@@ -86,7 +86,8 @@ class SeriesReader {
     Series series_;
     double interval_ = 0;
     int passes_ = 0;
-    std::array<std::size_t, 3> ends_{}; // of each pass
+    std::array<std::size_t, 3> ends_{};                   // of each pass
+    mutable std::array<std::vector<double>, 2> joined_{}; // directions of both series, empty until wanted
 };
 
 /// The time of a column of dots of a plot.

@@ -207,8 +207,10 @@ struct LastDots {
 };
 
 TEST(SeriesReader, DirectionsLieWhereTheCurveIs) {
-    const std::vector<double> values = {350, 10, 20, 350, 10, 190, 5,  GAP, 5,  170, 340, 100,
-                                        80,  60, 10, 300, 20, 30,  40, GAP, 90, 300, 10,  170};
+    const std::vector<double> values = {350, 10, 20, 350, 10, 190, 5, GAP, 5, 170, 340, 100, 80, 60, 10, 300,
+                                        20, 30, 40, GAP, 90, 300, 10, 170,
+                                        // Of a channel that is none of directions.
+                                        GAP, 10, 400, 20, -10, 5, 539, 100, -30, 170, GAP, 720, 30};
     Hours hours;
     for (std::size_t i = 0; i < values.size(); ++i) {
         hours.add(static_cast<double>(i), values[i]);
@@ -227,6 +229,21 @@ TEST(SeriesReader, DirectionsLieWhereTheCurveIs) {
     }
     EXPECT_EQ(reader.joinedAt(1), 370); // 350, then over north
     EXPECT_EQ(reader.joinedAt(8), 5);   // starts anew after the gap
+}
+
+/// Values that have no direction above 180 degrees: the way back to the start of the curve is long.
+TEST(SeriesReader, ALongCurveIsJoinedOnce) {
+    constexpr std::size_t YEAR = 525'600;
+    std::vector<double> times(YEAR);
+    std::vector<double> values(YEAR, 5.0);
+    for (std::size_t i = 0; i < YEAR; ++i) {
+        times[i] = DAY + static_cast<double>(i) / 1440;
+    }
+    values[0] = 350;
+    const SeriesReader reader(Series{times, values, values}, DAY, 1.0 / 1440);
+    for (std::size_t column = 1; column < YEAR; column += 7) { // 75,000 questions
+        ASSERT_EQ(reader.joinedAt(column), 365);
+    }
 }
 
 TEST(SeriesReader, DirectionsOfTheSecondSeriesLieOnItsCurve) {
