@@ -299,14 +299,14 @@ std::string refusalWords(http_t* http, const std::string& queue, ipp_t* answer) 
 /// The outcome of a job whose request the print system has ended or has not answered.
 QueueAnswer unanswered(http_t* http) {
     const http_status_t status = cups().httpGetStatus(http);
-    if (status < HTTP_STATUS_BAD_REQUEST) {
-        return lost(http);
+    // CUPS keeps the answer that ends a request as its error when the connection ends as well.
+    if (status == HTTP_STATUS_REQUEST_TOO_LARGE || cups().cupsLastError() == IPP_STATUS_ERROR_REQUEST_VALUE) {
+        return {Fate::refused, 0,
+                std::string("Das Drucksystem hat keinen Platz für das Dokument (") +
+                    cups().httpStatus(HTTP_STATUS_REQUEST_TOO_LARGE) + ")."}; // or has a limit
     }
-    std::string words = cups().httpStatus(status);
-    if (status == HTTP_STATUS_REQUEST_TOO_LARGE) { // its disk is full, or it has a limit
-        words = "Das Drucksystem hat keinen Platz für das Dokument (" + words + ").";
-    }
-    return {Fate::refused, 0, words};
+    return status < HTTP_STATUS_BAD_REQUEST ? lost(http)
+                                            : QueueAnswer{Fate::refused, 0, cups().httpStatus(status)};
 }
 
 } // namespace
