@@ -52,7 +52,6 @@ class CupsLibrary {
     KELVRUM_CUPS(httpError);
     KELVRUM_CUPS(httpGetStatus);
     KELVRUM_CUPS(httpSetTimeout);
-    KELVRUM_CUPS(httpShutdown);
     KELVRUM_CUPS(httpStatus);
     KELVRUM_CUPS(httpUpdate);
     KELVRUM_CUPS(ippAddInteger);

@@ -62,7 +62,8 @@ class PrintQueue {
 /// Asks the print system again and again in a helper thread, as long as this lives.
 class QueueWatch {
   public:
-    QueueWatch();
+    /// `silent` is called in the helper thread when there was no answer for a second.
+    explicit QueueWatch(std::function<void()> silent);
     QueueWatch(const QueueWatch&) = delete;
     QueueWatch& operator=(const QueueWatch&) = delete;
     ~QueueWatch();

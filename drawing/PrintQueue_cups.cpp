@@ -20,7 +20,7 @@ using Clock = std::chrono::steady_clock;
 constexpr auto PATIENCE = std::chrono::seconds(10);  // with a print system that makes no progress
 constexpr auto PROBE = std::chrono::seconds(1);      // in which it must answer a probe
 constexpr auto WITHDRAWAL = std::chrono::seconds(1); // in which a withdrawn job may still answer
-constexpr auto WATCH_EVERY = std::chrono::milliseconds(200);
+constexpr auto WATCH_EVERY = std::chrono::milliseconds(100);
 constexpr auto STEP = std::chrono::milliseconds(20);
 
 /// What caller and helper thread share. It outlives a caller that has given up.
@@ -91,26 +91,28 @@ QueueAnswer PrintQueue::print(const QueueJob& job, const QueueStep& step) {
 
 /// What window and helper thread share.
 struct QueueWatch::Shared {
-    TalkProgress progress;
+    std::atomic<bool> isOver = false;
     std::atomic<Clock::time_point> lastAnswer = Clock::now();
 };
 
-QueueWatch::QueueWatch()
+QueueWatch::QueueWatch(std::function<void()> silent)
     : shared_(std::make_shared<Shared>()) {
     if (!PrintQueue::isSupported()) {
         return;
     }
-    std::thread([shared = shared_] {
-        while (!shared->progress.withdrawn) {
-            if (cupsProbe(shared->progress).fate == QueueAnswer::Fate::accepted) {
+    std::thread([shared = shared_, silent = std::move(silent)] {
+        while (!shared->isOver) {
+            if (PrintQueue::probe({}).fate == QueueAnswer::Fate::accepted) {
                 shared->lastAnswer = Clock::now();
+            } else if (!shared->isOver) {
+                silent();
             }
             std::this_thread::sleep_for(WATCH_EVERY);
         }
     }).detach();
 }
 
-QueueWatch::~QueueWatch() { shared_->progress.withdrawn = true; }
+QueueWatch::~QueueWatch() { shared_->isOver = true; }
 
 std::chrono::steady_clock::duration QueueWatch::silence() const {
     return PrintQueue::isSupported() ? Clock::now() - shared_->lastAnswer.load() : Clock::duration::zero();

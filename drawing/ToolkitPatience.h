@@ -5,7 +5,10 @@
 #include "drawing/PrintQueue.h"
 
 #include <QTemporaryDir>
+#include <atomic>
+#include <functional>
 #include <memory>
+#include <optional>
 
 namespace kelvrum {
 
@@ -21,23 +24,24 @@ class ToolkitPatience {
     ~ToolkitPatience();
 
     /// Whether a question has been given up: what the toolkit has returned since is not complete.
-    [[nodiscard]] bool isOver() const { return over_; }
+    [[nodiscard]] bool isOver() const { return *over_; }
 
     /// Covers the connection that there is now. The print system ends one that is not used for half a minute,
     /// and the toolkit makes another one for its next question.
     void renew();
 
-    /// For the function that CUPS calls whenever an answer is late: whether to wait on, and whether a new
-    /// connection would fail.
+    /// For the function that CUPS calls whenever an answer is late: whether to wait on.
     [[nodiscard]] bool waitsOn();
-    [[nodiscard]] bool hasDetour() const { return folder_ != nullptr; }
 
   private:
     void detour();
+    void watch();
 
-    QueueWatch watch_;
     std::unique_ptr<QTemporaryDir> folder_; // of the detour
-    bool over_ = false;
+    std::shared_ptr<std::atomic<bool>> over_ =
+        std::make_shared<std::atomic<bool>>(false); // set in the helper thread
+    std::function<void()> giveUp_;                  // any thread may call it
+    std::optional<QueueWatch> watch_;
     bool isConnected_ = false; // when it last looked
 };
 

@@ -1,26 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/CupsLibrary.h"
 #include "drawing/ToolkitPatience.h"
+#include "util/LocalConnections.h"
 
 #include <QFile>
+#include <filesystem>
 
 namespace kelvrum {
 
 namespace {
 
 constexpr auto SILENCE = std::chrono::seconds(1);
-constexpr double LOOK_EVERY = 0.05; // seconds
+const QString LINK = QStringLiteral("cups"); // its name
+constexpr double LOOK_EVERY = 0.05;          // seconds
 
 /// Called by CUPS whenever an answer is late; 0 ends the question.
-int waitOn(http_t* connection, void* data) {
-    auto* patience = static_cast<ToolkitPatience*>(data);
-    if (patience->waitsOn()) {
-        return 1;
-    }
-    if (patience->hasDetour()) {
-        CupsLibrary::load()->httpShutdown(connection); // the next question needs another one
-    }
-    return 0;
+int waitOn(http_t* /*connection*/, void* patience) {
+    return static_cast<ToolkitPatience*>(patience)->waitsOn() ? 1 : 0;
 }
 
 } // namespace
@@ -29,6 +25,7 @@ ToolkitPatience::ToolkitPatience() {
     const CupsLibrary* cups = CupsLibrary::load();
     if (cups != nullptr && cups->threadConnection != nullptr) {
         detour();
+        watch();
         isConnected_ = true;
         renew();
     }
@@ -36,7 +33,7 @@ ToolkitPatience::ToolkitPatience() {
 
 ToolkitPatience::~ToolkitPatience() {
     const CupsLibrary* cups = CupsLibrary::load();
-    if (hasDetour()) {
+    if (folder_) {
         cups->cupsSetServer(nullptr); // the usual one; ends the connection
     } else if (isConnected_) {
         if (http_t* connection = cups->threadConnection(); connection != nullptr) {
@@ -53,7 +50,7 @@ void ToolkitPatience::detour() {
     const CupsLibrary* cups = CupsLibrary::load();
     const QString server = QFile::decodeName(cups->cupsServer());
     auto folder = std::make_unique<QTemporaryDir>();
-    const QString link = folder->filePath(QStringLiteral("cups"));
+    const QString link = folder->filePath(LINK);
     if (server.startsWith(QLatin1Char('/')) && folder->isValid() &&
         QFile::encodeName(link).size() < LONGEST && QFile::link(server, link)) {
         folder_ = std::move(folder);
@@ -61,8 +58,23 @@ void ToolkitPatience::detour() {
     }
 }
 
+/// CUPS has further connections for some questions, so that all to a silent print system are ended.
+void ToolkitPatience::watch() {
+    const std::filesystem::path link =
+        folder_ ? std::filesystem::path(folder_->filePath(LINK).toStdU16String()) : std::filesystem::path();
+    giveUp_ = [over = over_, link] {
+        *over = true;
+        std::error_code error;
+        if (const auto server = std::filesystem::read_symlink(link, error); !error) {
+            std::filesystem::remove(link, error);
+            endConnectionsTo(server);
+        }
+    };
+    watch_.emplace(giveUp_);
+}
+
 void ToolkitPatience::renew() {
-    if (!isConnected_ || over_) {
+    if (!isConnected_ || *over_) {
         return; // without a print system each try may take a while
     }
     const CupsLibrary* cups = CupsLibrary::load();
@@ -74,11 +86,10 @@ void ToolkitPatience::renew() {
 }
 
 bool ToolkitPatience::waitsOn() {
-    over_ = over_ || watch_.silence() >= SILENCE;
-    if (over_ && hasDetour()) {
-        folder_->remove();
+    if (watch_->silence() >= SILENCE) {
+        giveUp_();
     }
-    return !over_;
+    return !*over_;
 }
 
 } // namespace kelvrum

@@ -14,4 +14,6 @@ bool ToolkitPatience::waitsOn() { return true; }
 
 void ToolkitPatience::detour() {}
 
+void ToolkitPatience::watch() {}
+
 } // namespace kelvrum

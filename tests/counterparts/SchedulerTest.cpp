@@ -192,7 +192,7 @@ class f_scheduler_test : public PrintTest {
 
     /// Ends the answers at each question in turn.
     void endAtEach(const QByteArray& view, End end, const QStringList& lost) {
-        const auto step = static_cast<std::size_t>(setting("KELVRUM_QUESTION_STEP", 13));
+        const auto step = static_cast<std::size_t>(setting("KELVRUM_QUESTION_STEP", 10));
         qint64 most = 0;
         std::size_t question = 1;
         for (bool isReached = true; isReached; question += step) {
