@@ -7,7 +7,7 @@ namespace kelvrum {
 
 namespace {
 
-constexpr std::string_view CUT = "…";
+constexpr std::string_view ELLIPSIS = "…";
 
 bool fits(Surface& surface, std::string_view text, int room) {
     return surface.textExtent(text).width <= room;
@@ -35,7 +35,7 @@ std::string shortened(Surface& surface, std::string_view text, int room, bool bo
         while (beginning.ends_with(' ')) {
             beginning.remove_suffix(1);
         }
-        return std::string(beginning).append(CUT).append(end);
+        return std::string(beginning).append(ELLIPSIS).append(end);
     };
     std::size_t most = 0; // characters that have room
     for (std::size_t tooMany = starts.size(); most + 1 < tooMany;) {
