@@ -8,7 +8,7 @@ ToolkitPatience::ToolkitPatience() = default;
 
 ToolkitPatience::~ToolkitPatience() = default;
 
-void ToolkitPatience::renew() {}
+void ToolkitPatience::renew() { isConnected_ = false; }
 
 bool ToolkitPatience::waitsOn() { return true; }
 
