@@ -63,7 +63,7 @@ class PrintQueue {
 class QueueWatch {
   public:
     /// `silent` is called in the helper thread when there was no answer for a second.
-    explicit QueueWatch(std::function<void()> silent);
+    explicit QueueWatch(const std::function<void()>& silent);
     QueueWatch(const QueueWatch&) = delete;
     QueueWatch& operator=(const QueueWatch&) = delete;
     ~QueueWatch();

@@ -95,12 +95,12 @@ struct QueueWatch::Shared {
     std::atomic<Clock::time_point> lastAnswer = Clock::now();
 };
 
-QueueWatch::QueueWatch(std::function<void()> silent)
+QueueWatch::QueueWatch(const std::function<void()>& silent)
     : shared_(std::make_shared<Shared>()) {
     if (!PrintQueue::isSupported()) {
         return;
     }
-    std::thread([shared = shared_, silent = std::move(silent)] {
+    std::thread([shared = shared_, silent] {
         while (!shared->isOver) {
             if (PrintQueue::probe({}).fate == QueueAnswer::Fate::accepted) {
                 shared->lastAnswer = Clock::now();

@@ -12,7 +12,7 @@ QueueAnswer PrintQueue::print(const QueueJob& /*job*/, const QueueStep& /*step*/
 
 struct QueueWatch::Shared {};
 
-QueueWatch::QueueWatch(std::function<void()> /*silent*/) {}
+QueueWatch::QueueWatch(const std::function<void()>& /*silent*/) {}
 
 QueueWatch::~QueueWatch() = default;
 
