@@ -50,6 +50,7 @@ class CupsLibrary {
     KELVRUM_CUPS(httpClose);
     KELVRUM_CUPS(httpConnect2);
     KELVRUM_CUPS(httpError);
+    KELVRUM_CUPS(httpGetFd);
     KELVRUM_CUPS(httpGetStatus);
     KELVRUM_CUPS(httpSetTimeout);
     KELVRUM_CUPS(httpStatus);

@@ -2,6 +2,7 @@
 #include "drawing/CupsTalk.h"
 
 #include "drawing/CupsLibrary.h"
+#include "util/LocalConnections.h"
 
 #include <algorithm>
 #include <array>
@@ -299,8 +300,10 @@ std::string refusalWords(http_t* http, const std::string& queue, ipp_t* answer) 
 /// The outcome of a job whose request the print system has ended or has not answered.
 QueueAnswer unanswered(http_t* http) {
     const http_status_t status = cups().httpGetStatus(http);
-    // CUPS keeps the answer that ends a request as its error when the connection ends as well.
-    if (status == HTTP_STATUS_REQUEST_TOO_LARGE || cups().cupsLastError() == IPP_STATUS_ERROR_REQUEST_VALUE) {
+    // CUPS keeps the answer that ends a request as its error when the connection ends as well, or leaves it
+    // unread when it has more to write itself.
+    if (status == HTTP_STATUS_REQUEST_TOO_LARGE || cups().cupsLastError() == IPP_STATUS_ERROR_REQUEST_VALUE ||
+        waitingBytes(cups().httpGetFd(http)).starts_with("HTTP/1.1 413")) {
         return {Fate::refused, 0,
                 std::string("Das Drucksystem hat keinen Platz für das Dokument (") +
                     cups().httpStatus(HTTP_STATUS_REQUEST_TOO_LARGE) + ")."}; // or has a limit

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "util/LocalConnections.h"
 
+#include <algorithm>
+#include <array>
+
 #if __has_include(<sys/un.h>)
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -36,7 +39,15 @@ void endConnectionsTo(const std::filesystem::path& socket) {
         }
     }
 }
+
+std::string waitingBytes(int connection) {
+    std::array<char, 256> bytes{};
+    const ssize_t count = ::recv(connection, bytes.data(), bytes.size(), MSG_PEEK | MSG_DONTWAIT);
+    return {bytes.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0))};
+}
 #else
+std::string waitingBytes(int /*connection*/) { return {}; }
+
 void endConnectionsTo(const std::filesystem::path& /*socket*/) {}
 #endif
 
