@@ -4,6 +4,7 @@
 #include "tests/app/WindowFixture.h"
 #include "tests/testing/PrintTest.h"
 #include "tests/testing/PrintedDocument.h"
+#include "tests/testing/SchedulerProxy.h"
 
 #include <QAbstractButton>
 #include <QDir>
@@ -15,8 +16,8 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QThread>
 #include <QTimer>
+#include <memory>
 #include <set>
 
 namespace kelvrum {
@@ -41,7 +42,6 @@ MadeStation longStation() {
 
 /// What the progress dialog has shown of the sending.
 struct Sending {
-    bool isSlow = false;  // the scheduler
     bool isEnded = false; // the scheduler goes on, or the job is cancelled
     int pages = 0;        // of the bar
     std::set<int> sent;   // pages, between none and all
@@ -56,17 +56,13 @@ class f_print_sending_test : public PrintTest {
 
   private:
     QTemporaryDir scratch_;
+    std::unique_ptr<SchedulerProxy> proxy_;
 
-    /// Looks at the dialog, operates the window below it, and lets the scheduler read for a moment. When the
-    /// bar has moved twice, the job is cancelled or the scheduler goes on.
+    /// Looks at the dialog, operates the window below it, and lets the scheduler have a little more. When the
+    /// bar has moved twice, the job is cancelled or the scheduler gets all.
     void look(const WindowFixture& fixture, bool cancel, Sending& seen) const {
         const auto* dialog = fixture.window->findChild<QProgressDialog*>(QStringLiteral("PrintProgress"));
         if (dialog == nullptr || seen.isEnded) {
-            return;
-        }
-        if (!seen.isSlow) { // pages are made
-            cups().freeze();
-            seen.isSlow = true;
             return;
         }
         if (!dialog->labelText().endsWith(QStringLiteral("gesendet"))) {
@@ -83,23 +79,32 @@ class f_print_sending_test : public PrintTest {
         }
         fixture.click("optView(0)"); // taken by nothing
         if (seen.sent.size() < 3) {
-            cups().thaw();
-            QThread::usleep(500);
-            cups().freeze();
+            proxy_->pass(1);
             return;
         }
         seen.isEnded = true;
         if (cancel) {
             QTest::mouseClick(&button, Qt::LeftButton);
         } else {
-            cups().thaw();
+            proxy_->passAll();
         }
     }
 
   private Q_SLOTS:
+    void initTestCase() {
+        PrintTest::initTestCase();
+        const QByteArray scheduler = qgetenv("CUPS_SERVER");
+        if (!PrivateCups::isInstalled()) {
+            return;
+        }
+        const QByteArray path = scheduler + "-proxy";
+        proxy_ = std::make_unique<SchedulerProxy>(path.toStdString(), scheduler.toStdString());
+        qputenv("CUPS_SERVER", path);
+        qputenv("TMPDIR", scratch_.path().toLocal8Bit());
+    }
     void init() {
         PrintTest::init();
-        qputenv("TMPDIR", scratch_.path().toLocal8Bit());
+        proxy_->hold();
     }
 
     void aSchedulerThatReadsSlowly_data() {
@@ -122,7 +127,7 @@ class f_print_sending_test : public PrintTest {
         timer.start(10);
         fixture.trigger("menSelP");
         timer.stop();
-        cups().thaw();
+        proxy_->passAll();
 
         QVERIFY(seen.isEnded);
         QVERIFY(seen.pages > 1000);

@@ -128,6 +128,25 @@ bool SchedulerProxy::hasEnded() const {
     return hasEnded_;
 }
 
+void SchedulerProxy::hold() {
+    const std::lock_guard lock(mutex_);
+    pieces_ = 0;
+}
+
+void SchedulerProxy::pass(std::size_t pieces) {
+    const std::lock_guard lock(mutex_);
+    pieces_ = pieces_.value_or(0) + pieces;
+}
+
+void SchedulerProxy::passAll() {
+    const std::lock_guard lock(mutex_);
+    pieces_.reset();
+}
+
+bool SchedulerProxy::isHeld(const Call& call) const {
+    return pieces_ == 0 && !call.isAnswered && call.bytes > A_PART;
+}
+
 void SchedulerProxy::run() {
     while (true) {
         std::vector<pollfd> handles;
@@ -141,7 +160,9 @@ void SchedulerProxy::run() {
             }
             if (!hasEnded_) { // otherwise they are readable for ever
                 for (const Call& call : calls_) {
-                    handles.push_back({call.program, POLLIN, 0});
+                    if (!isHeld(call)) { // likewise
+                        handles.push_back({call.program, POLLIN, 0});
+                    }
                     handles.push_back({call.scheduler, POLLIN, 0});
                 }
             }
@@ -185,8 +206,11 @@ void SchedulerProxy::take() {
 /// Passes on what has arrived from one side; false when that side has ended the connection.
 bool SchedulerProxy::passOn(Call& call, bool toScheduler) {
     const int from = toScheduler ? call.program : call.scheduler;
-    if (!isReadable(from)) {
+    if ((toScheduler && isHeld(call)) || !isReadable(from)) {
         return true;
+    }
+    if (toScheduler && pieces_ && call.bytes > A_PART) {
+        --*pieces_;
     }
     std::array<char, 16384> piece{};
     const ssize_t n = ::read(from, piece.data(), piece.size());

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -33,6 +34,13 @@ class SchedulerProxy {
     /// one reaches the scheduler.
     void begin(std::size_t question, End end);
 
+    /// Keeps documents from the scheduler, from their first 32 kB on; other questions pass.
+    void hold();
+    /// Passes on so many further pieces of at most 16 kB of what is held.
+    void pass(std::size_t pieces);
+    /// Passes on everything again.
+    void passAll();
+
     /// The questions since the last `begin`: method and resource, "POST /printers/Testdrucker".
     [[nodiscard]] std::vector<std::string> questions() const;
     /// Whether the end that was set has come.
@@ -49,6 +57,7 @@ class SchedulerProxy {
     void run();
     void serve();
     void take();
+    [[nodiscard]] bool isHeld(const Call& call) const;
     [[nodiscard]] bool passOn(Call& call, bool toScheduler);
     [[nodiscard]] bool admits(Call& call, const std::string& bytes);
     void restart(std::size_t question, End end);
@@ -65,6 +74,7 @@ class SchedulerProxy {
     std::size_t last_ = 0; // the question that ends it; 0 for none
     End end_ = End::silence;
     bool hasEnded_ = false;
+    std::optional<std::size_t> pieces_; // that may pass while documents are held
     bool stop_ = false;
     std::thread thread_;
 };
