@@ -20,7 +20,7 @@ void chooseSecond(const WindowFixture& fixture, const char* entry) {
     QCoreApplication::sendEvent(&KS, &event);
     QTest::keyClick(&fixture.the<QMenu>("menKS"), Qt::Key_Z);
     auto& menu = fixture.the<QMenu>("menZweiter");
-    QTRY_VERIFY(menu.isVisible());
+    QVERIFY(QTest::qWaitFor([&menu] { return menu.isVisible(); }));
     const auto& wanted = fixture.the<QAction>(entry);
     for (int i = 0; i < menu.actions().size() && menu.activeAction() != &wanted; ++i) {
         QTest::keyClick(&menu, Qt::Key_Down);
