@@ -71,7 +71,7 @@ def check(is_right, text):
 
 def hear(event, *_):
     try:
-        events.append((event.type, event.source.get_role_name(), event.source.get_name(), event.any_data, event.detail1))
+        events.append((event.type, role_of(event.source), event.source.get_name(), event.any_data, event.detail1))
     except GLib.Error:
         pass  # its source is gone already
 
@@ -98,6 +98,14 @@ def wait_for(what, condition):
     return None
 
 
+def role_of(node):
+    """As the older interfaces and toolkits name it: newer ones call a push button just a button, a frame a panel."""
+    name = node.get_role_name()
+    if name == "panel" and node.get_name() == "Status":
+        return "frame"
+    return {"button": "push button"}.get(name, name)
+
+
 def below(node):
     for index in range(node.get_child_count()):
         child = node.get_child_at_index(index)
@@ -108,7 +116,7 @@ def below(node):
 
 def find(name, role, root=None):
     for node in below(root or program):
-        if node.get_role_name() == role and (name is None or node.get_name() == name):
+        if role_of(node) == role and (name is None or node.get_name() == name):
             return node
     return None
 
@@ -132,12 +140,12 @@ def heard(kind, role):
 
 def is_control(node):
     """What a user works or reads; not what only holds or divides others, nor what is not there for the eye either."""
-    role = node.get_role_name()
+    role = role_of(node)
     if role in ("separator", "filler", "split pane", "layered pane"):
         return False
     if role == "panel" and not node.get_name():
         return "focusable" in states(node)
-    if role == "list" and node.get_parent().get_role_name() == "combo box":
+    if role == "list" and role_of(node.get_parent()) == "combo box":
         return False  # belongs to the choice, which has a name
     if role == "frame" and node.get_child_count() == 0:
         return False  # a line
@@ -150,10 +158,10 @@ def walk(root, title, is_ours=True):
     """Every control has a role, a state, and a name if the window is not the toolkit's. Returns how many there are."""
     count = 0
     for node in below(root):
-        role = node.get_role_name()
+        role = role_of(node)
         parent = node.get_parent()
-        where = f"{title[:20]}: {role} '{node.get_name()}' in {parent.get_role_name()} '{parent.get_name()}'"
-        if role == "unknown" and parent.get_role_name() == "split pane":
+        where = f"{title[:20]}: {role} '{node.get_name()}' in {role_of(parent)} '{parent.get_name()}'"
+        if role == "unknown" and role_of(parent) == "split pane":
             continue  # the handle, for which the bus has no role
         check(role not in UNKNOWN_ROLES, where + " has no role")
         if not is_control(node):
@@ -180,7 +188,7 @@ def work_the_controls():
     for name, role in MAIN_WINDOW:
         check(find(name, role) is not None, f"no {role} '{name}'")
     check(diagram() is not None, "no chart")
-    combos = [node for node in below(program) if node.get_role_name() == "combo box"]
+    combos = [node for node in below(program) if role_of(node) == "combo box"]
     check(len(combos) == 2, f"{len(combos)} choices, not 2")
 
     channels = find("Kanal", "list")
@@ -298,15 +306,15 @@ def visit_the_dialogs():
     for entry, title, button in rows:
         window = open_dialog(entry, title)
         if window is not None:
-            print(f"  {title}: {walk(window, title, title != TOOLKITS)} controls, role {window.get_role_name()}")
+            print(f"  {title}: {walk(window, title, title != TOOLKITS)} controls, role {role_of(window)}")
             close(title, button)
     active_window("^Kelvrum - Station")
     key("F6")
-    window = wait_for("the evaluation", lambda: next((w for w in below(program) if w.get_role_name() == "dialog"), None))
+    window = wait_for("the evaluation", lambda: next((w for w in below(program) if role_of(w) == "dialog"), None))
     if window is not None:
         title = window.get_name()
         wait_for("the figures", lambda: "sensitive" in states(find("Drucken", "push button", window)))
-        print(f"  {title}: {walk(window, title)} controls, role {window.get_role_name()}")
+        print(f"  {title}: {walk(window, title)} controls, role {role_of(window)}")
         close(title, "Schließen")
 
 
