@@ -18,6 +18,7 @@ void PrintTest::initTestCase() {
         QSKIP("There is no print scheduler here.");
     }
     cups_ = std::make_unique<PrivateCups>();
+    qputenv("TMPDIR", temporary_.path().toLocal8Bit()); // other tests have temporary files of their own
 }
 
 void PrintTest::init() {

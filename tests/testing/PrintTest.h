@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QTemporaryDir>
 #include <cstddef>
 #include <memory>
 #include <vector>
@@ -33,6 +34,7 @@ class PrintTest : public QObject {
     void cleanupTestCase() { cups_.reset(); }
 
   private:
+    QTemporaryDir temporary_; // for the documents of jobs
     std::unique_ptr<PrivateCups> cups_;
     std::size_t documentsBefore_ = 0;
     std::size_t jobsBefore_ = 0;
