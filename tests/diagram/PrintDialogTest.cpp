@@ -72,13 +72,19 @@ class PrintDialogTest : public testing::PrintTest {
 
     /// Opens the dialog for a job and operates it; whether the user has accepted.
     bool setUp(PrintJob& job, const std::function<void(const OpenDialog&)>& operate) {
-        QTimer::singleShot(0, &window_, [&operate] {
+        QTimer timer; // the print system is asked before the dialog opens, which lets events run
+        connect(&timer, &QTimer::timeout, &window_, [&operate, &timer] {
+            if (qobject_cast<QPrintDialog*>(QApplication::activeModalWidget()) == nullptr) {
+                return;
+            }
+            timer.stop();
             const OpenDialog open = OpenDialog::find();
             operate(open);
             if (open.dialog.isVisible()) {
                 open.dialog.reject(); // a comparison has failed
             }
         });
+        timer.start(10);
         return job.setUp([this](QPrinter& printer) { return dialogs_.setUpPrinter(&window_, printer); });
     }
 
