@@ -5,7 +5,6 @@
 #include "util/Validity.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <vector>
 
