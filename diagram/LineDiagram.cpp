@@ -296,24 +296,12 @@ class LinePainting {
 
     /// A caption that fits a width, its name cut before the unit. The unit stays, whatever its width.
     std::string shortened(std::string caption, int width) {
-        constexpr std::string_view DOTS = "…";
         if (surface_.textExtent(caption).width <= width) {
             return caption;
         }
         const std::size_t unitAt = std::min(caption.rfind(" ["), caption.size());
         const std::string unit = caption.substr(unitAt);
-        std::string name = caption.substr(0, unitAt);
-        std::string text;
-        do {
-            while (!name.empty() && (static_cast<unsigned char>(name.back()) & 0xC0U) == 0x80U) {
-                name.pop_back(); // the rest of a character
-            }
-            if (!name.empty()) {
-                name.pop_back();
-            }
-            text = std::string(trimBlanks(name)).append(DOTS).append(unit);
-        } while (!name.empty() && surface_.textExtent(text).width > width);
-        return text;
+        return cutText(surface_, caption.substr(0, unitAt), width - surface_.textExtent(unit).width) + unit;
     }
 
     /// One word for each pass that is there: the means when they are not alone, the minima, the maxima.
