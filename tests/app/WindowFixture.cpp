@@ -84,6 +84,26 @@ MadeStation madeStation() {
     return station;
 }
 
+MadeStation longStation() {
+    MadeStation station = madeStation();
+    constexpr int DAYS = 8;
+    auto& dust = station.minutes[7];
+    dust.resize(TEST_DAY_MINUTE + DAYS * 1440);
+    for (int i = 0; i < DAYS * 1440; ++i) {
+        dust[static_cast<std::size_t>(TEST_DAY_MINUTE + i)] = 10'000 + i;
+    }
+    return station;
+}
+
+MadeStation batchStation() {
+    MadeStation made = madeStation();
+    made.ini +=
+        "CHAN01|Vertikalwind|m/s|-5|5||0|1|2|1|0|0|VW\nCHAN08|Lufttemperatur|°C|-20|40||0|1|2|1|0|0|LT\n";
+    made.minutes[1] = made.minutes[4];
+    made.minutes[8] = made.minutes[7];
+    return made;
+}
+
 QDateTime pickedTime(const QString& text) {
     return QDateTime(QDate::fromString(text.left(10), QStringLiteral("dd.MM.yyyy")),
                      QTime::fromString(text.mid(11), QStringLiteral("HH:mm")), QTimeZone::utc())

@@ -36,6 +36,12 @@ struct MadeStation {
 /// sum) with values on the test day and the day after, some of them missing. The data folder is "Data".
 MadeStation madeStation();
 
+/// The same with eight days of dust, 10,000 and upwards, each value once: a list of more than 10,000 rows.
+MadeStation longStation();
+
+/// madeStation with two further channels, 1 and 8, which have rows in the batch print.
+MadeStation batchStation();
+
 /// Start and end as the pickers show them, "dd.mm.yyyy hh:mm".
 struct ShownRange {
     QString from;

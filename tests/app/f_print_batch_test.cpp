@@ -24,16 +24,6 @@ constexpr int DUST_ROW = 2; // of the channel list
 const QString UNREACHABLE = QStringLiteral("Sammeldruck: Der Drucker ist nicht erreichbar. Bitte prüfen Sie, "
                                            "ob er eingeschaltet und eingerichtet ist.");
 
-/// A station with two further channels that have rows in the batch.
-MadeStation batchStation() {
-    MadeStation made = madeStation();
-    made.ini +=
-        "CHAN01|Vertikalwind|m/s|-5|5||0|1|2|1|0|0|VW\nCHAN08|Lufttemperatur|°C|-20|40||0|1|2|1|0|0|LT\n";
-    made.minutes[1] = made.minutes[4];
-    made.minutes[8] = made.minutes[7];
-    return made;
-}
-
 } // namespace
 
 class f_print_batch_test : public PrintTest {

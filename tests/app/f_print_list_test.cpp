@@ -23,18 +23,6 @@ namespace {
 
 constexpr int DUST_ROW = 2; // of the channel list
 
-/// A station with eight days of dust, so that a list is more than 10,000 rows long.
-MadeStation longStation() {
-    MadeStation station = madeStation();
-    constexpr int DAYS = 8;
-    auto& dust = station.minutes[7];
-    dust.resize(TEST_DAY_MINUTE + DAYS * 1440);
-    for (int i = 0; i < DAYS * 1440; ++i) {
-        dust[static_cast<std::size_t>(TEST_DAY_MINUTE + i)] = 10'000 + i; // each value once
-    }
-    return station;
-}
-
 } // namespace
 
 class f_print_list_test : public PrintTest {
@@ -230,8 +218,6 @@ class f_print_list_test : public PrintTest {
     /// 10,000 pages, cancelled at page 5,000: no job, no file, and a window that goes on. Until then it takes
     /// no input.
     void aCancelledList() {
-        const QStringList filesBefore =
-            QDir(QDir::tempPath()).entryList({QStringLiteral("kelvrum-*.pdf")}, QDir::Files);
         const WindowFixture fixture(longStation());
         fixture.chooseChannel(DUST_ROW);
         fixture.arrange({QStringLiteral("18.06.2020 00:00"), QStringLiteral("25.06.2020 00:00")}, 0);
@@ -271,8 +257,7 @@ class f_print_list_test : public PrintTest {
         QVERIFY(QGuiApplication::overrideCursor() == nullptr);
         QCOMPARE(cups().openJobs(), 0U);
         QCOMPARE(documents().size(), 0U);
-        QCOMPARE(QDir(QDir::tempPath()).entryList({QStringLiteral("kelvrum-*.pdf")}, QDir::Files),
-                 filesBefore);
+        QCOMPARE(temporaryFiles(), QStringList());
         fixture.click("optView(0)");
         fixture.trigger("menPrint");
         QCOMPARE(documents().size(), 1U);

@@ -7,14 +7,12 @@
 #include "tests/testing/SchedulerProxy.h"
 
 #include <QAbstractButton>
-#include <QDir>
 #include <QGuiApplication>
 #include <QPageSize>
 #include <QPrinter>
 #include <QProgressBar>
 #include <QProgressDialog>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <memory>
@@ -27,18 +25,6 @@ using namespace kelvrum::testing;
 namespace {
 
 constexpr int DUST_ROW = 2; // of the channel list
-
-/// A station with eight days of dust.
-MadeStation longStation() {
-    MadeStation station = madeStation();
-    constexpr int DAYS = 8;
-    auto& dust = station.minutes[7];
-    dust.resize(TEST_DAY_MINUTE + DAYS * 1440);
-    for (int i = 0; i < DAYS * 1440; ++i) {
-        dust[static_cast<std::size_t>(TEST_DAY_MINUTE + i)] = 10'000 + i;
-    }
-    return station;
-}
 
 /// What the progress dialog has shown of the sending.
 struct Sending {
@@ -55,7 +41,6 @@ class f_print_sending_test : public PrintTest {
     Q_OBJECT
 
   private:
-    QTemporaryDir scratch_;
     std::unique_ptr<SchedulerProxy> proxy_;
 
     /// Looks at the dialog, operates the window below it, and lets the scheduler have a little more. When the
@@ -93,14 +78,7 @@ class f_print_sending_test : public PrintTest {
   private Q_SLOTS:
     void initTestCase() {
         PrintTest::initTestCase();
-        const QByteArray scheduler = qgetenv("CUPS_SERVER");
-        if (!PrivateCups::isInstalled()) {
-            return;
-        }
-        const QByteArray path = scheduler + "-proxy";
-        proxy_ = std::make_unique<SchedulerProxy>(path.toStdString(), scheduler.toStdString());
-        qputenv("CUPS_SERVER", path);
-        qputenv("TMPDIR", scratch_.path().toLocal8Bit());
+        proxy_ = SchedulerProxy::beforeScheduler();
     }
     void init() {
         PrintTest::init();
@@ -136,7 +114,7 @@ class f_print_sending_test : public PrintTest {
         QCOMPARE(fixture.dialogs->messages, QStringList());
         QVERIFY(fixture.window->findChild<QProgressDialog*>() == nullptr);
         QVERIFY(QGuiApplication::overrideCursor() == nullptr);
-        QCOMPARE(QDir(scratch_.path()).entryList(QDir::Files), QStringList());
+        QCOMPARE(temporaryFiles(), QStringList());
         QVERIFY(fixture.the<QAbstractButton>("optView(1)").isChecked());
         if (!cancel) {
             QCOMPARE(documents().size(), 1U);

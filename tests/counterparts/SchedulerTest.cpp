@@ -12,13 +12,11 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QDir>
 #include <QFile>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QTest>
 #include <algorithm>
 #include <iostream>
@@ -46,10 +44,6 @@ int setting(const char* name, int otherwise) {
     bool isSet = false;
     const int value = qEnvironmentVariableIntValue(name, &isSet);
     return isSet ? value : otherwise;
-}
-
-QStringList temporaryFiles() {
-    return QDir(QDir::tempPath()).entryList({QStringLiteral("kelvrum-*")}, QDir::Files);
 }
 
 /// Answers the dialogs that open in the window, as a user does.
@@ -126,15 +120,6 @@ class FullDisk {
     QFile filler_;
 };
 
-MadeStation batchStation() {
-    MadeStation made = madeStation();
-    made.ini +=
-        "CHAN01|Vertikalwind|m/s|-5|5||0|1|2|1|0|0|VW\nCHAN08|Lufttemperatur|°C|-20|40||0|1|2|1|0|0|LT\n";
-    made.minutes[1] = made.minutes[4];
-    made.minutes[8] = made.minutes[7];
-    return made;
-}
-
 /// The longest pause without events, in milliseconds, and whether the user found no printer to set up.
 struct Attempt {
     qint64 pause;
@@ -161,7 +146,6 @@ class f_scheduler_test : public PrintTest {
     Q_OBJECT
 
   private:
-    QTemporaryDir scratch_;
     std::unique_ptr<SchedulerProxy> proxy_;
 
     static void views() {
@@ -231,14 +215,7 @@ class f_scheduler_test : public PrintTest {
             qputenv("TMPDIR", disk); // for the scheduler
         }
         PrintTest::initTestCase();
-        const QByteArray scheduler = qgetenv("CUPS_SERVER");
-        if (!PrivateCups::isInstalled()) {
-            return;
-        }
-        const QByteArray path = scheduler + "-proxy";
-        proxy_ = std::make_unique<SchedulerProxy>(path.toStdString(), scheduler.toStdString());
-        qputenv("CUPS_SERVER", path);
-        qputenv("TMPDIR", scratch_.path().toLocal8Bit()); // other tests have temporary files of their own
+        proxy_ = SchedulerProxy::beforeScheduler();
     }
     void init() {
         if (proxy_) {

@@ -52,10 +52,6 @@ QString failure(PrintJob& job) {
     return {};
 }
 
-QStringList temporaryFiles() {
-    return QDir(QDir::tempPath()).entryList({QStringLiteral("kelvrum-*.pdf")}, QDir::Files);
-}
-
 QByteArray contentOf(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -75,21 +71,7 @@ void chooseFile(PrintJob& job, const QString& path) {
 class PrintFateTest : public testing::PrintTest {
     Q_OBJECT
 
-  private:
-    QTemporaryDir scratch_;
-    QStringList filesBefore_;
-
   private Q_SLOTS:
-    void init() {
-        PrintTest::init();
-        qputenv("TMPDIR", scratch_.path().toLocal8Bit()); // other tests have temporary files of their own
-        filesBefore_ = temporaryFiles();
-    }
-    void cleanup() {
-        PrintTest::cleanup();
-        QCOMPARE(temporaryFiles(), filesBefore_);
-    }
-
     // --- the queue's answer ---
 
     void aPrintedJobSaysNothing() {
@@ -347,7 +329,7 @@ class PrintFateTest : public testing::PrintTest {
 #ifdef KELVRUM_HAS_LIMITS
         QFETCH(int, failing);
         QFETCH(std::errc, reason);
-        QVERIFY(QFile::setPermissions(scratch_.path(), QFile::Permissions(0x7777)));
+        QVERIFY(QFile::setPermissions(temporaryFolder(), QFile::Permissions(0x7777)));
         const OrdinaryUser user;
         const TempFolder folder;
         const std::string path = folder.write("Bericht.pdf", "the report of last year");

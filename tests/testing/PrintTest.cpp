@@ -3,6 +3,7 @@
 
 #include "diagram/SeriesTable.h"
 
+#include <QDir>
 #include <QTest>
 #include <exception>
 
@@ -31,6 +32,13 @@ void PrintTest::init() {
     }
 }
 
-void PrintTest::cleanup() { seriesTable().clear(); }
+void PrintTest::cleanup() {
+    seriesTable().clear();
+    QCOMPARE(temporaryFiles(), QStringList());
+}
+
+QStringList PrintTest::temporaryFiles() const {
+    return QDir(temporaryFolder()).entryList({QStringLiteral("kelvrum-*")}, QDir::Files);
+}
 
 } // namespace kelvrum::testing

@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 #include <cstddef>
 #include <memory>
@@ -15,7 +16,7 @@ namespace kelvrum::testing {
 
 /// A test class with a scheduler of its own; it is skipped where none is installed. Each test function starts
 /// with a scheduler that takes and prints jobs on its default queue, whatever the function before has done to
-/// it.
+/// it, and leaves nothing of the program in the folder for temporary files, which is the class's own.
 class PrintTest : public QObject {
     Q_OBJECT
 
@@ -27,14 +28,18 @@ class PrintTest : public QObject {
     /// The number of jobs that this test function has sent to the default queue, whatever became of them.
     [[nodiscard]] std::size_t newJobs() const { return cups_->allJobs() - jobsBefore_; }
 
+    /// Where temporary files are, and the program's own ones among them.
+    [[nodiscard]] QString temporaryFolder() const { return temporary_.path(); }
+    [[nodiscard]] QStringList temporaryFiles() const;
+
   protected Q_SLOTS:
     void initTestCase();
     void init();
-    static void cleanup();
+    void cleanup();
     void cleanupTestCase() { cups_.reset(); }
 
   private:
-    QTemporaryDir temporary_; // for the documents of jobs
+    QTemporaryDir temporary_;
     std::unique_ptr<PrivateCups> cups_;
     std::size_t documentsBefore_ = 0;
     std::size_t jobsBefore_ = 0;

@@ -2,6 +2,7 @@
 #include "tests/testing/PrivateCups.h"
 
 #include "tests/testing/PrinterDescriptions.h"
+#include "tests/testing/SocketAddress.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -10,7 +11,6 @@
 #include <QThread>
 #include <algorithm>
 #include <csignal>
-#include <cstring>
 #include <fcntl.h>
 #include <stdexcept>
 #include <string>
@@ -133,19 +133,9 @@ void write(const QString& path, const QString& text) {
     }
 }
 
-sockaddr_un addressOf(const std::string& path) {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    if (path.size() >= sizeof(address.sun_path)) {
-        throw std::runtime_error("too long for the name of a socket: " + path);
-    }
-    std::memcpy(address.sun_path, path.c_str(), path.size());
-    return address;
-}
-
 /// Whether a server listens on a socket.
 bool answers(const std::string& path) {
-    const sockaddr_un address = addressOf(path);
+    const sockaddr_un address = socketAddress(path);
     const int handle = ::socket(AF_UNIX, SOCK_STREAM, 0);
     const bool connected =
         ::connect(handle, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
@@ -296,7 +286,7 @@ void PrivateCups::thaw() const { ::kill(static_cast<pid_t>(scheduler_.processId(
 
 void PrivateCups::hang() {
     kill();
-    const sockaddr_un address = addressOf(folder_.at("socket"));
+    const sockaddr_un address = socketAddress(folder_.at("socket"));
     silentSocket_ = ::socket(AF_UNIX, SOCK_STREAM, 0);
     constexpr int CALLS = 50;
     if (::bind(silentSocket_, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0 ||

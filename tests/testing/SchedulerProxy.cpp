@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/testing/SchedulerProxy.h"
 
+#include "tests/testing/PrivateCups.h"
+#include "tests/testing/SocketAddress.h"
+
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <cstring>
 #include <poll.h>
 #include <stdexcept>
 #include <sys/socket.h>
@@ -19,19 +21,9 @@ namespace {
 constexpr int LOOK_EVERY = 5;             // milliseconds
 constexpr std::size_t A_PART = 32 * 1024; // bytes of a document
 
-sockaddr_un addressOf(const std::string& path) {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    if (path.size() >= sizeof(address.sun_path)) {
-        throw std::runtime_error("too long for the name of a socket: " + path);
-    }
-    std::memcpy(address.sun_path, path.c_str(), path.size());
-    return address;
-}
-
 /// A connection to the scheduler, or -1.
 int callScheduler(const std::string& path) {
-    const sockaddr_un address = addressOf(path);
+    const sockaddr_un address = socketAddress(path);
     const int handle = ::socket(AF_UNIX, SOCK_STREAM, 0);
     if (::connect(handle, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0) {
         ::close(handle);
@@ -66,6 +58,17 @@ SchedulerProxy::SchedulerProxy(std::string path, std::string scheduler)
     thread_ = std::thread([this] { run(); });
 }
 
+std::unique_ptr<SchedulerProxy> SchedulerProxy::beforeScheduler() {
+    if (!PrivateCups::isInstalled()) {
+        return nullptr;
+    }
+    const QByteArray scheduler = qgetenv("CUPS_SERVER");
+    const QByteArray path = scheduler + "-proxy";
+    auto proxy = std::make_unique<SchedulerProxy>(path.toStdString(), scheduler.toStdString());
+    qputenv("CUPS_SERVER", path);
+    return proxy;
+}
+
 SchedulerProxy::~SchedulerProxy() {
     {
         const std::lock_guard lock(mutex_);
@@ -80,7 +83,7 @@ void SchedulerProxy::listen() {
     if (socket_ >= 0) {
         return;
     }
-    const sockaddr_un address = addressOf(path_);
+    const sockaddr_un address = socketAddress(path_);
     socket_ = ::socket(AF_UNIX, SOCK_STREAM, 0);
     constexpr int CALLS = 50;
     if (::bind(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0 ||

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -24,6 +25,9 @@ class SchedulerProxy {
     /// Listens on `path` for the scheduler on `scheduler`, which may come and go. Throws std::runtime_error
     /// when it cannot.
     SchedulerProxy(std::string path, std::string scheduler);
+    /// A proxy for the scheduler that CUPS_SERVER names, which names the proxy from then on; nothing where
+    /// none is installed.
+    static std::unique_ptr<SchedulerProxy> beforeScheduler();
     SchedulerProxy(const SchedulerProxy&) = delete;
     SchedulerProxy& operator=(const SchedulerProxy&) = delete;
     ~SchedulerProxy();
