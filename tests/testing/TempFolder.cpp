@@ -55,9 +55,7 @@ void append(std::string& bytes, T value) {
 
 std::string channelFile(std::span<const double> minutes) {
     std::string bytes(1024, '\0');
-    for (const double v : minutes) {
-        append(bytes, v);
-    }
+    bytes.append(reinterpret_cast<const char*>(minutes.data()), minutes.size_bytes());
     return bytes;
 }
 
