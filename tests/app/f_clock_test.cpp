@@ -6,6 +6,7 @@
 
 #include <QAbstractItemModel>
 #include <QComboBox>
+#include <QMap>
 #include <QTableView>
 #include <QTest>
 #include <array>
@@ -117,6 +118,8 @@ class f_clock_test : public QObject {
         return seen;
     }
 
+    QMap<QDate, QStringList> inUtc_;
+
   private Q_SLOTS:
     void everyZoneShowsWhatUtcShows_data() {
         QTest::addColumn<QDate>("day");
@@ -142,8 +145,8 @@ class f_clock_test : public QObject {
     void everyZoneShowsWhatUtcShows() {
         QFETCH(QDate, day);
         QFETCH(QByteArray, zone);
-        QStringList expected;
-        {
+        QStringList& expected = inUtc_[day];
+        if (expected.isEmpty()) {
             const TimeZone utc("UTC");
             expected = walk(day);
         }
