@@ -26,29 +26,30 @@ constexpr int AFTER_EVERY_YEAR = 9'000'000;
 
 /// After a failure every byte of the target is the old one or the new one, the new ones first.
 void expectNewThenOld(const std::string& found, const std::string& before, const std::string& after) {
-    std::size_t at = 0;
     const std::size_t shared = std::min(found.size(), after.size());
-    while (at < shared && found[at] == after[at]) {
-        ++at;
-    }
+    const char* end = std::mismatch(found.data(), found.data() + shared, after.data()).first;
+    const auto at = static_cast<std::size_t>(end - found.data());
     ASSERT_GE(found.size(), before.size());
     EXPECT_TRUE(found.substr(at) == (at < before.size() ? before.substr(at) : std::string()))
         << "neither old nor new from byte " << at << " on";
 }
 
 TEST(CorrectionFaults, EveryWriteFailsInTurnAndTheNextRunRepairsIt) {
+    YearFiles laid;
+    for (const int year : {2020, 2021}) {
+        laid.lay(7, year, year == 2020 ? MINUTES_OF_LEAP_YEAR : MINUTES_OF_YEAR);
+        laid.lay(15, year, 200'000); // grows, too
+    }
+    const FileBytes before = laid.files;
+    laid.expect({7}, 15, 2020, MARCH, AFTER_EVERY_YEAR, 2);
+    laid.expect({7}, 15, 2021, 0, DECEMBER, 2);
+    const Correction correction = {CorrectionMode::dust, TWO_YEARS, 2};
     for (const std::size_t taken : {std::size_t{0}, std::size_t{100'003}}) {
         int failures = 0;
         for (int number = 1;; ++number) {
-            YearFiles laid;
-            for (const int year : {2020, 2021}) {
-                laid.lay(7, year, year == 2020 ? MINUTES_OF_LEAP_YEAR : MINUTES_OF_YEAR);
-                laid.lay(15, year, 200'000); // grows, too
+            for (const auto& [name, bytes] : before) {
+                laid.folder.write("Data/" + name, bytes);
             }
-            const FileBytes before = laid.files;
-            laid.expect({7}, 15, 2020, MARCH, AFTER_EVERY_YEAR, 2);
-            laid.expect({7}, 15, 2021, 0, DECEMBER, 2);
-            const Correction correction = {CorrectionMode::dust, TWO_YEARS, 2};
             FailingTargets fails(number, taken);
             CorrectionFiles files;
             files.openTarget = fails.opener();

@@ -3,6 +3,7 @@
 #include "correction/Recalculation.h"
 
 #include "tests/correction/YearFiles.h"
+#include "tests/testing/FileContent.h"
 #include "tests/testing/Registers.h"
 
 #include <gtest/gtest.h>
@@ -306,9 +307,7 @@ TEST(Recalculation, Folders) {
         station.BaseFolder = folder.at("Projekt/");
         station.DataFolder = row.dataFolder;
         EXPECT_EQ(recalculate(station, {CorrectionMode::dust, TEN_MINUTES, 2}), std::nullopt);
-        std::ifstream in(target, std::ios::binary);
-        const std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-        EXPECT_TRUE(bytes == corrected(yearFile(15, 2021, 12), {source}, 10, 19, 2)) << row.place;
+        EXPECT_TRUE(contentOf(target) == corrected(yearFile(15, 2021, 12), {source}, 10, 19, 2)) << row.place;
         const auto files = fs::directory_iterator(fs::path(target).parent_path());
         EXPECT_EQ(std::count_if(begin(files), end(files), [](const auto& e) { return e.is_regular_file(); }),
                   2);

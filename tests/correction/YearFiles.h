@@ -3,6 +3,7 @@
 #pragma once
 
 #include "config/StationConfig.h"
+#include "tests/testing/FileContent.h"
 #include "tests/testing/TempFolder.h"
 #include "util/DateTime.h"
 
@@ -10,7 +11,6 @@
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <limits>
 #include <map>
 #include <string>
@@ -154,16 +154,13 @@ class YearFiles {
             files[name(target, year)] = std::move(after);
         }
     }
-    /// What the folder holds now; only files, read byte by byte.
+    /// What the folder holds now; only files.
     [[nodiscard]] FileBytes found() const {
         FileBytes all;
         for (const auto& entry : std::filesystem::directory_iterator(folder.path() / "Data")) {
             std::error_code error;
             if (entry.is_regular_file(error)) {
-                std::string bytes(static_cast<std::size_t>(entry.file_size()), '\0');
-                std::ifstream(entry.path(), std::ios::binary)
-                    .read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-                all[entry.path().filename().string()] = std::move(bytes);
+                all[entry.path().filename().string()] = contentOf(entry.path());
             }
         }
         return all;

@@ -5,11 +5,11 @@
 #include "tests/correction/YearFiles.h"
 #include "tests/counterparts/WriterProcess.h"
 #include "tests/counterparts/WriterTasks.h"
+#include "tests/testing/FileContent.h"
 #include "tests/testing/TempFolder.h"
 #include "util/Numbers.h"
 
 #include <algorithm>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <iostream>
 #include <iterator>
@@ -72,11 +72,6 @@ Mixture mixtureOfTargets(const FileBytes& found, const FileBytes& before, const 
         all.neither += one.neither;
     }
     return all;
-}
-
-std::string bytesOf(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 /// The number of the saving whose whole file this is; nothing when it is none.
@@ -156,14 +151,14 @@ TEST(Kill, InSavingTheSettings) {
         if (isFirst && !fs::exists(file)) {
             ++missing;
         } else {
-            const auto found = savingOf(bytesOf(file));
+            const auto found = savingOf(contentOf(file));
             ASSERT_TRUE(found.has_value());
             ASSERT_GE(*found, newest);
             newest = *found;
         }
         ++newest;
         ASSERT_FALSE(saveSettings(rowsOfSaving(newest), folder.at("Sammeldruck.cfg")));
-        ASSERT_EQ(savingOf(bytesOf(file)), newest);
+        ASSERT_EQ(savingOf(contentOf(file)), newest);
         ASSERT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1);
     }
     std::cout << killCount() << " kills in " << newest << " savings, " << leftOver

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Links and pictures of the documents.
+#include "tests/testing/FileContent.h"
 #include "util/CaseFolding.h"
 #include "util/Text.h"
 
@@ -7,8 +8,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <set>
 #include <string>
 #include <string_view>
@@ -21,11 +20,6 @@ namespace fs = std::filesystem;
 
 const fs::path DOCS = KELVRUM_DOCS;
 const fs::path PICTURES = DOCS / "pictures";
-
-std::string contentsOf(const fs::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 std::vector<fs::path> documents() {
     std::vector<fs::path> found = {DOCS.parent_path() / "README.md", DOCS.parent_path() / "CONTRIBUTING.md"};
@@ -72,7 +66,7 @@ std::set<std::string> anchorsOf(const std::string& text) {
 TEST(Links, LeadSomewhere) {
     std::size_t count = 0;
     for (const fs::path& document : documents()) {
-        for (const std::string& target : targetsIn(contentsOf(document))) {
+        for (const std::string& target : targetsIn(testing::contentOf(document))) {
             if (target.starts_with("http")) {
                 continue;
             }
@@ -82,7 +76,7 @@ TEST(Links, LeadSomewhere) {
             const fs::path file = name.empty() ? document : document.parent_path() / name;
             EXPECT_TRUE(fs::exists(file)) << document << ": " << target;
             if (hash != std::string::npos) {
-                EXPECT_TRUE(anchorsOf(contentsOf(file)).contains(target.substr(hash + 1)))
+                EXPECT_TRUE(anchorsOf(testing::contentOf(file)).contains(target.substr(hash + 1)))
                     << document << ": " << target;
             }
         }
@@ -95,7 +89,7 @@ TEST(Pictures, AreShownAndSmall) {
     constexpr std::uintmax_t LARGEST = 60'000;
     std::set<fs::path> shown;
     for (const fs::path& document : documents()) {
-        for (const std::string& target : targetsIn(contentsOf(document))) {
+        for (const std::string& target : targetsIn(testing::contentOf(document))) {
             shown.insert((document.parent_path() / target).lexically_normal());
         }
     }

@@ -5,6 +5,7 @@
 #include "data/DataReader.h"
 #include "data/DayFiles.h"
 #include "data/DayList.h"
+#include "tests/testing/FileContent.h"
 #include "tests/testing/TempFolder.h"
 #include "tools/makestation/FileWriting.h"
 #include "tools/makestation/IniWriter.h"
@@ -13,33 +14,27 @@
 #include "tools/makestation/VarnixWriter.h"
 #include "util/Validity.h"
 
-#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <map>
 
 namespace {
 
 using namespace kelvrum;
 using namespace kelvrum::sample;
+using kelvrum::testing::contentOf;
 using kelvrum::testing::CurrentFolder;
 using kelvrum::testing::TempFolder;
 using ::testing::ElementsAre;
 
 namespace fs = std::filesystem;
 
-std::string bytesOf(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
 /// Every file below a folder with its bytes.
 std::map<std::string, std::string> filesOf(const TempFolder& folder) {
     std::map<std::string, std::string> files;
     for (const auto& entry : fs::recursive_directory_iterator(folder.path())) {
         if (entry.is_regular_file()) {
-            files[fs::relative(entry.path(), folder.path()).generic_string()] = bytesOf(entry.path());
+            files[fs::relative(entry.path(), folder.path()).generic_string()] = contentOf(entry.path());
         }
     }
     return files;
@@ -88,7 +83,7 @@ TEST(StationFiles, OfTheIniFormHaveTheirNamesAndSizes) {
 TEST(StationFiles, OfTheIniFormHaveEmptyHeadersAndEmptySlotsBeforeTheBegin) {
     const TempFolder folder;
     writeStation(folder.path(), newYearPlan(StationForm::ini));
-    const std::string bytes = bytesOf(folder.path() / "Data" / "Kanal10_2020.chn");
+    const std::string bytes = contentOf(folder.path() / "Data" / "Kanal10_2020.chn");
     const std::size_t begin = 1024 + 8 * 364 * 1440; // 30 December
     EXPECT_EQ(bytes.find_first_not_of('\0'), begin);
 }
