@@ -183,9 +183,9 @@ class PrintFateTest : public testing::PrintTest {
     void aJobThatFailsLaterSaysWhy_data() {
         QTest::addColumn<int>("queue");
         QTest::addColumn<QString>("said"); // up to the print system's own words
-        QTest::newRow("cancelled at the queue")
+        QTest::newRow("cancelled at the queue") // which has words for it only once the printer has begun
             << int(Queue::ENDLESS)
-            << QStringLiteral("Der Druckauftrag wurde auf dem Drucker „Dauerdrucker“ abgebrochen: ");
+            << QStringLiteral("Der Druckauftrag wurde auf dem Drucker „Dauerdrucker“ abgebrochen");
         QTest::newRow("aborted by the printer")
             << int(Queue::FAILING)
             << QStringLiteral("Der Druckauftrag wurde auf dem Drucker „Fehldrucker“ abgebrochen: ");
@@ -208,7 +208,9 @@ class PrintFateTest : public testing::PrintTest {
         });
         const QString message = failure(diagram.job);
         QVERIFY2(message.startsWith(said), qPrintable(message));
-        QVERIFY2(message.section(QStringLiteral(": "), 1).size() > 5, qPrintable(message));
+        if (said.endsWith(QStringLiteral(": "))) {
+            QVERIFY2(message.section(QStringLiteral(": "), 1).size() > 5, qPrintable(message));
+        }
         QVERIFY(!diagram.job.isOpen());
         QCOMPARE(cups().allJobs(), known + 1);
     }
