@@ -1,6 +1,6 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Runs each fuzz target of tests/fuzz: first on its seeds and the stored inputs, then for SECONDS (20) on generated
+# Runs each fuzz target of tests/fuzz: first on its seeds and the stored inputs, then for SECONDS (10) on generated
 # inputs, two targets at a time. An input that crashes a target or breaks a promise is saved in build/fuzz/crashes; move
 # it to tests/fuzz/corpus/TARGET to try it in every later run. With 0 SECONDS only seeds and stored inputs are tried.
 #
@@ -11,7 +11,7 @@ set -eu
 cd -P "$(dirname "$0")/../.."
 . tools/packages.sh
 
-seconds=${1:-20}
+seconds=${1:-10}
 seed=0 # random, for a run of a chosen length
 if [ $# -eq 0 ]; then
     seed=1 # the usual run is reproducible, so that it fails because of a change and not by chance
