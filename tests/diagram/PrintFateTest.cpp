@@ -182,7 +182,7 @@ class PrintFateTest : public testing::PrintTest {
 
     void aJobThatFailsLaterSaysWhy_data() {
         QTest::addColumn<int>("queue");
-        QTest::addColumn<QString>("said"); // up to the print system's own words
+        QTest::addColumn<QString>("said");      // up to the print system's own words
         QTest::newRow("cancelled at the queue") // which has words for it only once the printer has begun
             << int(Queue::ENDLESS)
             << QStringLiteral("Der Druckauftrag wurde auf dem Drucker „Dauerdrucker“ abgebrochen");
