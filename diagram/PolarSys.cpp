@@ -51,7 +51,7 @@ void PolarSys::PrintDiag(bool& finish) {
         Surface& page = job->newPage(QPageLayout::Landscape);
         if (DiagTyp() == KIND_POLAR) {
             printPolarDiagram(page, POLAR_PAGE, *this, texts_);
-        } else {
+        } else if (isDrawn(DiagTyp())) {
             drawLineDiagram(page, *this, DiagramLayout::page(), texts_);
         }
         drawPageNotes(page, notes_, DiagTyp() == KIND_POLAR);

@@ -125,6 +125,22 @@ class PrintDiagTest : public testing::PrintTest {
         QCOMPARE(diagram.control.picture().toImage(), picture);
     }
 
+    void anUnknownKindPrintsAnEmptyPage_data() {
+        QTest::addColumn<int>("kind");
+        QTest::newRow("below the first kind") << -1;
+        QTest::newRow("above the last kind") << 5;
+    }
+    void anUnknownKindPrintsAnEmptyPage() {
+        QFETCH(int, kind);
+        PrintedDiagram diagram;
+        diagram.control.setDiagTyp(kind);
+        diagram.print(true);
+        QCOMPARE(documents().size(), std::size_t(1));
+        const std::vector<PrintedPage> pages = printedPages(documents()[0]);
+        QCOMPARE(pages.size(), std::size_t(1));
+        QVERIFY(pages[0].words.empty());
+    }
+
     // --- failures ---
 
     void withoutAPrinterNothingIsPrinted_data() {
