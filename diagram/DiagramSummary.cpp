@@ -59,7 +59,7 @@ std::string diagramSummary(const DiagramProperties& properties, const Series& se
                            const std::optional<ReadoutSeries>& second, const LocaleTexts& texts) {
     std::string text = sentence(properties.HeadLine) + sentence(properties.HeadLine2);
     if (properties.DiagTyp == KIND_POLAR) {
-        return text + "Windrose, " + counted(samples);
+        return text + "Windrose, " + (samples == 0 ? "keine Werte." : counted(samples));
     }
     text += "Von " + rowTime(properties.XLow, texts) + " bis " + rowTime(properties.XHigh, texts) + ". ";
     cleanVectorRegisters(); // windows may have been painted

@@ -94,5 +94,12 @@ TEST_F(Summary, OfAPolarDiagramTheSamples) {
     EXPECT_EQ(summary({}), "Station - Staub [µg/m³]. Köln - 1 Stunde Mittelwert. Windrose, 2 Werte.");
 }
 
+TEST_F(Summary, OfAPolarDiagramWithoutOrWithOneSample) {
+    control.setDiagTyp(KIND_POLAR);
+    EXPECT_TRUE(summary({}).ends_with(" Windrose, keine Werte.")) << summary({});
+    control.AddItem(3, 1);
+    EXPECT_TRUE(summary({}).ends_with(" Windrose, 1 Wert.")) << summary({});
+}
+
 } // namespace
 } // namespace kelvrum
