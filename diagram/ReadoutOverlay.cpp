@@ -186,10 +186,10 @@ void ReadoutOverlay::pointerLeft() {
 // --- keys ---
 
 void ReadoutOverlay::step(int direction) {
-    pointer_.reset();
     if (isLost_) {
-        return;
+        return; // what the pointer is over is read when the next picture is drawn
     }
+    pointer_.reset();
     if (diagram_.polarShown()) {
         const auto sectors = static_cast<std::int64_t>(diagram_.polarShown()->classes.counts.size()) - 1;
         if (sectors > 0) {
