@@ -32,7 +32,8 @@ std::string differenceText(double a, double b, const ReadoutSeries& series, cons
     // Fifteen digits would show how the numbers are stored, not what was measured.
     const double shown = std::fabs(difference) < 1e-9 * std::max(std::fabs(a), std::fabs(b)) ? 0 : difference;
     const std::string text = formatNumber(shown, "########0.0#####", texts);
-    return (shown > 0 ? "+" : "") + text + (series.unit.empty() ? "" : " " + series.unit);
+    const bool isZero = text.find_first_of("123456789") == std::string::npos;
+    return (shown > 0 && !isZero ? "+" : "") + text + (series.unit.empty() ? "" : " " + series.unit);
 }
 
 std::string degrees(double v, const LocaleTexts& texts) { return formatNumber(v, "##0.##", texts) + "°"; }

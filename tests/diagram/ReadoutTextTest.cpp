@@ -64,6 +64,17 @@ TEST(ReadoutLines, DifferencesFromTheMark) {
     EXPECT_EQ(readoutLines(readout, DUST, {}, {}).back(), "Differenz 0,0 µg/m³");
 }
 
+TEST(ReadoutLines, ADifferenceThatRoundsToZeroHasNoSign) {
+    Readout readout{valueAt(MORNING, 0.3 + 3e-7), {}, valueAt(MORNING, 0.3)};
+    EXPECT_EQ(readoutLines(readout, DUST, {}, {}).back(), "Differenz 0,0 µg/m³");
+    readout.value->y1 = 0.3 - 3e-7;
+    EXPECT_EQ(readoutLines(readout, DUST, {}, {}).back(), "Differenz 0,0 µg/m³");
+    readout.value->y1 = 0.3 + 1e-6;
+    EXPECT_EQ(readoutLines(readout, DUST, {}, {}).back(), "Differenz +0,000001 µg/m³");
+    readout.value->y1 = 0.3 - 1e-6;
+    EXPECT_EQ(readoutLines(readout, DUST, {}, {}).back(), "Differenz -0,000001 µg/m³");
+}
+
 TEST(SpanText, Table) {
     struct Row {
         double minutes;
