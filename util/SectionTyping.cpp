@@ -49,6 +49,22 @@ char lastFirstDigit(SectionTyping::Unit unit) {
     }
 }
 
+/// The length of each number in a text.
+std::vector<std::size_t> numberLengths(std::string_view characters) {
+    std::vector<std::size_t> lengths;
+    bool inNumber = false;
+    for (const char c : characters) {
+        if (isDigit(c) && !inNumber) {
+            lengths.push_back(0);
+        }
+        inNumber = isDigit(c);
+        if (inNumber) {
+            ++lengths.back();
+        }
+    }
+    return lengths;
+}
+
 } // namespace
 
 SectionTyping::SectionTyping(std::string_view format) {
@@ -80,16 +96,35 @@ void SectionTyping::begin(std::string_view shown, std::size_t section) {
 }
 
 void SectionTyping::type(std::string_view characters) {
-    std::size_t numbers = 0;
-    for (std::size_t i = 0; i < characters.size(); ++i) {
-        numbers += isDigit(characters[i]) && (i == 0 || !isDigit(characters[i - 1])) ? 1 : 0;
-    }
-    if (numbers > 1 && numbers >= sections_.size()) {
+    const std::vector<std::size_t> lengths = numberLengths(characters);
+    if (lengths.size() > 1 && lengths.size() >= sections_.size()) {
+        if (!matches(lengths)) {
+            return;
+        }
         goTo(0);
     }
     for (const char c : characters) {
         typeOne(c);
     }
+}
+
+/// Whether numbers of these lengths, at least one for each section, can be in the order of the sections. The
+/// first number may be a whole date.
+bool SectionTyping::matches(const std::vector<std::size_t>& lengths) const {
+    std::size_t all = 0;
+    bool eachFits = true;
+    bool hasYear = false;
+    for (std::size_t i = 0; i < sections_.size(); ++i) {
+        const std::size_t digits = digitsOf(sections_[i].unit);
+        all += digits;
+        eachFits = eachFits && lengths[i] <= digits;
+        hasYear = hasYear || sections_[i].unit == Unit::year;
+    }
+    if (hasYear) {
+        return eachFits || lengths[0] == all;
+    }
+    // "18.06.2026" is no time.
+    return eachFits && std::find(lengths.begin(), lengths.end(), YEAR_DIGITS) == lengths.end();
 }
 
 void SectionTyping::typeOne(char c) {

@@ -28,7 +28,7 @@ class SectionTyping {
     [[nodiscard]] bool isActive() const { return active_; }
 
     /// Digits, and any other characters as separators. As many numbers as there are sections, or more, begin
-    /// with the first one.
+    /// with the first one; nothing is typed when they are in another order (a year where the day is).
     void type(std::string_view characters);
     /// Removes the digit that was typed last, or the last one of the section.
     void eraseDigit();
@@ -61,6 +61,7 @@ class SectionTyping {
         std::string text;
     };
 
+    [[nodiscard]] bool matches(const std::vector<std::size_t>& lengths) const;
     void typeOne(char c);
     void goTo(std::size_t section);
     [[nodiscard]] bool isFull() const;

@@ -358,6 +358,17 @@ class PickersTest : public QObject {
         QCOMPARE(desk.dates.count(), 1);
     }
 
+    void pastedInAnotherOrder() {
+        Desk desk;
+        QGuiApplication::clipboard()->setText(QStringLiteral("2026-03-05"));
+        desk.show(QDate(2020, 2, 29));
+        QTest::keyClick(&desk.date, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(&desk.date, Qt::Key_V, Qt::ControlModifier);
+        QTest::keyClick(&desk.date, Qt::Key_Return);
+        QCOMPARE(desk.date.date(), QDate(2020, 2, 29));
+        QCOMPARE(desk.dates.count(), 0);
+    }
+
     void theWholeTextErased() {
         Desk desk;
         for (const Qt::Key erase : {Qt::Key_Delete, Qt::Key_Backspace}) {

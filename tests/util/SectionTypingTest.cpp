@@ -111,6 +111,34 @@ TEST(SectionTyping, AWholeDateBeginsWithTheFirstSection) {
     EXPECT_EQ(typing.text(), "2.5.1999");
 }
 
+TEST(SectionTyping, DatesInAnotherOrderAreDiscarded) {
+    const struct {
+        const char* format;
+        const char* shown;
+        const char* characters;
+        const char* text;
+    } cases[] = {
+        {"dd.MM.yyyy", "18.06.2020", "2026-03-05", "18.06.2020"},
+        {"dd.MM.yyyy", "18.06.2020", "2026-03-05 10:00", "18.06.2020"},
+        {"dd.MM.yyyy", "18.06.2020", "05.03.2026 10:00:00.123456", "05.03.2026"},
+        {"dd.MM.yyyy", "18.06.2020", "05032026 10:00", "05.03.2026"},
+        {"M/d/yyyy", "6/18/2020", "2026/3/5", "6/18/2020"},
+        {"yyyy-MM-dd", "2020-06-18", "05.03.2026", "2020-06-18"},
+        {"yyyy-MM-dd", "2020-06-18", "2026-03-05T10:00:00.123Z", "2026-03-05"},
+        {"yyyy-MM-dd", "2020-06-18", "26-3-5", "26-3-5"},
+        {"hh:mm", "10:00", "18.06.2026 11:30", "10:00"},
+        {"hh:mm", "10:00", "2026-06-18 11:30", "10:00"},
+        {"hh:mm", "10:00", "11:30:59.123", "11:30"},
+        {"hh:mm", "10:00", "1130", "11:30"},
+    };
+    for (const auto& c : cases) {
+        SectionTyping typing(c.format);
+        typing.begin(c.shown, 0);
+        typing.type(c.characters);
+        EXPECT_EQ(typing.text(), c.text) << c.shown << " + " << c.characters;
+    }
+}
+
 TEST(SectionTyping, AllErasedBeginsAnew) {
     SectionTyping typing = typed("dd.MM.yyyy", "18.06.2020", 2, "");
     typing.eraseAll();
