@@ -69,10 +69,10 @@ class Summary {
         const Availability& found = evaluation_.availability;
         add("Intervalle", std::to_string(found.intervals));
         add("mit Wert", std::to_string(found.withValue));
-        add("ohne Wert", std::to_string(found.withoutValue()));
         if (evaluation_.request.onlyCovered) {
             add("davon ausgewertet", std::to_string(found.evaluated));
         }
+        add("ohne Wert", std::to_string(found.withoutValue()));
         add("Verfügbarkeit", figures_.percent(found.percent));
         add("vorhandene Minuten", found.minutes == 0 ? NO_FIGURE
                                                      : std::to_string(found.presentMinutes) + " von " +

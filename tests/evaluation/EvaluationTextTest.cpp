@@ -110,6 +110,16 @@ TEST(EvaluationText, SummaryOfValuesWithOneLimit) {
                                                                 "60,00", "60,00", "60,00", "1"}));
 }
 
+TEST(EvaluationText, EvaluatedIntervalsAreSomeOfThoseWithValue) {
+    EvaluationRequest request = requestOf(4);
+    request.onlyCovered = true;
+    auto reading = readingOf({10, NONE, 60, 70});
+    reading.back().present = 30;
+    const EvaluationText text = evaluationText(evaluate(request, reading), DUST, {});
+    EXPECT_TRUE(tabSeparated(text).starts_with(
+        text.title + "\n\nIntervalle\t4\nmit Wert\t3\ndavon ausgewertet\t2\nohne Wert\t1\nVerfügbarkeit\t"));
+}
+
 TEST(EvaluationText, NothingReadIsNoNonsense) {
     EvaluationRequest request = requestOf(0);
     request.limits = {50, 60};
