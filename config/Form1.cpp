@@ -88,7 +88,7 @@ bool Form1::readDirs() {
 void Form1::addButton(std::size_t index) {
     auto* button = new QPushButton(captionOf(toQString(projects_[index].name)), this);
     button->setObjectName(QStringLiteral("Button(%1)").arg(index));
-    button->setToolTip(toQString(projects_[index].folder));
+    button->setToolTip(toQString(nativeText(projects_[index].folder)));
     button->setMinimumHeight(BUTTON_HEIGHT);
     // As wide as the window, whatever the name.
     button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
@@ -109,9 +109,8 @@ void Form1::fitWidth() {
 }
 
 void Form1::searchByHand() {
-    const auto start = nativePath(folder_);
     const QString folder = dialogs_.chooseFolder(this, QStringLiteral("Projektordner auswählen ..."),
-                                                 start ? toQString(stationPath(*start)) : QString());
+                                                 toQString(nativeText(folder_)));
     OpenF(folder.toStdString());
 }
 

@@ -84,6 +84,15 @@ class form1_test : public QObject {
         QVERIFY(!fixture.window->isVisible());
     }
 
+    void toolTipsAreNativePaths() {
+        const TempFolder folder;
+        layProject(folder, "A", "Erstes");
+        Fixture fixture(folder);
+        QVERIFY(fixture.window->readDirs());
+        QCOMPARE(fixture.driver().the<QPushButton>("Button(0)").toolTip(),
+                 QString::fromStdString((folder.path() / "A").string()));
+    }
+
     /// Searching again replaces the buttons.
     void searchesAnew() {
         const TempFolder folder;
