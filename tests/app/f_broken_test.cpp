@@ -31,6 +31,12 @@ std::string randomBytes(std::size_t count) {
 
 const char* const ONE_CHANNEL = "DATAFOLDER=Data\nCHAN07|Staub|mg|0|500||0|1|2|1|0|0|ST\n";
 
+/// Whether the window has shown no message and asked no question so far.
+bool saysNothing(const WindowFixture& fixture) {
+    return fixture.dialogs->messages.isEmpty() && fixture.dialogs->questions.isEmpty() &&
+           fixture.dialogs->asked.empty();
+}
+
 } // namespace
 
 class f_broken_test : public QObject {
@@ -48,6 +54,7 @@ class f_broken_test : public QObject {
             fixture.chooseChannel(row);
         }
         QVERIFY(QApplication::activeModalWidget() == nullptr);
+        QVERIFY(saysNothing(fixture));
         fixture.window->readConf(good.at("QEL.ini"));
         fixture.window->LoadData();
         QCOMPARE(fixture.the<QListWidget>("selChan").count(), 4);
@@ -146,6 +153,7 @@ class f_broken_test : public QObject {
         fixture.click("optView(1)");
         QCOMPARE(fixture.the<QTableView>("lView").model()->rowCount(), 0);
         QVERIFY(QApplication::activeModalWidget() == nullptr);
+        QVERIFY(saysNothing(fixture));
 
         // Once it may be read, everything is there.
         std::filesystem::permissions(path, std::filesystem::perms::owner_all);
@@ -180,6 +188,7 @@ class f_broken_test : public QObject {
         QCOMPARE(fixture.the<QListWidget>("selChan").count(), size == 6545 ? 2 : 0);
         QCOMPARE(fixture.the<PolarSys>("KS").DataCount(), 0);
         QVERIFY(QApplication::activeModalWidget() == nullptr);
+        QVERIFY(saysNothing(fixture));
         fixture.window->readConf(fixture.folder->at("QEL.ini"));
         fixture.window->LoadData();
         QVERIFY(fixture.the<PolarSys>("KS").DataCount() > 0);
