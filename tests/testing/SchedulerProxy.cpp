@@ -212,7 +212,7 @@ bool SchedulerProxy::passOn(Call& call, bool toScheduler) {
     if ((toScheduler && isHeld(call)) || !isReadable(from)) {
         return true;
     }
-    if (toScheduler && pieces_ && call.bytes > A_PART) {
+    if (toScheduler && pieces_ && !call.isAnswered && call.bytes > A_PART) {
         --*pieces_;
     }
     std::array<char, 16384> piece{};
