@@ -118,6 +118,9 @@ TEST(SampleWeather, FollowsSeedAndMoment) {
     StationPlan otherSeed = plan;
     otherSeed.seed = 6;
     EXPECT_NE(values(plan), values(otherSeed));
+    StationPlan otherMoment = plan;
+    otherMoment.until += 1;
+    EXPECT_NE(values(plan), values(otherMoment));
 }
 
 TEST(SampleWeather, StaysInBelievableBounds) {
