@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <fstream>
+#include <optional>
 #include <utility>
 
 namespace kelvrum::bench {
@@ -42,6 +43,16 @@ double millisecondsOf(const benchmark::BenchmarkReporter::Run& run) {
     return seconds / static_cast<double>(run.iterations) * MS_PER_S;
 }
 
+/// Why a run was skipped; nothing when it was not. Version 1.8 of the library has renamed the fields.
+template<typename Run>
+std::optional<std::string> errorOf(const Run& run) {
+    if constexpr (requires { run.skip_message; }) {
+        return static_cast<bool>(run.skipped) ? std::optional(run.skip_message) : std::nullopt;
+    } else {
+        return run.error_occurred ? std::optional(run.error_message) : std::nullopt;
+    }
+}
+
 } // namespace
 
 bool addRatio(Ratio ratio) {
@@ -57,8 +68,8 @@ bool RatioReporter::ReportContext(const Context& context) {
 
 void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
     for (const Run& run : runs) {
-        if (run.error_occurred) {
-            std::printf("%s: %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
+        if (const auto error = errorOf(run)) {
+            std::printf("%s: %s\n", run.benchmark_name().c_str(), error->c_str());
         } else if (run.run_type == Run::RT_Iteration) {
             Figure& figure = figures_[run.run_name.str()];
             figure.milliseconds.push_back(millisecondsOf(run));

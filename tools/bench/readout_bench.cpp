@@ -53,7 +53,7 @@ void calendarMonth(benchmark::State& state) {
     const auto channel = static_cast<std::int32_t>(state.range(0));
     for (auto _ : state) {
         afterPainting(state);
-        const auto month = readCoverage(station().config, channel, 2019, 7, openFile, {});
+        auto month = readCoverage(station().config, channel, 2019, 7, openFile, {});
         benchmark::DoNotOptimize(month->minutes.front());
     }
 }
@@ -73,7 +73,7 @@ BENCHMARK(plainMinutes)->Arg(31LL * MINUTES_PER_DAY)->Arg(8LL * 1024)->Unit(benc
 void lastValue(benchmark::State& state) {
     for (auto _ : state) {
         afterPainting(state);
-        const auto last = findStored(station().config, DUST, StoredEnd::last, openFile, {});
+        auto last = findStored(station().config, DUST, StoredEnd::last, openFile, {});
         benchmark::DoNotOptimize(last->time);
     }
 }
