@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # shellcheck shell=sh disable=SC2034,SC2086 # the lists are used elsewhere, and become several words
-# Sourced by run.sh, check.sh and test.sh: the packages they need, and functions that install them.
+# Sourced by the scripts: the packages they need, and functions that install them.
 
 # To build and to start the viewer.
 BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libcups2-dev fonts-liberation"
@@ -13,9 +13,9 @@ TEST_PACKAGES="clang libclang-rt-dev lld llvm clang-format clang-tidy shellcheck
 # To build the installation package, to check it and to install it into a fresh root.
 PACKAGING_PACKAGES="dpkg-dev file lintian desktop-file-utils appstream man-db mmdebstrap xvfb xdotool x11-utils"
 # To check the program with a screen reader's bus and a print scheduler.
-READER_PACKAGES="xvfb dbus libglib2.0-bin at-spi2-core python3-gi gir1.2-atspi-2.0 cups cups-client"
+READER_PACKAGES="xvfb xdotool dbus libglib2.0-bin at-spi2-core python3-gi gir1.2-atspi-2.0 cups cups-client"
 # The same with further counterparts: desktops on X and Wayland.
-COUNTERPART_PACKAGES="$READER_PACKAGES xdotool imagemagick gir1.2-gtk-3.0 hicolor-icon-theme openbox xclip sway wtype wl-clipboard
+COUNTERPART_PACKAGES="$READER_PACKAGES imagemagick gir1.2-gtk-3.0 hicolor-icon-theme openbox xclip sway wtype wl-clipboard
     qt6-wayland"
 # To renew the table of letters in capitals and small (tools/casefolding.sh).
 TABLE_PACKAGES="unicode-data"
@@ -41,6 +41,15 @@ as_root() {
     fi
 }
 
+# can_be_root : whether as_root works; asks for a password only on a terminal.
+can_be_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        return 0
+    fi
+    command -v sudo >/dev/null || return 1
+    sudo -n true 2>/dev/null || { [ -t 0 ] && sudo -v; }
+}
+
 # apt COMMAND... : apt-get without questions; waits while another process holds the lock.
 apt() {
     as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=300 -o Acquire::Retries=3 "$@"
@@ -55,7 +64,7 @@ need_packages() {
         if [ -z "$missing$good" ]; then
             return 0
         fi
-        if [ "$(id -u)" -eq 0 ] || command -v sudo >/dev/null; then
+        if can_be_root; then
             if [ -n "$missing" ]; then
                 apt update || return 1
             fi
@@ -72,7 +81,7 @@ need_packages() {
         if [ -z "$missing" ]; then
             return 0
         fi
-        echo "Not root and no sudo. Install these packages first:" $missing
+        echo "No permission to install packages. Install these first:" $missing
     else
         echo "No apt-get here. Needed: a compiler with C++20, CMake 3.25 or newer, Ninja, Qt 6.4 or newer with"
         echo "Widgets, PrintSupport and Svg, the CUPS library, a font with the metrics of Arial (Liberation Sans)."
