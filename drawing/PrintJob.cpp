@@ -364,7 +364,7 @@ void PrintJob::end() {
     }
     if (!inFile && !PrintQueue::isSupported()) {
         sendByToolkit(sheets);
-        receipt_.place = QStringLiteral("an den Drucker „%1“").arg(printer().printerName());
+        receipt_.place = QStringLiteral("auf dem Drucker „%1“").arg(printer().printerName());
         return;
     }
     const auto document = inFile ? std::make_unique<DocumentFile>(target) : std::make_unique<DocumentFile>();
@@ -378,7 +378,7 @@ void PrintJob::end() {
         return;
     }
     send(*document, sheets.front().area.orientation, receipt_.pages);
-    receipt_.place = QStringLiteral("an den Drucker „%1“").arg(printer().printerName());
+    receipt_.place = QStringLiteral("auf dem Drucker „%1“").arg(printer().printerName());
 }
 
 void PrintJob::abandon() {

@@ -45,7 +45,7 @@ struct PrintProgress {
 /// Where the last job went.
 struct PrintReceipt {
     std::size_t pages = 0;
-    QString place; // "an den Drucker „X“" or "in die Datei „Y“"
+    QString place; // "auf dem Drucker „X“" or "in die Datei „Y“"
 };
 
 /// The printer session. Nothing reaches the printer before `end`, so an abandoned job leaves nothing

@@ -63,7 +63,7 @@ class f_print_batch_test : public PrintTest {
                 result = said->isVisible() ? said->text() : QString();
             });
         QCOMPARE(fixture.dialogs->messages, QStringList());
-        QCOMPARE(result, QStringLiteral("2 Seiten an den Drucker „Testdrucker“ gedruckt."));
+        QCOMPARE(result, QStringLiteral("2 Seiten auf dem Drucker „Testdrucker“ gedruckt."));
         QCOMPARE(cups().newestJob()[QStringLiteral("job-name")],
                  QStringLiteral("Kläranlage Nord – Sammeldruck – 18.06.2020"));
         const auto found = documents();

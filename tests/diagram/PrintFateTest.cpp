@@ -80,7 +80,7 @@ class PrintFateTest : public testing::PrintTest {
         QCOMPARE(failure(diagram.job), QString());
         QCOMPARE(newJobs(), std::size_t(1));
         QCOMPARE(diagram.job.receipt().pages, std::size_t(1));
-        QCOMPARE(diagram.job.receipt().place, QStringLiteral("an den Drucker „Testdrucker“"));
+        QCOMPARE(diagram.job.receipt().place, QStringLiteral("auf dem Drucker „Testdrucker“"));
     }
 
     void aQueueThatRefusesSaysWhy() {

@@ -105,7 +105,7 @@ class PrintWithoutCupsTest : public QObject {
         QCOMPARE(cups_->newestJob()[QStringLiteral("job-name")],
                  QStringLiteral("Kläranlage Nord – Staub PM10 – 18.06.2026"));
         QCOMPARE(job.receipt().pages, std::size_t(3));
-        QCOMPARE(job.receipt().place, QStringLiteral("an den Drucker „%1“").arg(name));
+        QCOMPARE(job.receipt().place, QStringLiteral("auf dem Drucker „%1“").arg(name));
         QCOMPARE(job.printer().pageLayout().orientation(), before); // kept for lists
     }
 
