@@ -143,7 +143,8 @@ void f::finishEdits() { date_->finish(); }
 
 /// The page keys scroll the range by the scroll unit, as the buttons do. True when the key was one.
 bool f::diagramKey(const QKeyEvent& key) {
-    if (key.modifiers() != Qt::NoModifier || (key.key() != Qt::Key_PageUp && key.key() != Qt::Key_PageDown)) {
+    const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::KeypadModifier;
+    if (modifiers != Qt::NoModifier || (key.key() != Qt::Key_PageUp && key.key() != Qt::Key_PageDown)) {
         return false;
     }
     scrollRange(key.key() == Qt::Key_PageUp ? -1 : +1);

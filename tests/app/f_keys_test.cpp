@@ -82,6 +82,19 @@ class f_keys_test : public QObject {
         QCOMPARE(fixture.window->range().from, now);
     }
 
+    void pageKeysOfTheNumericKeypadScrollToo() {
+        const WindowFixture fixture;
+        auto& diagram = fixture.the<QWidget>("KS");
+        diagram.setFocus();
+        const TimeRange before = fixture.window->range();
+        QTest::keyClick(&diagram, Qt::Key_PageDown, Qt::KeypadModifier);
+        QCOMPARE(fixture.window->range().from, before.from + 1);
+        QTest::keyClick(&diagram, Qt::Key_PageUp, Qt::KeypadModifier);
+        QCOMPARE(fixture.window->range().from, before.from);
+        QTest::keyClick(&diagram, Qt::Key_PageUp, Qt::KeypadModifier | Qt::ShiftModifier);
+        QCOMPARE(fixture.window->range().from, before.from);
+    }
+
     void pageKeysElsewhereAreTheControls() {
         const WindowFixture fixture;
         const TimeRange before = fixture.window->range();
