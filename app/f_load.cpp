@@ -99,7 +99,9 @@ void f::loadView(const ReadingStep& step) {
 /// taken only while an assistive technology listens.
 void f::describeView() {
     PolarSys& KS = view_->diagram();
-    KS.setAccessibleName(QStringLiteral("Diagramm: ") + QString::fromStdString(KS.HeadLine()));
+    KS.setAccessibleName(optView->isDiagramChosen()
+                             ? QStringLiteral("Diagramm: ") + QString::fromStdString(KS.HeadLine())
+                             : QStringLiteral("Diagramm")); // its headlines may be those of another channel
     if (!isReadOut_) {
         return;
     }

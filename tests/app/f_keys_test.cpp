@@ -167,6 +167,10 @@ class f_keys_test : public QObject {
         QVERIFY(diagram.accessibleDescription().contains(QStringLiteral("24 Werte.")));
         fixture.click("optView(1)");
         QVERIFY(diagram.accessibleDescription().contains(QStringLiteral("Datenliste")));
+        fixture.chooseChannel(0); // a list leaves the headlines of the diagram as they were
+        QCOMPARE(diagram.accessibleName(), QStringLiteral("Diagramm"));
+        fixture.click("optView(0)");
+        QVERIFY(diagram.accessibleName().contains(QStringLiteral("Windgeschwindigkeit")));
         QAccessible::setActive(false);
     }
 };
