@@ -22,12 +22,13 @@ constexpr int WHEEL_STEP = 120; // units
 } // namespace
 
 DiagramInput::DiagramInput(PolarSys& diagram, ReadoutOverlay& overlay, std::function<TimeRange()> range,
-                           std::function<std::int32_t()> interval)
+                           std::function<std::int32_t()> interval, std::function<void()> finishEdits)
     : QObject(&diagram)
     , diagram_(diagram)
     , overlay_(overlay)
     , range_(std::move(range))
-    , interval_(std::move(interval)) {
+    , interval_(std::move(interval))
+    , finishEdits_(std::move(finishEdits)) {
     diagram.setMouseTracking(true);
     diagram.installEventFilter(this);
     connect(&diagram, &PolarSys::drawn, this, &DiagramInput::pictureDrawn);
@@ -107,7 +108,10 @@ bool DiagramInput::turned(const QWheelEvent& event) {
     turned_ += event.angleDelta().y();
     const int steps = turned_ / WHEEL_STEP;
     turned_ -= steps * WHEEL_STEP;
-    zoom(steps, overlay_.timeAt(event.position()).value_or(middle()));
+    if (steps != 0) {
+        finishEdits_(); // the wheel leaves the focus in a picker whose entry may be unfinished
+        zoom(steps, overlay_.timeAt(event.position()).value_or(middle()));
+    }
     return true;
 }
 

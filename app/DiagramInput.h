@@ -26,9 +26,10 @@ class DiagramInput : public QObject {
     Q_OBJECT
 
   public:
-    /// `range` and `interval` (minutes) return the window's current choice.
+    /// `range` and `interval` (minutes) return the window's current choice; `finishEdits` applies an
+    /// unfinished entry there.
     DiagramInput(PolarSys& diagram, ReadoutOverlay& overlay, std::function<TimeRange()> range,
-                 std::function<std::int32_t()> interval);
+                 std::function<std::int32_t()> interval, std::function<void()> finishEdits);
 
   Q_SIGNALS:
     void rangeChosen(kelvrum::TimeRange range);
@@ -66,6 +67,7 @@ class DiagramInput : public QObject {
     ReadoutOverlay& overlay_;
     std::function<TimeRange()> range_;
     std::function<std::int32_t()> interval_;
+    std::function<void()> finishEdits_;
     std::optional<Drag> drag_;
     std::optional<DateTime> anchor_; // of the band that keys extend
     TimeRange shown_;                // by the picture; empty without a plot

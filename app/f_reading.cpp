@@ -32,7 +32,8 @@ void f::buildReading() {
     PolarSys& KS = view_->diagram();
     const auto shownRange = [this] { return range(); };
     overlay_ = new ReadoutOverlay(KS, environment_.texts);
-    auto* input = new DiagramInput(KS, *overlay_, shownRange, [this] { return interval(); });
+    auto* input = new DiagramInput(
+        KS, *overlay_, shownRange, [this] { return interval(); }, [this] { finishEdits(); });
     connect(input, &DiagramInput::rangeChosen, this, &f::showRange);
     ranges_ = new RangeActions(*this, shownRange, [this] { finishEdits(); });
     connect(ranges_, &RangeActions::rangeChosen, this, &f::showRange);

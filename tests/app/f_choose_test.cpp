@@ -169,6 +169,19 @@ class f_choose_test : public QObject {
         QCOMPARE(loads.count(), 0);
     }
 
+    /// The wheel takes the focus from no picker.
+    void theWheelTakesAnUnfinishedEntryFirst() {
+        const WindowFixture fixture;
+        const DiagramHand hand(fixture);
+        const QPointF middle = hand.at(QStringLiteral("18.06.2020 12:00"));
+        fixture.typePicker("DTPicker", QStringLiteral("17"));
+        QCOMPARE(fixture.window->range().from, dateSerial(2020, 6, 18));
+        hand.wheel(middle, 60); // half a step
+        QCOMPARE(fixture.window->range().from, dateSerial(2020, 6, 18));
+        hand.wheel(middle, 60);
+        QCOMPARE(text(fixture.shownRange()), QStringLiteral("17.06.2020 12:00 - 18.06.2020 12:00"));
+    }
+
     void keysZoom() {
         const WindowFixture fixture;
         const DiagramHand hand(fixture);
