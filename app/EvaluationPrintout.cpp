@@ -25,14 +25,6 @@ constexpr std::size_t MAX_LINES = 4; // of a value
 
 const Font HEADING_FONT{"Arial", 10, true, false};
 
-std::string joined(const std::vector<std::string>& cells) {
-    std::string row;
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-        row += (i > 0 ? "|" : "") + cells[i];
-    }
-    return row;
-}
-
 /// Prints lines from the top of the first page on and goes to a new page when the next one would not fit.
 class EvaluationPrinter {
   public:
@@ -60,7 +52,7 @@ class EvaluationPrinter {
                 if (!hasRoom(1)) {
                     startPage();
                 }
-                printRow(joined({label, line}), columns, width);
+                printRow({label, line}, columns, width);
                 label.clear();
             }
         }
@@ -86,7 +78,7 @@ class EvaluationPrinter {
                 startPage();
                 printHeader(table, columns, widths.back());
             }
-            printRow(joined(row), columns, widths.back());
+            printRow(row, columns, widths.back());
         }
         setFont(TEXT_FONT);
         y_ += lineHeight_;
@@ -127,13 +119,14 @@ class EvaluationPrinter {
     }
 
     void printHeader(const EvaluationTable& table, const std::string& columns, double lastWidth) {
-        printRow(joined(table.header), columns, lastWidth);
+        printRow(table.header, columns, lastWidth);
         y_ += BELOW_HEADER;
     }
 
-    void printRow(const std::string& row, const std::string& columns, double lastWidth) {
+    void printRow(const std::vector<std::string>& cells, const std::string& columns, double lastWidth) {
         const auto width = [this](std::string_view text) { return widthOf(text); };
-        for (const PlacedCell& cell : placeRow(row, columns, lastWidth, width)) {
+        const std::vector<std::string_view> row(cells.begin(), cells.end());
+        for (const PlacedCell& cell : placeCells(row, columns, lastWidth, width)) {
             page_->text({dots(cell.x), dots(y_)}, cell.text);
         }
         y_ += lineHeight_;

@@ -112,7 +112,11 @@ std::string fitCell(std::string_view text, std::string_view entry, const TextWid
 
 std::vector<PlacedCell> placeRow(std::string_view row, std::string_view columns, double lastWidth,
                                  const TextWidth& width) {
-    const auto cells = split(row, '|');
+    return placeCells(split(row, '|'), columns, lastWidth, width);
+}
+
+std::vector<PlacedCell> placeCells(const std::vector<std::string_view>& cells, std::string_view columns,
+                                   double lastWidth, const TextWidth& width) {
     const auto entries = split(columns, '|');
     std::vector<PlacedCell> placed;
     for (std::size_t i = 0; i < std::min(cells.size(), entries.size()); ++i) {

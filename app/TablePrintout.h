@@ -44,6 +44,10 @@ struct PlacedCell {
 std::vector<PlacedCell> placeRow(std::string_view row, std::string_view columns, double lastWidth,
                                  const TextWidth& width);
 
+/// The same with the row as separate cells, whose texts may contain "|".
+std::vector<PlacedCell> placeCells(const std::vector<std::string_view>& cells, std::string_view columns,
+                                   double lastWidth, const TextWidth& width);
+
 /// What is printed.
 struct Table {
     std::string title;  // the station's name

@@ -43,6 +43,18 @@ TEST(EvaluationPrintout, TitleSummaryAndTable) {
                                         "Nach Tagen", "Tag", "n", "t0", "0"}));
 }
 
+TEST(EvaluationPrintout, NamesMayContainTheSeparatorOfRows) {
+    RecordedPages pages;
+    EvaluationText text = textWith(0);
+    text.summary = {{"Kanal", "Staub|fein"}};
+    text.tables[0].rows.push_back({"Halle|1", "2"});
+    printEvaluationText(text, "Halle 1|Nord", {}, [&]() -> Surface& { return pages.next(); });
+    EXPECT_EQ(pages.textsOf(0),
+              (std::vector<std::string>{"Auswertung: Staub", "Station", "Halle 1|Nord", "Kanal", "Staub|fein",
+                                        "Grenzwerte", "Ohne.", "Hinweis", "Zeit.", "Nach Tagen", "Tag", "n",
+                                        "Halle|1", "2"}));
+}
+
 TEST(EvaluationPrintout, ALongTableRepeatsItsHeaderAndKeepsTheMargin) {
     constexpr std::size_t ROWS = 300;
     RecordedPages pages;
