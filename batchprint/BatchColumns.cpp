@@ -33,7 +33,9 @@ BatchColumns layOutColumns(const QWidget& dialog, const std::vector<QString>& na
     at.tick = dialog.style()->pixelMetric(QStyle::PM_IndicatorWidth) + 2;
     at.nameWidth = MIN_NAME_WIDTH;
     for (const QString& name : names) {
-        const int wanted = QCheckBox(captionOf(name)).sizeHint().width();
+        QCheckBox box(captionOf(name));
+        box.setFont(dialog.font());
+        const int wanted = box.sizeHint().width();
         at.nameWidth = std::clamp(wanted, at.nameWidth, MAX_NAME_WIDTH);
     }
 

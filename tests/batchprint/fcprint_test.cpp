@@ -165,6 +165,22 @@ class fcprint_test : public QObject {
         }
     }
 
+    void longNamesHaveRoomWhateverTheFontOfTheApplication() {
+        BatchFixture fixture;
+        fixture.station.ChannelTable.grow(1).Name = "Niederschlagsmenge am Nordrand"; // the first row
+        const QFont before = QApplication::font();
+        for (const int pixels : {6, 11, 14}) {
+            QFont other = before;
+            other.setPixelSize(pixels);
+            QApplication::setFont(other);
+            fixture.open();
+            QApplication::setFont(before);
+            const auto& box = fixture.the<QCheckBox>("chKanal", 0);
+            QVERIFY(box.width() > 110);
+            QCOMPARE(box.width(), box.sizeHint().width());
+        }
+    }
+
     /// No text is cut, and no controls overlap.
     void everythingHasRoom() {
         const BatchFixture fixture;
