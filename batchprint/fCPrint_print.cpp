@@ -93,6 +93,7 @@ void fCPrint::printRows() {
     PBar->show();
     QCoreApplication::processEvents(); // the bar appears
 
+    const bool printsPages = lastChecked() >= 0; // rows can be ticked again while the view is loaded
     const std::exception_ptr failure = tryPages(range);
     PBar->hide();
     setPrinting(false);
@@ -105,7 +106,7 @@ void fCPrint::printRows() {
     busy_.reset();
     if (failure) {
         report(failure);
-    } else {
+    } else if (printsPages) {
         showResult();
     }
 }
@@ -124,9 +125,6 @@ bool fCPrint::chooseFile(const TimeRange& range) {
 /// Says how many pages went where.
 void fCPrint::showResult() {
     const PrintReceipt& receipt = owner_.job.receipt();
-    if (lastChecked() < 0) {
-        return; // nothing was printed
-    }
     const QString text = receipt.pages == 1
                              ? QStringLiteral("Eine Seite %1 gedruckt.").arg(receipt.place)
                              : QStringLiteral("%1 Seiten %2 gedruckt.").arg(receipt.pages).arg(receipt.place);

@@ -122,6 +122,32 @@ class f_print_batch_test : public PrintTest {
         QCOMPARE(documents().size(), 0U);
     }
 
+    /// The rows can be ticked again while the view is loaded; the result is that of the run before it.
+    void theResultIsOfTheRowsThatWerePrinted() {
+        WindowFixture fixture(batchStation());
+        QString result;
+        int unticked = 0;
+        fixture.inWindowOf([&] { fixture.trigger("menCPrint"); },
+                           [&](QWidget& dialog) {
+                               auto* row = dialog.findChild<QCheckBox*>(QStringLiteral("chKanal(0)"));
+                               auto* print = dialog.findChild<QPushButton*>(QStringLiteral("OKButton"));
+                               QTest::keyClick(row, Qt::Key_Space);
+                               fixture.files.onRead = [&] {
+                                   if (print->isEnabled() && row->isChecked()) {
+                                       QTest::keyClick(row, Qt::Key_Space);
+                                       ++unticked;
+                                   }
+                               };
+                               QTest::mouseClick(print, Qt::LeftButton);
+                               fixture.files.onRead = nullptr;
+                               const auto* said = dialog.findChild<QLabel*>(QStringLiteral("lResult"));
+                               result = said->isVisible() ? said->text() : QString();
+                           });
+        QCOMPARE(unticked, 1);
+        QCOMPARE(fixture.dialogs->messages, QStringList());
+        QCOMPARE(result, QStringLiteral("Eine Seite auf dem Drucker „Testdrucker“ gedruckt."));
+    }
+
     /// Wherever the scheduler dies in a batch: it prints the whole job or a message tells that it does not,
     /// all is as before, and the next one prints.
     void theSchedulerDiesInABatch_data() {
