@@ -20,7 +20,7 @@ LocaleTexts localeTexts(const QLocale& locale) {
     }
     texts.shortDate = format.toLower().toStdString();
     for (const QChar c : format) {
-        if (!c.isLetter()) {
+        if (!c.isLetter() && c.isPrint()) { // marks of the writing direction are invisible
             texts.dateSeparator = QString(c).toStdString();
             break;
         }

@@ -312,6 +312,8 @@ class f_start_test : public QObject {
                                 << QStringLiteral(",|.|dd.mm.yyyy");
         QTest::newRow("American") << QLocale(QLocale::English, QLocale::UnitedStates)
                                   << QStringLiteral(".|/|m/d/yyyy");
+        QTest::newRow("Arabic") << QLocale(QLocale::Arabic, QLocale::Egypt)
+                                << QStringLiteral("٫|/|d\u200F/m\u200F/yyyy");
         QTest::newRow("C") << QLocale::c() << QStringLiteral(".|.|dd.mm.yyyy");
     }
     void locales() {
