@@ -66,7 +66,7 @@ bool DocumentFile::open(OpenMode mode) {
     }
     if (temporary_) {
         if (QDir::tempPath().isEmpty()) {
-            return fail(QStringLiteral("Es gibt keinen Ordner für vorläufige Dateien"));
+            return fail(QStringLiteral("Es gibt keinen Ordner für temporäre Dateien"));
         }
         if (!temporary_->open()) {
             return failBy(*temporary_);
@@ -111,7 +111,7 @@ bool DocumentFile::flushPiece() {
     return written || failBy(file_);
 }
 
-/// What is no file cannot be replaced, only written into.
+/// A device cannot be replaced, only written to.
 bool DocumentFile::copyToDevice() {
     QFile device(target_);
     if (!device.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !file_.seek(0)) {

@@ -411,7 +411,7 @@ class PrintFateTest : public testing::PrintTest {
         qputenv("TMPDIR", "/nirgends");
         const QString said = failure(diagram.job);
         before.isEmpty() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
-        QVERIFY2(said.endsWith(QStringLiteral(": Es gibt keinen Ordner für vorläufige Dateien.")),
+        QVERIFY2(said.endsWith(QStringLiteral(": Es gibt keinen Ordner für temporäre Dateien.")),
                  qPrintable(said));
         QCOMPARE(newJobs(), std::size_t(0));
     }
