@@ -16,7 +16,7 @@ namespace kelvrum {
 
 namespace {
 
-constexpr int POINTER_REST = 300; // milliseconds until a value under the pointer is reported
+constexpr int POINTER_PAUSE = 300; // milliseconds until a value under the pointer is reported
 
 } // namespace
 
@@ -38,9 +38,9 @@ ReadoutOverlay::ReadoutOverlay(PolarSys& diagram, LocaleTexts texts)
     notes_->setTextFormat(Qt::PlainText);
     notes_->setStyleSheet(QStringLiteral("color: black")); // the picture is white in every palette
     notes_->hide();
-    rest_.setSingleShot(true);
-    rest_.setInterval(POINTER_REST);
-    connect(&rest_, &QTimer::timeout, this, &ReadoutOverlay::report);
+    pause_.setSingleShot(true);
+    pause_.setInterval(POINTER_PAUSE);
+    connect(&pause_, &QTimer::timeout, this, &ReadoutOverlay::report);
     connect(&diagram, &PolarSys::drawn, this, &ReadoutOverlay::pictureDrawn);
     diagram.installEventFilter(this);
     setGeometry(diagram.rect());
@@ -291,9 +291,9 @@ void ReadoutOverlay::tell(std::vector<std::string> lines) {
     lines_ = std::move(lines);
     layOut();
     if (isNew && pointer_) {
-        rest_.start();
+        pause_.start();
     } else if (isNew) {
-        rest_.stop();
+        pause_.stop();
         report();
     }
 }
@@ -307,7 +307,7 @@ void ReadoutOverlay::clearReadout() {
     pointer_.reset();
     readout_.reset();
     sector_.reset();
-    rest_.stop();
+    pause_.stop();
     if (!lines_.empty()) {
         lines_.clear();
         layOut();

@@ -43,8 +43,8 @@ class ReadoutOverlay : public QWidget {
     /// The pointer has left: what it read out goes, what keys read out stays.
     void pointerLeft();
 
-    /// Moves the readout to the next value before (−1) or after (+1), of a rose to the next sector. Without a
-    /// readout to the last or first one of the view.
+    /// Moves the readout to the previous (−1) or next (+1) value, or sector of a rose. Without a readout it
+    /// starts at the last (−1) or first (+1) value of the view, in a rose always at the first sector.
     void step(int direction);
     /// To the value nearest to 24 hours earlier or later.
     void stepDay(int direction);
@@ -83,8 +83,8 @@ class ReadoutOverlay : public QWidget {
     [[nodiscard]] QString notes() const;
 
   Q_SIGNALS:
-    /// The readout has changed. For a moving pointer, only once it rests; what was never reported goes
-    /// without a report.
+    /// The readout has changed. While the pointer moves this is delayed until it pauses; hiding a readout
+    /// that was never reported is not reported either.
     void readOut();
 
   protected:
@@ -154,13 +154,13 @@ class ReadoutOverlay : public QWidget {
     std::optional<ReadValue> mark_;
     std::optional<QPointF> pointer_; // of the readout; nothing: the readout is by key
     std::vector<std::string> lines_;
-    bool isReported_ = false; // a readout that has not been taken back
+    bool isReported_ = false; // the readout shown, or an earlier one not yet withdrawn
     Marks marks_;
     std::optional<TimeRange> band_;
     QLabel* hint_;
     QLabel* notes_;
     std::vector<std::vector<std::string>> forms_; // of the notes
-    QTimer rest_;                                 // of the pointer
+    QTimer pause_;                                // of the pointer
 };
 
 } // namespace kelvrum

@@ -37,12 +37,12 @@ std::string shortened(Surface& surface, std::string_view text, int room, bool bo
         }
         return std::string(beginning).append(ELLIPSIS).append(end);
     };
-    std::size_t most = 0; // characters that have room
-    for (std::size_t tooMany = starts.size(); most + 1 < tooMany;) {
-        const std::size_t middle = most + (tooMany - most) / 2;
-        (fits(surface, keep(middle), room) ? most : tooMany) = middle;
+    std::size_t fitting = 0; // number of characters that fit
+    for (std::size_t tooMany = starts.size(); fitting + 1 < tooMany;) {
+        const std::size_t middle = fitting + (tooMany - fitting) / 2;
+        (fits(surface, keep(middle), room) ? fitting : tooMany) = middle;
     }
-    return starts.empty() ? std::string() : keep(most);
+    return starts.empty() ? std::string() : keep(fitting);
 }
 
 } // namespace

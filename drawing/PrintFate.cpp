@@ -16,7 +16,7 @@ constexpr const char* ACCEPTED_ONLY =
     "gedruckt wird, bevor Sie noch einmal drucken.";
 
 /// The message of the print system, to append to a statement.
-QString behindColon(const QueueAnswer& answer) {
+QString afterColon(const QueueAnswer& answer) {
     return answer.words.empty() ? QString() : QStringLiteral(": ") + QString::fromStdString(answer.words);
 }
 
@@ -30,7 +30,7 @@ void throwNoAnswer() { throw PrintError(NO_ANSWER); }
 
 void checkFate(const QueueAnswer& answer, const QString& printer) {
     using Fate = QueueAnswer::Fate;
-    const QString words = behindColon(answer);
+    const QString words = afterColon(answer);
     switch (answer.fate) {
     case Fate::printed:
     case Fate::accepted:
