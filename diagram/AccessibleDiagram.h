@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The readout of a diagram for readers of the screen.
+// The readout of a diagram for screen readers.
 #pragma once
 
 namespace kelvrum {
@@ -7,8 +7,8 @@ namespace kelvrum {
 class PolarSys;
 class ReadoutOverlay;
 
-/// Makes what an overlay reads out the accessible value of the diagram that it covers. Call it
-/// before anything looks at a diagram from outside.
+/// Exposes the readout of an overlay as the accessible value of the diagram that it covers. Call it before
+/// an assistive tool queries a diagram.
 void makeReadoutsAccessible();
 
 /// Reports each readout of `overlay` as a change of that value.

@@ -42,7 +42,7 @@ std::string copiedSeries(const SeriesReader& reader, const ReadoutSeries& first,
 std::string copiedSamples(std::span<const double> directions, std::span<const double> speeds,
                           const ReadoutSeries& direction, const ReadoutSeries& speed,
                           const LocaleTexts& texts) {
-    constexpr double DIGITS = 1e9; // of a degree: radians bring more, which nothing measured
+    constexpr double DIGITS = 1e9; // per degree: digits beyond come from the conversion to radians
     std::string text = valueHeader(direction) + "\t" + valueHeader(speed) + "\n";
     for (std::size_t i = 0; i < std::min(directions.size(), speeds.size()); ++i) {
         const double degrees = std::round(directions[i] * RADIANS_TO_DEGREES * DIGITS) / DIGITS;

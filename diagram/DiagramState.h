@@ -162,10 +162,12 @@ class DiagramState : public DiagramFeed {
     void Clear();
     /// Sets how many columns of the shared table are valid; the caller has filled them.
     void SetArray(std::int32_t DataCount);
-    /// Appends a column to the shared table, or sets column `Index`, which must exist.
+    /// Appends a column to the shared table, or sets column `Index`. Throws std::out_of_range when there is
+    /// no such column; nothing is written then.
     void AddData(DateTime Zeit, double Y1, std::optional<double> Y2 = {},
                  std::optional<std::int32_t> Index = {});
-    /// Appends a sample to the polar lists, or sets element `Index`, which must exist. Requests a repaint.
+    /// Appends a sample to the polar lists, or sets element `Index`. Throws std::out_of_range when there is
+    /// no such element; nothing is written then. Requests a repaint.
     void AddItem(double Geschwindigkeit, std::optional<double> Richtung = {},
                  std::optional<std::int32_t> Index = {});
 

@@ -13,10 +13,10 @@
 
 namespace kelvrum {
 
-/// The titles, the range, and of series 1 the number of values, the smallest, greatest, mean and last one
-/// with their unit; of stored minima and maxima, which follow as further passes, nothing. Then the name of a
-/// second series and the same of its values. Of a polar diagram the titles and the number of its samples.
-/// German, in whole sentences.
+/// The titles, the range, and the number of values of series 1 with the smallest, greatest, mean and last
+/// one and their unit; stored minima and maxima, which are further passes, are left out. Then the name of a
+/// second series and the same for its values. For a polar diagram, the titles and the number of samples.
+/// Exact zeros are not counted, as for the mean line. German, in whole sentences.
 std::string diagramSummary(const DiagramProperties& properties, const Series& series, std::int32_t samples,
                            const std::optional<ReadoutSeries>& second, const LocaleTexts& texts);
 

@@ -35,14 +35,14 @@ struct ValueRange {
     bool operator==(const ValueRange&) const = default;
 };
 
-/// The left range: as set, or from the scan when both bounds carry AUTOMATIC_RANGE. Never of zero height.
+/// The left range: as set, or from the scan when both bounds carry AUTOMATIC_RANGE; widened by withHeight.
 ValueRange leftRange(const DiagramProperties& properties, const SeriesScan& scan);
 
 /// The right range of series 2: as set, or from its values when both bounds carry AUTOMATIC_RIGHT_RANGE.
 /// Every stored value counts then, the NoValue marker included, on purpose. Not yet widened to a height.
 ValueRange rightRange(const DiagramProperties& properties, std::span<const double> values);
 
-/// A range of zero height becomes 100 high.
+/// A range of zero height becomes 100 high, unless its values are too large for a double to show that.
 ValueRange withHeight(ValueRange range);
 
 /// The range of the valid values, wider by 5 % of its height at both ends; a single value is the lower end of

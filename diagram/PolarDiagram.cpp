@@ -32,7 +32,7 @@ int rounded(double v) {
     return *whole;
 }
 
-/// A sector's radius passes through count times radius as a 32-bit integer of drawing units.
+/// A sector's radius is computed from count times radius, a 32-bit integer in drawing units.
 void requireProduct(std::int32_t count, int radius) {
     if (std::int64_t{count} * radius > std::numeric_limits<std::int32_t>::max()) {
         throw std::overflow_error("Überlauf");
@@ -285,7 +285,7 @@ PolarGeometry::PolarGeometry(Extent size, int headHeight, std::int32_t ringCount
         const int available = (length - top) / 2 - margin;
         return available / (static_cast<double>(rings) + 1) * 0.99;
     };
-    // The head band is taken off the width as well: so the rings are round on a square.
+    // The head band is subtracted from the width as well, so that the rings are round on a square.
     stepX = step(size.width);
     stepY = step(size.height);
 }

@@ -50,12 +50,13 @@ struct PolarDrawing {
     std::vector<Box> texts = {};         // where ring labels, compass letters and footnote are
 };
 
-/// Draws rings, spokes, sectors, labels, compass letters, frame and head line. Throws std::overflow_error
-/// when a sector's radius passes through more than 32 bits or an angle is no number.
+/// Draws rings, spokes, sectors, labels, compass letters, footnote, frame and head line. Throws
+/// std::overflow_error when count times radius of a sector exceeds 32 bits, or the start angle is not a
+/// number.
 PolarDrawing drawPolarDiagram(Surface& surface, const DiagramProperties& properties,
                               const PolarSamples& samples, const LocaleTexts& texts);
 
-/// Draws the samples of a control and sets its Ycenter, also when it throws then.
+/// Draws the samples of a control and sets its Ycenter, even if the drawing throws.
 PolarDrawing drawPolarDiagram(Surface& surface, DiagramState& control, const LocaleTexts& texts);
 
 /// The same on a printed page (units: millimetres), centred and as large as the margins allow, in the

@@ -29,7 +29,7 @@ class PolarSys : public QWidget, public DiagramState {
     /// Draws the picture at once.
     void Draw();
 
-    /// The job that PrintDiag prints into, as long as it is there.
+    /// The job that PrintDiag prints into, as long as it exists.
     void setPrintJob(const PrintJob& job);
 
     /// What PrintDiag writes below the diagram; nothing at first.

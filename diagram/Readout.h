@@ -35,8 +35,8 @@ struct ReadValue {
     std::optional<double> maximum; // and a third one
 };
 
-/// The columns of a line diagram, to be searched. Building it goes through the times once; every question
-/// afterwards is a binary search. The series must outlive it and stay as it is.
+/// Looks up the columns of a line diagram. Construction scans the times once; times are then found by binary
+/// search, and columns without a value are skipped one by one. The series must outlive it unchanged.
 class SeriesReader {
   public:
     SeriesReader() = default;
@@ -72,7 +72,7 @@ class SeriesReader {
     [[nodiscard]] ValueSpread spreadAround(std::size_t column, const PlotArea& plot) const;
 
     /// Where the direction of a column is drawn: its value, or a full circle above when the curve came to it
-    /// that way. The first question goes through the series once. `row` says of which series.
+    /// that way. The first call for a row walks the series once. `row` selects the series.
     [[nodiscard]] double joinedAt(std::size_t column, SeriesTable::Row row = SeriesTable::Y1) const;
 
   private:

@@ -26,7 +26,7 @@ std::string label(const ReadoutSeries& series, bool both) {
     return both && !series.name.empty() ? series.name + ": " : "";
 }
 
-/// A difference of values, with its sign; a direction turns clockwise or back.
+/// A difference of values, with its sign; for directions, positive is clockwise.
 std::string differenceText(double a, double b, const ReadoutSeries& series, const LocaleTexts& texts) {
     const double difference = valueDifference(a, b, series.directions);
     // Fifteen digits would show how the numbers are stored, not what was measured.

@@ -17,7 +17,7 @@ namespace kelvrum {
 
 /// How the values of one series are named.
 struct ReadoutSeries {
-    std::string name; // shown only where there are two series
+    std::string name; // in a readout only where there are two series; copies always have it
     std::string unit;
     bool directions = false; // degrees, with their point of the compass
 };
@@ -26,7 +26,7 @@ struct ReadoutSeries {
 struct Readout {
     std::optional<ReadValue> value; // nothing: a gap
     ValueSpread spread;             // of the values that share the column of dots
-    std::optional<ReadValue> mark;  // the second mark
+    std::optional<ReadValue> mark;  // the marked value, to compare with
 };
 
 /// The lines of the field: time, value with unit, the spread where several values share the column of dots,
@@ -34,7 +34,7 @@ struct Readout {
 std::vector<std::string> readoutLines(const Readout& readout, const ReadoutSeries& first,
                                       const std::optional<ReadoutSeries>& second, const LocaleTexts& texts);
 
-/// A time span, to the minute: "1 Tag 2 h 15 min", "−15 min", "0 min".
+/// A time span, to the minute, with its sign: "+1 Tag 2 h 15 min", "−15 min", "0 min".
 std::string spanText(DateTime span);
 
 /// One sector of a wind rose.

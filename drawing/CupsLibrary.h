@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The functions of the CUPS library that the program calls. The library is loaded with the first job: it
-// brings eighteen others along, which would make every start of the program a tenth longer.
+// The functions of the CUPS library that the program calls. The library is loaded on first use: it pulls in
+// eighteen others, which would make every start of the program a tenth slower.
 #pragma once
 
 #include <QFunctionPointer>
@@ -70,8 +70,8 @@ class CupsLibrary {
     KELVRUM_CUPS(ippPort);
 #undef KELVRUM_CUPS
 
-    /// The connection that CUPS, and with it the toolkit, uses in the calling thread. Each version 2 has
-    /// this, but no header; nullptr where it is missing.
+    /// Returns the connection that CUPS, and so the toolkit, uses in the calling thread. Every 2.x library
+    /// exports this, but no header declares it; nullptr where it is missing.
     http_t* (*threadConnection)() = reinterpret_cast<http_t* (*)()>(library_.resolve("_cupsConnect"));
 };
 

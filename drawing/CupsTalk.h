@@ -16,7 +16,7 @@ struct TalkProgress {
     std::atomic<bool> withdrawn = false; // the job is no longer wanted
 };
 
-/// See PrintQueue. Only where the library is there (CupsLibrary::load).
+/// See PrintQueue. Call these only if CupsLibrary::load returns the library.
 QueueAnswer cupsProbe(TalkProgress& progress);
 QueueAnswer cupsPrint(const QueueJob& job, TalkProgress& progress);
 

@@ -19,7 +19,8 @@ class PdfDocument {
         bool grey = false; // without colours
     };
 
-    /// The device must be open for writing and outlive the document. Its errors are its own: ask it.
+    /// The device must be open for writing and outlive the document. Check the device itself for write
+    /// errors.
     PdfDocument(QIODevice& device, const Style& style);
 
     /// Ends the current page and starts a new one. The surface is valid until the next page; nothing when the

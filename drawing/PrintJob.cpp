@@ -157,7 +157,8 @@ bool PrintJob::hasPrinter() {
     return !printer_->printerName().isEmpty();
 }
 
-/// The printer is gone, another one is there. The user hears of it when it was a choice.
+/// Drops a printer that no longer exists. If the user had chosen it, throws PrintError, which names the
+/// printer that replaces it.
 void PrintJob::leavePrinter() {
     const auto gone = std::exchange(printer_, nullptr);
     if (std::exchange(isChosen_, false) && !gone->printerName().isEmpty()) {
@@ -179,7 +180,7 @@ bool runDialog(const std::function<bool(QPrinter&)>& dialog, QPrinter& printer) 
     QTimer renewal;
     const QWidget* before = QApplication::activeModalWidget();
     QObject::connect(&look, &QTimer::timeout, &look, [&patience, before] {
-        // The dialog lacks what it did not learn; one of its own may be above it.
+        // The dialog is incomplete without the replies; a dialog of its own may be on top of it.
         auto* open = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         while (patience.isOver() && open != nullptr && open != before) {
             open->reject();

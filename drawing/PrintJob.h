@@ -27,7 +27,8 @@ class PrintError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// The user has cancelled the job; nothing of it has reached the printer.
+/// The user has cancelled the job. A job that was already in the queue is cancelled there; pages that were
+/// printed by then stay.
 class PrintCancelled : public std::runtime_error {
   public:
     PrintCancelled()
@@ -53,8 +54,8 @@ struct PrintReceipt {
 /// (PDF) counts as a printer.
 class PrintJob {
   public:
-    /// Called between the steps of long work, at least fifty times a second; events may run in it. False
-    /// cancels the job.
+    /// Called after each page that is made, and about every 20 ms while the print system is awaited; events
+    /// may run in it. False cancels the job.
     using Step = std::function<bool(const PrintProgress&)>;
     /// Draws one of many pages, which count from 0.
     using DrawPage = std::function<void(std::size_t page, Surface& surface)>;
@@ -64,26 +65,27 @@ class PrintJob {
     PrintJob& operator=(const PrintJob&) = delete;
     ~PrintJob();
 
-    /// The job as long as it is there, for those that it does not outlive.
+    /// A weak reference to the job, for objects that may outlive it.
     [[nodiscard]] std::weak_ptr<PrintJob> watched() const { return self_; }
 
     void setStep(Step step) { step_ = std::move(step); }
 
     /// Whether there is something to print on: the system has a printer and the current one a name, or file
     /// output is chosen. Asks the system anew each time. Another printer takes the place of one that is gone;
-    /// throws PrintError once when the user had chosen that one, and when the print system does not answer.
+    /// throws PrintError once when the user had chosen that one, and when the print system does not answer;
+    /// PrintCancelled when the step ends the wait.
     [[nodiscard]] bool hasPrinter();
 
-    /// Throws PrintError when the print system does not answer within a second: nothing may be done with the
-    /// printer then, since the toolkit would wait a minute for each answer.
+    /// Throws PrintError when the print system does not answer within a second, PrintCancelled when the step
+    /// ends the wait. Do not use the printer then: the toolkit would wait a minute for each answer.
     void requireAnswer();
 
     /// The printer with its settings.
     QPrinter& printer();
 
-    /// Runs the printer set-up dialog, returns whether the user has accepted, and applies what it has
-    /// changed. Margins count from then on only when the user has set them: the toolkit brings its own. When
-    /// the print system stops answering, closes the dialog, changes nothing and throws PrintError.
+    /// Runs the printer set-up dialog, applies its changes and returns whether the user accepted. Margins
+    /// apply only if the user has set them; the toolkit's default margins are ignored. If the print system
+    /// stops answering, closes the dialog, changes nothing and throws PrintError.
     bool setUp(const std::function<bool(QPrinter&)>& dialog);
 
     /// Whether the next job goes into a file whose name is not known yet: the name that the set-up dialog
@@ -100,8 +102,8 @@ class PrintJob {
     [[nodiscard]] bool isOpen() const { return !sheets_.empty(); }
 
     /// Opens the job if it is not open, and starts a page. Its units are millimetres, its size is what the
-    /// printer can print on, or what lies within the user's margins. Throws PrintError without a printer. The
-    /// page lives until the job ends or is abandoned.
+    /// printer can print on, or what lies within the user's margins. Throws like hasPrinter, and PrintError
+    /// without a printer. The page lives until the job ends or is abandoned.
     Surface& newPage(QPageLayout::Orientation orientation);
 
     /// Adds pages which are not drawn before `end`, and then one by one; `draw` must be usable until then.
@@ -118,7 +120,7 @@ class PrintJob {
     /// Drops the pages and the file's name, and closes the job.
     void abandon();
 
-    /// The destination of the last job that `end` completed.
+    /// Pages and destination of the last job that was ended; the destination is empty when that failed.
     [[nodiscard]] const PrintReceipt& receipt() const { return receipt_; }
 
   private:

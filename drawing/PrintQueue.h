@@ -42,9 +42,9 @@ struct QueueAnswer {
 /// is sent (0 to 1). Events may run in it; false withdraws the job.
 using QueueStep = std::function<bool(double sent)>;
 
-/// Talks to the print system in a helper thread. A print system that makes no progress for ten seconds while
-/// it gets a job is given up. Where there is no CUPS, when the program was built or now, `isSupported` is
-/// false and no job may be printed.
+/// Talks to the print system in a helper thread, and gives up when it makes no progress for ten seconds while
+/// it receives a job. Without CUPS, at build time or at run time, `isSupported` is false and `print` must not
+/// be called.
 class PrintQueue {
   public:
     static bool isSupported();

@@ -67,7 +67,7 @@ bool PrintWait::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
     if (!watched->isWidgetType() && event->type() != QEvent::Shortcut) {
-        return false; // what comes to a window of the screen goes on to its widgets
+        return false; // a native window passes it on to its widgets, where it is filtered
     }
     for (const QObject* object = watched; object != nullptr && dialog_; object = object->parent()) {
         if (object == dialog_.get()) {

@@ -12,7 +12,7 @@ class QPrinter;
 
 namespace kelvrum {
 
-/// Where the toolkit's printer dialog keeps what the user has set for a queue: names and values in turns.
+/// Where the toolkit's printer dialog keeps what the user has set for a queue: alternating names and values.
 inline constexpr auto DIALOG_OPTIONS = QPrintEngine::PrintEnginePropertyKey(0xfe00);
 
 /// Copies, collation, sides, colour, paper and source, and whatever else the user has set for the queue. The

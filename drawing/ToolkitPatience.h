@@ -12,10 +12,10 @@
 
 namespace kelvrum {
 
-/// The toolkit puts questions of its own to the print system, in the thread of the window, and waits a minute
-/// for each answer. While this lives, a question is given up when the print system has not answered anything
-/// for a second, and every later one fails at once. Where there is no CUPS, this does nothing. Make one at a
-/// time, in the thread of the window, and only after a probe: it connects to the print system.
+/// The toolkit queries the print system itself, on the user-interface thread, and waits up to a minute for
+/// each reply. While this lives, a query is aborted when the print system has not replied to anything for a
+/// second, and every later one fails at once. Does nothing without CUPS. Create one at a time, on the
+/// user-interface thread, and only after a probe: it connects to the print system.
 class ToolkitPatience {
   public:
     ToolkitPatience();
@@ -23,11 +23,11 @@ class ToolkitPatience {
     ToolkitPatience& operator=(const ToolkitPatience&) = delete;
     ~ToolkitPatience();
 
-    /// Whether a question has been given up: what the toolkit has returned since is not complete.
+    /// Whether a query was aborted: what the toolkit has returned since is incomplete.
     [[nodiscard]] bool isOver() const { return *over_; }
 
-    /// Covers the connection that there is now. The print system ends one that is not used for half a minute,
-    /// and the toolkit makes another one for its next question.
+    /// Covers the current connection. The print system closes one that is idle for half a minute, and the
+    /// toolkit opens another for its next query.
     void renew();
 
     /// For the function that CUPS calls whenever an answer is late: whether to wait on.

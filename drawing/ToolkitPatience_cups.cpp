@@ -14,7 +14,7 @@ constexpr auto SILENCE = std::chrono::seconds(1);
 const QString LINK = QStringLiteral("cups"); // its name
 constexpr double LOOK_EVERY = 0.05;          // seconds
 
-/// Called by CUPS whenever an answer is late; 0 ends the question.
+/// Called by CUPS whenever an answer is late; 0 aborts the query.
 int waitOn(http_t* /*connection*/, void* patience) {
     return static_cast<ToolkitPatience*>(patience)->waitsOn() ? 1 : 0;
 }
@@ -42,9 +42,9 @@ ToolkitPatience::~ToolkitPatience() {
     }
 }
 
-/// Leads this thread to the print system by a link. When that is gone, no question waits any more. A mere
-/// connection to a silent print system would succeed, and CUPS waits a second on each before it looks at a
-/// limit.
+/// Routes this thread's connections through a symbolic link to the socket. Once the link is removed, every
+/// new query fails at once; without it, connecting to a silent print system would still succeed, and CUPS
+/// waits a second on each connection before it checks its timeout.
 void ToolkitPatience::detour() {
     constexpr qsizetype LONGEST = 100; // bytes of a socket's name
     const CupsLibrary* cups = CupsLibrary::load();
@@ -58,7 +58,7 @@ void ToolkitPatience::detour() {
     }
 }
 
-/// CUPS has further connections for some questions, so that all to a silent print system are ended.
+/// CUPS opens further connections for some queries, so all those to a silent print system are closed.
 void ToolkitPatience::watch() {
     const std::filesystem::path link =
         folder_ ? std::filesystem::path(folder_->filePath(LINK).toStdU16String()) : std::filesystem::path();

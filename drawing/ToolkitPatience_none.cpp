@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Without CUPS nothing is known of the toolkit's questions.
+// Without CUPS the toolkit's queries cannot be limited.
 #include "drawing/ToolkitPatience.h"
 
 namespace kelvrum {
