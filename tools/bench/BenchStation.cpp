@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/bench/BenchStation.h"
 
+#include "data/ChannelFiles.h"
 #include "data/ChannelFormat.h"
 #include "data/DayFiles.h"
 #include "data/DayFormat.h"
 #include "tools/bench/Year.h"
 #include "util/LittleEndian.h"
 
-#include <bit>
 #include <fstream>
 
 namespace kelvrum::bench {
@@ -16,15 +16,6 @@ namespace {
 
 constexpr int CHANNELS_OF_A_DAY_FILE = 34;
 constexpr int DAYS = 365;
-
-std::string twoDigits(int channel) { return (channel < 10 ? "0" : "") + std::to_string(channel); }
-
-/// Least significant byte first.
-void put(std::vector<std::byte>& bytes, std::size_t at, std::size_t size, std::uint32_t value) {
-    for (std::size_t i = 0; i < size; ++i) {
-        bytes[at + i] = static_cast<std::byte>(value >> (8 * i));
-    }
-}
 
 void save(const std::filesystem::path& path, const void* bytes, std::size_t size, std::size_t header = 0) {
     std::ofstream out(path, std::ios::binary);
@@ -74,7 +65,7 @@ BenchStation::BenchStation()
 }
 
 std::string BenchStation::file(int channel) const {
-    return config.DataFolder + "Kanal" + twoDigits(channel) + "_2019.chn";
+    return config.DataFolder + channelFileName(channel, "", 2019);
 }
 
 void BenchStation::write(int channel, std::int32_t mode, std::vector<double> values) {
@@ -108,15 +99,15 @@ BenchDays::BenchDays(bool wide)
         std::vector<std::byte> bytes(MINUTES_PER_DAY * record);
         for (int minute = 0; minute < MINUTES_PER_DAY; ++minute) {
             const std::size_t at = static_cast<std::size_t>(minute) * record;
-            put(bytes, at + kmh::YEAR_AT, 2, static_cast<std::uint32_t>(parts.year));
-            put(bytes, at + kmh::MONTH_AT, 1, static_cast<std::uint32_t>(parts.month));
-            put(bytes, at + kmh::DAY_AT, 1, static_cast<std::uint32_t>(parts.day));
-            put(bytes, at + kmh::MINUTE_AT, 2, static_cast<std::uint32_t>(minute));
+            storeLittle(bytes, at + kmh::YEAR_AT, static_cast<std::int16_t>(parts.year));
+            storeLittle(bytes, at + kmh::MONTH_AT, static_cast<std::uint8_t>(parts.month));
+            storeLittle(bytes, at + kmh::DAY_AT, static_cast<std::uint8_t>(parts.day));
+            storeLittle(bytes, at + kmh::MINUTE_AT, static_cast<std::int16_t>(minute));
             const auto number =
                 static_cast<std::size_t>(day) * MINUTES_PER_DAY + static_cast<std::size_t>(minute);
-            const auto value = std::bit_cast<std::uint32_t>(static_cast<float>(values[number]));
+            const auto value = static_cast<float>(values[number]);
             for (std::size_t k = kmh::FIELDS_AT; k < record; k += kmh::NARROW_FIELD) {
-                put(bytes, at + k, kmh::NARROW_FIELD, value);
+                storeLittle(bytes, at + k, value);
             }
         }
         save(folder_.path() / dayFileName(date), bytes.data(), bytes.size());

@@ -9,19 +9,22 @@
 #include <cstdio>
 #include <fstream>
 #include <string>
+#include <string_view>
 
 namespace kelvrum::bench {
 
-/// Resident memory of this process in kB, as Linux counts it; 0 elsewhere.
-inline long residentMemory() {
+/// A figure of this process in kB, as Linux counts it ("VmRSS:", "VmHWM:"); 0 elsewhere.
+inline long memoryFigure(std::string_view key) {
     std::ifstream status("/proc/self/status");
     for (std::string line; std::getline(status, line);) {
-        if (line.rfind("VmRSS:", 0) == 0) {
-            return std::stol(line.substr(6));
+        if (line.starts_with(key)) {
+            return std::stol(line.substr(key.size()));
         }
     }
     return 0;
 }
+/// Resident memory.
+inline long residentMemory() { return memoryFigure("VmRSS:"); }
 
 /// Sets the pickers of the main window to the year of the bench station; loads nothing.
 inline void showYear(const QObject& window) {
@@ -34,7 +37,7 @@ inline void showYear(const QObject& window) {
     set("DTPicker2", QDate(2020, 1, 1));
 }
 
-/// Lets the window be painted, prints the memory and gives the exit code.
+/// Lets the window be painted, prints the memory and returns the exit code.
 inline int paintAndEnd() {
     QCoreApplication::processEvents();
     std::printf("%ld\n", residentMemory());

@@ -31,15 +31,7 @@ namespace kelvrum::bench {
 namespace {
 
 /// The peak of the resident memory since forgetPeak in kB, as Linux counts it; 0 elsewhere.
-long peakMemory() {
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);) {
-        if (line.rfind("VmHWM:", 0) == 0) {
-            return std::stol(line.substr(6));
-        }
-    }
-    return 0;
-}
+long peakMemory() { return memoryFigure("VmHWM:"); }
 
 /// What was freed goes back to the system, and the peak starts anew.
 void forgetPeak() {
