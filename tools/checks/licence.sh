@@ -5,7 +5,7 @@ set -eu
 cd -P "$(dirname "$0")/../.."
 
 unnamed=$(find . \( -path ./build -o -path ./.git \) -prune -o -type f \( -name '*.h' -o -name '*.cpp' -o -name '*.inc' \
-    -o -name '*.sh' -o -name '*.cmake' -o -name CMakeLists.txt \) -print | while read -r file; do
+    -o -name '*.sh' -o -name '*.py' -o -name '*.cmake' -o -name CMakeLists.txt \) -print | while read -r file; do
     head -n 2 "$file" | grep -q 'SPDX-License-Identifier: ' || echo "$file"
 done)
 if [ -n "$unnamed" ]; then
