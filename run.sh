@@ -13,7 +13,7 @@ PICTURE_LIMIT=60 # seconds until its picture no longer changes
 
 has_display() { [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; }
 
-# Keeps a station of the user's next to the program; renews the sample every day, so that today has values.
+# Keeps the user's own station next to the program; renews the sample every day, so that today has values.
 lay_station() {
     ini=$PROGRAM_FOLDER/QEL.ini
     if [ -f "$ini" ] && ! grep -q '^# Beispielstation' "$ini"; then

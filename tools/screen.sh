@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # shellcheck shell=sh
-# Sourced by run.sh and the check of the installed program: starts a virtual screen and the viewer on it. Both are
-# terminated when the script ends, for whatever reason.
+# Sourced by run.sh and the checks that show a window: a virtual screen, and helpers for the viewer that the script starts
+# on it. Both processes are terminated when the script ends, for whatever reason.
 
 scratch=$(mktemp -d)
 server=

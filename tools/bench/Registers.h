@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The state of the vector registers in which a benchmark measures. Painting leaves them in a state that slows
-// the maths library down: users are in it whenever a window has painted, and a limit must never be.
+// the maths library down. A figure is measured in that state, as a user meets it; a limit never is.
 #pragma once
 
 #include <benchmark/benchmark.h>

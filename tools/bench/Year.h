@@ -12,7 +12,7 @@ namespace kelvrum::bench {
 inline constexpr std::size_t YEAR = 525'600;
 inline constexpr double MISSING_PART = 0.04;
 
-/// The values of an instrument that delivers so many steps to the unit: 10 for tenths.
+/// The values of an instrument that delivers this many steps per unit: 10 for tenths.
 inline std::vector<double> inSteps(std::vector<double> values, double stepsToTheUnit) {
     for (double& value : values) {
         value = std::round(value * stepsToTheUnit) / stepsToTheUnit;

@@ -31,7 +31,7 @@ lay_program() {
     "$makestation" "$scratch/program" --until "$(date +%Y-%m-%d)T23:59" "$@" >/dev/null
 }
 
-# Home and runtime folder of a session that knows nothing of the user's. German dates, whatever the machine's.
+# Home and runtime folder of a session that knows nothing of the user's, with the machine's LANG.
 own_session() {
     mkdir "$scratch/home"
     mkdir -m 700 "$scratch/run"

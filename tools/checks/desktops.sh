@@ -45,7 +45,7 @@ show_on_x() {
     xdotool windowactivate --sync "$window"
 }
 
-# The keys of a user: into the diagram with a click in its middle, which no drag follows.
+# Clicks at a place in the window, as a user does to give it the focus; without a drag.
 click_at() {
     xdotool mousemove --window "$window" "$1" "$2" click 1
 }

@@ -20,7 +20,7 @@ make_locale() {
     fi
 }
 
-# run_in PRESET LOCALE ZONE [OPTIONS]. Many tests wait, for a print scheduler above all: two share a processor.
+# run_in PRESET LOCALE ZONE [OPTIONS]. Many tests wait, mostly for a print scheduler, so two run per processor.
 run_in() {
     if [ "$2" != C ]; then
         make_locale "$2"

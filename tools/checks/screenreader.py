@@ -213,8 +213,8 @@ def work_the_controls():
 
     picker = find("von: Datum", "spin button")
     today = Atspi.Text.get_text(picker, 0, -1)
-    yesterday = Atspi.Text.get_text(find("bis: Datum", "spin button"), 0, -1)
-    check(f"Von {today} 00:00 bis {yesterday} 00:00" in description(), "the range is not in: " + description())
+    tomorrow = Atspi.Text.get_text(find("bis: Datum", "spin button"), 0, -1)
+    check(f"Von {today} 00:00 bis {tomorrow} 00:00" in description(), "the range is not in: " + description())
     act(find("Beginn einen Tag früher", "push button"), "Press")
     wait_for("the earlier range", lambda: f"Von {today} " not in description())
     events.clear()

@@ -33,7 +33,7 @@ sed -E 's/ -Winvalid-pch//; s/ -Wunused-const-variable=1//; s/( -Xclang)? -inclu
         /^\{/ { entry = "" }
         { entry = entry $0 "\n" }
         /"file":/ { file = $0; sub(/,$/, "", file) }
-        /^\}/ && !(file in seen) { # a file of several targets is looked at once
+        /^\}/ && !(file in seen) { # a file of several targets is checked only once
             seen[file] = 1
             sub(/,?\n$/, "", entry)
             printf "%s%s", separator, entry

@@ -8,7 +8,7 @@
 
 namespace kelvrum::sample {
 
-/// Writes the station's data files and then its configuration, so that a station with a configuration is a
+/// Writes the station's data files and then its configuration, so that a station with a configuration is
 /// complete. The folder is created if missing; files of the same names are replaced, others stay. The ini
 /// form gets an empty "faktoren.cfg" too. Throws WriteError.
 void writeStation(const std::filesystem::path& folder, const StationPlan& plan);

@@ -44,10 +44,10 @@ double WindModel::speedAt(double heat, const Season& season) {
 /// until the next one comes.
 double WindModel::directionAt(double speed, const Season& season) {
     constexpr double BEFORE_FRONT = 285;
-    constexpr double BEHIND_FRONT = 405; // 45 degrees, by way of north
+    constexpr double AFTER_FRONT = 405; // 45 degrees, by way of north
     constexpr double NEXT_FRONT = BEFORE_FRONT + 360;
-    const double flow = BEFORE_FRONT + (BEHIND_FRONT - BEFORE_FRONT) * smooth(season.passing) +
-                        (NEXT_FRONT - BEHIND_FRONT) * season.since;
+    const double flow = BEFORE_FRONT + (AFTER_FRONT - BEFORE_FRONT) * smooth(season.passing) +
+                        (NEXT_FRONT - AFTER_FRONT) * season.since;
     const double unsteady = 4 + 10 / (1 + speed);
     const double wanted = flow + meander_.step(random_) + unsteady * swing_.step(random_);
     if (speed > 0) {
