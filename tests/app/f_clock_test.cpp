@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The clock and the time zone: today is requested once, at the start, and nothing else depends on either.
+// The clock and the time zone: what is shown depends on today at the start alone, and on no time zone.
 #include "diagram/PolarSys.h"
 #include "diagram/SeriesTable.h"
 #include "tests/app/WindowFixture.h"
@@ -40,16 +40,26 @@ class TimeZone {
     QByteArray before_;
 };
 
-/// Dust over the whole of 2020 and 2021; each minute has a value of its own.
-std::unique_ptr<TempFolder> twoYears() {
-    auto folder = std::make_unique<TempFolder>();
-    folder->write("QEL.ini", "PROJEKTNAME=Halde\nDATAFOLDER=Data\nCHAN07|Staub|mg|0|500||0|1|2|1|0|0|ST\n");
-    for (const int year : {2020, 2021}) {
+/// The channel file of 2020 or 2021, made once; each minute has a value of its own.
+const std::string& dustOf(int year) {
+    static std::map<int, std::string> files;
+    std::string& bytes = files[year];
+    if (bytes.empty()) {
         std::vector<double> minutes(static_cast<std::size_t>(year == 2020 ? 366 : 365) * 1440);
         for (std::size_t m = 0; m < minutes.size(); ++m) {
             minutes[m] = year == 2020 ? 1 + static_cast<double>(m) : -1 - static_cast<double>(m);
         }
-        folder->write("Data/Kanal07_" + std::to_string(year) + ".chn", channelFile(minutes));
+        bytes = channelFile(minutes);
+    }
+    return bytes;
+}
+
+/// Dust over the whole of 2020 and 2021.
+std::unique_ptr<TempFolder> twoYears() {
+    auto folder = std::make_unique<TempFolder>();
+    folder->write("QEL.ini", "PROJEKTNAME=Halde\nDATAFOLDER=Data\nCHAN07|Staub|mg|0|500||0|1|2|1|0|0|ST\n");
+    for (const int year : {2020, 2021}) {
+        folder->write("Data/Kanal07_" + std::to_string(year) + ".chn", dustOf(year));
     }
     return folder;
 }
