@@ -2,17 +2,13 @@
 #include "batchprint/SettingsFile.h"
 #include "tests/batchprint/SettingsBytes.h"
 #include "tests/testing/FileContent.h"
+#include "tests/testing/FileSizeLimit.h"
 #include "tests/testing/OrdinaryUser.h"
 #include "util/Paths.h"
 
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
-
-#if __has_include(<sys/resource.h>)
-#include <csignal>
-#include <sys/resource.h>
-#endif
 
 namespace kelvrum {
 
@@ -89,7 +85,7 @@ TEST(SaveSettings, LoadsAgainExactly) {
     EXPECT_EQ(loaded.rows[2], RowSettings{});
 }
 
-TEST(SaveSettings, KeepsRightsAndLinks) {
+TEST(SaveSettings, KeepsPermissionsAndLinks) {
     const TempFolder folder;
     const std::string real = folder.write("daheim/real.cfg", "old");
     const auto rights = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_write;
@@ -147,20 +143,16 @@ TEST(SaveSettings, ProtectedFile) {
     EXPECT_EQ(filesIn(folder.base()), std::vector<std::string>{"Sammeldruck.cfg"});
 }
 
-#if __has_include(<sys/resource.h>)
+#ifdef KELVRUM_HAS_LIMITS
 /// The system takes only part of the bytes, as on a full disk.
 TEST(SaveSettings, WritingFails) {
     const TempFolder folder;
     const std::string path = folder.write("Sammeldruck.cfg", "old");
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit narrow = before;
-    narrow.rlim_cur = 100;
-    setrlimit(RLIMIT_FSIZE, &narrow);
-    const std::error_code error = saveSettings(TWO_ROWS, path);
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
+    std::error_code error;
+    {
+        const FileSizeLimit narrow(100);
+        error = saveSettings(TWO_ROWS, path);
+    }
     EXPECT_EQ(error, std::errc::file_too_large);
     EXPECT_EQ(contentOf(path), "old");
     EXPECT_EQ(filesIn(folder.base()), std::vector<std::string>{"Sammeldruck.cfg"});
