@@ -36,6 +36,9 @@ QStringList tableOf(const QString& program, const QStringList& arguments) {
 std::vector<PrintedWord> PrintedPage::find(const QString& text) const {
     std::vector<PrintedWord> places;
     for (std::size_t first = 0; first < words.size(); ++first) {
+        if (!text.startsWith(words[first].text)) {
+            continue;
+        }
         PrintedWord found = words[first];
         for (std::size_t next = first + 1; next < words.size() && found.text.size() < text.size(); ++next) {
             found.text += QLatin1Char(' ') + words[next].text;
