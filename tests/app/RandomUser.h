@@ -21,9 +21,9 @@ class QDialog;
 
 namespace kelvrum::testing {
 
-/// Works the controls with mouse and keys as far as they can be reached: a control outside of the window or
-/// below another one is worked with keys alone, a disabled one is let alone. Now and then a second action is
-/// queued, which the window meets while it reads for the first one.
+/// Operates the controls with mouse and keys as far as they can be reached: a control outside the window or
+/// below another one is operated with keys alone, a disabled one is left alone. Now and then a second action
+/// is queued, which the window meets while it reads for the first one.
 class RandomUser {
   public:
     /// `files` are the files that may be chosen for "Öffnen"; `opened` is the configuration of the project

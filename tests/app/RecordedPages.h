@@ -12,7 +12,7 @@
 
 namespace kelvrum::testing {
 
-/// Pages of 297 x 210 mm at 10 dots for a millimetre; a character is 6 dots wide and a line 12 dots high.
+/// Pages of 297 x 210 mm at 10 dots per millimetre; a character is 6 dots wide and a line 12 dots high.
 struct RecordedPages {
     std::vector<std::unique_ptr<TestSurface>> pages;
 

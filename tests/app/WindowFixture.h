@@ -80,7 +80,8 @@ class WindowFixture {
     void trigger(const char* action) const { driver().trigger(action); }
     void type(const char* box, const QString& text) const { driver().type(QString::fromUtf8(box), text); }
     void typePicker(const char* picker, const QString& text) const { driver().typePicker(picker, text); }
-    /// Brings the window to a range and an interval: dates from code, times as typed by the user.
+    /// Brings the window to a range and an interval: dates from code, times as typed by the user. Where only
+    /// the dates differ nothing is loaded: call LoadData() then.
     void arrange(const ShownRange& range, int interval) const;
     [[nodiscard]] ShownRange shownRange() const;
     /// The values of the diagram's columns.

@@ -81,7 +81,7 @@ class f_access_test : public QObject {
             const auto& control = fixture.the<QWidget>(name);
             const QString said = control.accessibleName();
             QVERIFY2(!said.isEmpty(), name);
-            // The buttons bear signs only: their names say what they do, and no two say the same.
+            // The buttons have only symbols on them: their names say what they do, and no two say the same.
             if (control.inherits("QAbstractButton") || control.inherits("QAbstractSpinBox") ||
                 control.inherits("QLineEdit") || control.inherits("QComboBox")) {
                 QVERIFY2(!seen.contains(said), name);

@@ -160,7 +160,7 @@ class f_choose_test : public QObject {
         hand.wheel(hand.at(QStringLiteral("18.06.2020 12:00")), 120 * 20);
         QCOMPARE(text(fixture.shownRange()), QStringLiteral("18.06.2020 12:00 - 18.06.2020 12:01"));
         QCOMPARE(loads.count(), 1);
-        hand.wheel(hand.at(QStringLiteral("18.06.2020 12:00")), 120); // an interval is the least
+        hand.wheel(hand.at(QStringLiteral("18.06.2020 12:00")), 120); // one interval is the minimum
         QCOMPARE(loads.count(), 0);
         hand.wheel(hand.at(QStringLiteral("18.06.2020 12:00")), -120 * 40);
         QVERIFY(pickedTime(fixture.shownRange().from).daysTo(pickedTime(fixture.shownRange().to)) == 366);
@@ -251,9 +251,9 @@ class f_choose_test : public QObject {
         QTest::keyClick(fixture.window.get(), Qt::Key_Back);
         QCOMPARE(text(fixture.shownRange()), second);
         QVERIFY(back.isEnabled() && forward.isEnabled());
-        QTest::keyClick(&hand.KS, Qt::Key_Backspace); // is none
+        QTest::keyClick(&hand.KS, Qt::Key_Backspace); // does not go back
         QCOMPARE(text(fixture.shownRange()), second);
-        fixture.click("Command3"); // cuts what is ahead
+        fixture.click("Command3"); // discards the ranges ahead
         QVERIFY(!forward.isEnabled());
         back.trigger();
         QCOMPARE(text(fixture.shownRange()), second);

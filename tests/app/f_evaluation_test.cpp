@@ -114,8 +114,7 @@ void EvaluationTest::allColumnsAreVisible_data() {
 void EvaluationTest::allColumnsAreVisible() {
     QFETCH(int, channel);
     QFETCH(QString, end);
-    WindowFixture fixture;
-    fixture.today = QDate(2021, 1, 1);
+    const WindowFixture fixture;
     fixture.chooseChannel(channel);
     fixture.arrange({QStringLiteral("18.06.2020 00:00"), end}, 2);
     inEvaluation(fixture, [](QWidget& window) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Where the field of the readout is and which picture it reads, on screens with one and two dots for a pixel.
+// Where the field of the readout is and which picture it reads, on screens with one and two dots per pixel.
 #include "tests/app/DiagramHand.h"
 
 #include <QAction>

@@ -103,8 +103,8 @@ class f_keys_test : public QObject {
         QCOMPARE(fixture.window->range().from, before.from);
     }
 
-    /// A frame around the diagram tells that the keys are its own; a click brings none.
-    void theFocusIsToBeSeen() {
+    /// A frame around the diagram shows that it has the keyboard; a click draws none.
+    void theFocusIsVisible() {
         const WindowFixture fixture;
         auto& diagram = fixture.the<QWidget>("KS");
         const QImage without = diagram.grab().toImage();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Long use: a random user works the real main window, and its memory stays as it is. KELVRUM_RANDOM_ACTIONS
-// says how long, KELVRUM_RANDOM_SEED on which way.
+// Long use: a random user operates the real main window, and its memory stays as it is.
+// KELVRUM_RANDOM_ACTIONS says how long, KELVRUM_RANDOM_SEED on which way.
 #include "diagram/PolarSys.h"
 #include "tests/app/RandomStations.h"
 #include "tests/app/RandomUser.h"

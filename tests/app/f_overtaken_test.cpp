@@ -46,7 +46,7 @@ class StackDepth {
 };
 
 /// Room for a load that is entered from a key, once; a hundred nested ones take a multiple of it.
-constexpr std::uintptr_t FEW_CALLS = 64UL * 1024;
+constexpr std::uintptr_t MAX_LOAD_STACK = 64UL * 1024;
 
 /// A station in a folder of its own, with dust alone on the test day.
 QString layOther(const TempFolder& folder) {
@@ -113,7 +113,7 @@ class f_overtaken_test : public QObject {
         fixture.window->LoadData();
         QTRY_VERIFY(reads >= REPEATS);
         QCoreApplication::processEvents();
-        QVERIFY2(depth.bytes() < FEW_CALLS, qPrintable(QString::number(depth.bytes())));
+        QVERIFY2(depth.bytes() < MAX_LOAD_STACK, qPrintable(QString::number(depth.bytes())));
         compareCalm(fixture);
 
         // What is shown is what is chosen.

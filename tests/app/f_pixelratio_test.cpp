@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The window on screens with more than one dot for a pixel; CTest runs it once for each ratio
+// The window on screens with more than one dot per pixel; CTest runs it once for each ratio
 // (QT_SCALE_FACTOR).
 #include "diagram/PolarSys.h"
 #include "tests/app/WindowFixture.h"

@@ -147,7 +147,7 @@ class f_print_test : public PrintTest {
         QVERIFY(dialogs.ask(&window, QStringLiteral("Möchten Sie?"), QStringLiteral("Drucken")));
     }
 
-    /// A diagram's page bears the printing date and the device number, below the plot.
+    /// A diagram's page has the printing date and the device number, below the plot.
     void theFootOfADiagram() {
         const WindowFixture fixture;
         fixture.chooseChannel(DUST_ROW);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The time range, worked with keys and clicks: pickers, buttons, interval. Every row tells the range before,
-// what the user does, the range after and how many loads that makes.
+// The time range, operated with keys and clicks: pickers, buttons, interval. Every row tells the range
+// before, what the user does, the range after and how many loads that makes.
 #include "diagram/PolarSys.h"
 #include "tests/app/WindowFixture.h"
 
@@ -402,7 +402,7 @@ class f_range_test : public QObject {
         QCOMPARE(fixture.files.opened, 0);
     }
 
-    /// Loaded like any other; the axis has no length and bears no curve.
+    /// Loaded like any other; the axis has no length and no curve.
     void emptyRange() {
         WindowFixture fixture(shortYears());
         fixture.arrange({QStringLiteral("01.01.2020 00:10"), QStringLiteral("02.01.2020 00:10")}, MINUTE);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Reading values from the picture by pointer and by keys, on screens with one and two dots for a pixel.
+// Reading values from the picture by pointer and by keys, on screens with one and two dots per pixel.
 #include "tests/app/DiagramHand.h"
 
 #include <QAccessible>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A second channel in the diagram, against the right axis, on screens with one and two dots for a pixel.
+// A second channel in the diagram, against the right axis, on screens with one and two dots per pixel.
 #include "tests/app/DiagramHand.h"
 #include "tests/app/SecondChannelHand.h"
 

@@ -173,7 +173,8 @@ TEST(Recalculation, ReadThatFails) {
     }
 }
 
-/// An error is told, other than the end of a source: what was read before it is written, later years stay.
+/// An error is reported, unlike the end of a source: what was read before it is written, later years stay as
+/// they are.
 TEST(Recalculation, SourceWithAnError) {
     for (const std::size_t given : std::initializer_list<std::size_t>{0, 7, 8, 79}) {
         YearFiles laid;

@@ -107,7 +107,7 @@ inline std::string difference(const FileBytes& expected, const FileBytes& actual
     }
     for (const auto& [name, bytes] : actual) {
         if (!expected.contains(name)) {
-            return name + " is too much";
+            return name + " is unexpected";
         }
     }
     return {};

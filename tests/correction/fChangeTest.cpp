@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The correction dialog, worked as a user does on real files.
+// The correction dialog, operated as by a user, on real files.
 #include "correction/fChange.h"
 
 #include "tests/correction/YearFiles.h"

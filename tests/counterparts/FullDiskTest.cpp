@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The same on a disk that is full. tools/checks/kill.sh runs this in a file system of its own; it fills
-// whatever it runs in.
+// The program's writing code is killed on a disk that is full. tools/checks/kill.sh runs this in a file
+// system of its own; it fills whatever it runs in.
 #include "batchprint/SettingsFile.h"
 #include "tests/correction/YearFiles.h"
 #include "tests/counterparts/WriterProcess.h"
@@ -116,7 +116,7 @@ TEST_F(FullDisk, KillsInACorrectionWhoseTargetDoesNotFit) {
                 ASSERT_THAT(end.message, HasSubstr("Kanal15_2021.chn“ kann nicht geschrieben werden"));
             }
             killed += end.killed ? 1 : 0;
-            if (!moment) { // the first run told how long it takes
+            if (!moment) { // the first run shows how long it takes
                 moment.emplace(0, end.duration.count());
             }
             const FileBytes found = station.found();

@@ -15,14 +15,14 @@ struct SharePlan {
     std::chrono::milliseconds silence{5000}; // of the next call, which fails then, as all later ones do
 };
 
-/// The calls since the last look.
+/// The calls since takeShareCalls() was last called.
 struct ShareCalls {
     long count = 0;
-    long kept = 0;                      // of them kept the window waiting; later ones fail at once
+    long kept = 0; // those that kept the window waiting; after the silence calls fail at once
     std::chrono::nanoseconds waited{0}; // for their answers
 };
 
-/// Whether the library is preloaded. Nothing else works without.
+/// Whether the library is preloaded. Without it nothing else here works.
 bool isShareThere();
 
 /// From now on the plan is in force for all paths below a folder.

@@ -35,8 +35,8 @@ namespace {
 constexpr long ALL = std::numeric_limits<long>::max();
 constexpr int DUST_ROW = 2; // of the channel list
 constexpr milliseconds LONGEST_WORK{200};
-constexpr long MOST_CALLS = 4;              // in a row, of 50 ms each
-constexpr std::uintptr_t FEW_CALLS = 65536; // bytes of stack for one load that is entered from an event
+constexpr long MAX_CALLS = 4;                    // in a row, of 50 ms each
+constexpr std::uintptr_t MAX_LOAD_STACK = 65536; // bytes of stack for one load that is entered from an event
 
 const ShownRange YEAR = {QStringLiteral("01.01.2020 00:00"), QStringLiteral("31.12.2020 00:00")};
 
@@ -172,7 +172,7 @@ class f_slowshare_check : public QObject {
                   << work.count() << " ms of work\n";
     }
 
-    static void compareAnswers(const Watch& watch, long most = MOST_CALLS) {
+    static void compareAnswers(const Watch& watch, long most = MAX_CALLS) {
         show(QTest::currentTestFunction(), watch);
         QVERIFY2(watch.inARow <= most, qPrintable(QString::number(watch.inARow)));
         QVERIFY(watch.longest <= LONGEST_WORK);
@@ -228,12 +228,12 @@ class f_slowshare_check : public QObject {
                 QCOMPARE(fixture.shownRows(), wholeRows);
             }
         }
-        QVERIFY2(watch.highest - watch.deepest < FEW_CALLS,
+        QVERIFY2(watch.highest - watch.deepest < MAX_LOAD_STACK,
                  qPrintable(QString::number(watch.highest - watch.deepest)));
         constexpr long PAINTED_ROWS = 5; // opening a file and reading its values to the end
-        compareAnswers(watch, wholeRows > 0 ? PAINTED_ROWS : MOST_CALLS);
+        compareAnswers(watch, wholeRows > 0 ? PAINTED_ROWS : MAX_CALLS);
         QCOMPARE(fixture.dialogs->messages, QStringList());
-        fixture.window->LoadData(); // the share is well again
+        fixture.window->LoadData(); // the share answers again
         QVERIFY(fixture.shownSeries() == whole);
         QCOMPARE(fixture.shownRows(), wholeRows);
     }

@@ -46,7 +46,7 @@ Started start(const std::vector<std::string>& arguments) {
     return {process, ends[0]};
 }
 
-/// Reads until `text` has at least so many bytes; all there is when it is to go to the end.
+/// Reads until `text` has at least `count` bytes; up to the end for npos.
 void readOutput(int from, std::string& text, std::size_t count) {
     std::array<char, 1024> piece{};
     while (text.size() < count) {

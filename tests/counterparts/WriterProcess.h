@@ -25,7 +25,7 @@ struct WriterEnd {
 /// std::runtime_error when it does not begin.
 WriterEnd runWriter(const std::vector<std::string>& arguments, std::optional<Micros> killAfter = {});
 
-/// How often a test kills: KELVRUM_KILLS, else a few times. A seed may stand in KELVRUM_KILL_SEED.
+/// How often a test kills: KELVRUM_KILLS, else a few times. KELVRUM_KILL_SEED sets another seed.
 int killCount();
 unsigned killSeed();
 

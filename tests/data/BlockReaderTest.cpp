@@ -47,7 +47,7 @@ struct Blocks {
 
 Blocks readAll(const StationConfig& station, const ReadRequest& what, const FileOpener& open) {
     ReadBuffers buffers;
-    // What an earlier reading left must not shine through.
+    // Values left by an earlier reading must not appear.
     buffers.values.assign(1000, 77);
     buffers.paired.assign(1000, 77);
     BlockReader reader(station, what, open, buffers);

@@ -122,7 +122,7 @@ TEST(BlockSource, ReadingInPiecesIsReadingWhole) {
     }
 }
 
-TEST(BlockSource, BuffersAreKeptAndNeverShineThrough) {
+TEST(BlockSource, BuffersAreKeptAndNeverShowOldValues) {
     FakeFiles files;
     files[FILE_2020].bytes = channelFile(countedMinutes(YEAR));
     files[WIND_2020].bytes = channelFile(countedMinutes(100));

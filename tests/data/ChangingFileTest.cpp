@@ -107,7 +107,7 @@ class ChangingFiles : public ::testing::Test {
     DataReader reader;
 };
 
-/// Each value is that of its minute, or missing; none is stale. Gives the number of those that are there.
+/// Each value is that of its minute, or missing; none is stale. Returns the number of values present.
 std::size_t expectOwnValues(const std::vector<double>& values) {
     std::size_t present = 0;
     for (std::size_t m = 0; m < values.size(); ++m) {

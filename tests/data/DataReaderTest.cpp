@@ -189,7 +189,7 @@ TEST(DiagramReader, AMissingFileLeavesNoOldCurveButHeadlines) {
 
 TEST(DiagramReader, AuxiliaryLines) {
     struct Row {
-        std::optional<AuxiliaryLines> asked;
+        std::optional<AuxiliaryLines> requested;
         double first, second;
     };
     const Row rows[] = {
@@ -206,7 +206,7 @@ TEST(DiagramReader, AuxiliaryLines) {
         DiagramState diagram;
         diagram.setHilfslinie1(11);
         diagram.setHilfslinie2(12);
-        reader.readDiagram(testStation(), minutesOf(4, 0, 10, 1), {"", row.asked}, diagram, GO_ON);
+        reader.readDiagram(testStation(), minutesOf(4, 0, 10, 1), {"", row.requested}, diagram, GO_ON);
         EXPECT_EQ(diagram.Hilfslinie1(), row.first);
         EXPECT_EQ(diagram.Hilfslinie2(), row.second);
     }

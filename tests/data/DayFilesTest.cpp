@@ -74,7 +74,7 @@ TEST(DayFiles, RecordsOneByOne) {
     const Row rows[] = {
         {"first minute", 2020, 6, 18, 0, true},   {"last minute", 2020, 6, 18, 1439, true},
         {"24:00", 2020, 6, 18, 1440, false},      {"minute before", 2020, 6, 18, -1, false},
-        {"no minute", 2020, 6, 18, 32767, false}, {"least minute", 2020, 6, 18, -32768, false},
+        {"no minute", 2020, 6, 18, 32767, false}, {"smallest minute", 2020, 6, 18, -32768, false},
         {"leap day", 2020, 2, 29, 5, true},       {"no leap day", 2021, 2, 29, 5, false},
         {"30 February", 2020, 2, 30, 5, false},   {"31 June", 2020, 6, 31, 5, false},
         {"day 0", 2020, 6, 0, 5, false},          {"day 255", 2020, 6, 255, 5, false},

@@ -71,7 +71,7 @@ TEST_F(ReadingSteps, GivingUpTheDiagramLeavesNoCount) {
     EXPECT_EQ(diagram.DataCount(), 0);
 }
 
-TEST_F(ReadingSteps, GivingUpTheListHandsOutNoMore) {
+TEST_F(ReadingSteps, GivingUpTheListPassesNoMoreRows) {
     std::size_t rows = 0;
     std::size_t rowsWhenGivenUp = 0;
     int steps = 0;

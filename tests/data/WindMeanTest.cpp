@@ -248,8 +248,8 @@ TEST(WindMean, NearlyCancellingWindsFollowTheRule) {
             << c.directions[0];
     }
     std::mt19937 random(17); // NOLINT(cert-msc51-cpp): the same winds at every run
-    const auto power = [&random](double least) {
-        return std::pow(10, std::uniform_real_distribution<double>(least, 0)(random));
+    const auto power = [&random](double minExponent) {
+        return std::pow(10, std::uniform_real_distribution<double>(minExponent, 0)(random));
     };
     for (int i = 0; i < 20000; ++i) {
         const double side = i % 2 == 0 ? 90 : 270;

@@ -58,7 +58,7 @@ TEST(Axes, APageHasItsPaper) {
     EXPECT_THAT(surface.backgrounds(), IsEmpty());
 }
 
-TEST(Axes, StandAtTheMarginsInTheirColours) {
+TEST(Axes, AreAtTheMarginsInTheirColours) {
     for (const std::int32_t kind : {0, 2, 3, 4}) {
         ColouredDiagram diagram;
         diagram.setDiagTyp(kind);
@@ -75,7 +75,7 @@ TEST(Axes, StandAtTheMarginsInTheirColours) {
     }
 }
 
-TEST(Axes, ValueLabelsStandOutsideAtTheirTicks) {
+TEST(Axes, ValueLabelsAreOutsideAtTheirTicks) {
     ColouredDiagram diagram; // 0 to 100 on 510 pixels: 25 divisions of 5
     TestSurface surface;
     draw(surface, diagram);

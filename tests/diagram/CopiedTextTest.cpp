@@ -43,7 +43,7 @@ TEST(CopiedSeries, TheSecondSeriesHasItsOwnGaps) {
               "18.06.2020 02:00\t3\t\n");
 }
 
-TEST(CopiedSeries, PassesStandBesideTheMeans) {
+TEST(CopiedSeries, PassesAreBesideTheMeans) {
     const std::vector<double> times = {DAY, DAY + 1.0 / 24, DAY, DAY + 1.0 / 24, DAY, DAY + 1.0 / 24};
     const std::vector<double> none(6, GAP);
     EXPECT_EQ(copiedSeries(readerOf(times, {2, 3, 1, GAP, 5, 6}, none), DUST, {}, {}),

@@ -315,7 +315,7 @@ TEST(Directions, AreJoinedTheShortWay) {
     }
 }
 
-TEST(Bars, StandOnTheBaseLineAndAreAsWideAsTheInterval) {
+TEST(Bars, StartAtTheBaseLineAndAreAsWideAsTheInterval) {
     const struct {
         const char* what;
         Hours series;

@@ -56,7 +56,7 @@ TEST(LimitLines, AreDrawnWithinTheRangeUnlessZero) {
     }
 }
 
-TEST(LimitLines, StandOnTheAutomaticRange) {
+TEST(LimitLines, FollowTheAutomaticRange) {
     TestDiagram diagram;
     diagram.setHilfslinie1(15);
     diagram.setHilfslinie2(9.4);

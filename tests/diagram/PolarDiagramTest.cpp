@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The rose: its geometry, classes of directions, letters, labels and page.
 #include "diagram/PolarDiagram.h"
 #include "tests/testing/TestSurface.h"
 
@@ -199,9 +200,9 @@ TEST(PolarDiagram, ASectorTooSmallForTwoEndsIsNoWholeCircle) {
 
 TEST(PolarDiagram, IsCentredOnThePageInTheProportionsOfThePicture) {
     Rose rose;
-    TestSurface page({2970, 2100}, 10); // A4 landscape, 10 dots for a millimetre
+    TestSurface page({2970, 2100}, 10); // A4 landscape, 10 dots per millimetre
     printPolarDiagram(page, {600, 400}, rose, {});
-    // 20 mm of margin leave 2570 x 1700 dots: 4.25 dots for a pixel.
+    // 20 mm of margin leave 2570 x 1700 dots: 4.25 dots per pixel.
     const auto frame = [&](std::size_t back) {
         return page.drawnLines()[page.drawnLines().size() - back].at;
     };
@@ -245,7 +246,7 @@ TEST(PolarDiagram, NoSpokeRunsThroughALabel) {
     EXPECT_TRUE(page.boxesOf(0xABCDEF).empty());
 }
 
-TEST(PolarDiagram, AnAngleThatIsNoneEndsTheDrawing) {
+TEST(PolarDiagram, AnInvalidAngleEndsTheDrawing) {
     Rose rose;
     rose.setAngelOffset(std::numeric_limits<double>::infinity());
     TestSurface surface({400, 400});

@@ -55,9 +55,9 @@ QByteArray shown(const PrintedWord& word) {
         .toUtf8();
 }
 
-/// A page as a picture, asked in millimetres.
+/// A page as a picture, addressed in millimetres.
 struct Picture {
-    static constexpr int DOTS = 10; // for a millimetre
+    static constexpr int DOTS = 10; // per millimetre
     QImage image;
 
     /// Whether there is a dot of a colour in a box.
@@ -97,7 +97,7 @@ class PrintPageTest : public testing::PrintTest {
     Q_OBJECT
 
   private:
-    /// Prints one page and gives the document.
+    /// Prints one page and returns the document.
     [[nodiscard]] QString printed(PrintedDiagram& diagram) const {
         diagram.print(true);
         return documents().back();
@@ -247,7 +247,7 @@ class PrintPageTest : public testing::PrintTest {
 
     // --- lines ---
 
-    void axesStandOnTheMargins() {
+    void axesAreAtTheMargins() {
         constexpr Colour TIME = 0x010203;
         constexpr Colour FIRST = 0x102030;
         constexpr Colour SECOND = 0x302010;
@@ -274,7 +274,7 @@ class PrintPageTest : public testing::PrintTest {
         QVERIFY(!page.has(TIME, RIGHT + 0.5, BASE));
     }
 
-    void linesStandAtTheirValues() {
+    void linesAreAtTheirValues() {
         constexpr Colour MEAN = 0x0080FF;
         constexpr Colour SERIES = 0x123456;
         PrintedDiagram diagram;

@@ -209,7 +209,7 @@ struct LastDots {
 TEST(SeriesReader, DirectionsLieWhereTheCurveIs) {
     const std::vector<double> values = {350, 10, 20, 350, 10, 190, 5, GAP, 5, 170, 340, 100, 80, 60, 10, 300,
                                         20, 30, 40, GAP, 90, 300, 10, 170,
-                                        // Of a channel that is none of directions.
+                                        // A channel that does not hold directions.
                                         GAP, 10, 400, 20, -10, 5, 539, 100, -30, 170, GAP, 720, 30};
     Hours hours;
     for (std::size_t i = 0; i < values.size(); ++i) {
@@ -241,7 +241,7 @@ TEST(SeriesReader, ALongCurveIsJoinedOnce) {
     }
     values[0] = 350;
     const SeriesReader reader(Series{times, values, values}, DAY, 1.0 / 1440);
-    for (std::size_t column = 1; column < YEAR; column += 7) { // 75,000 questions
+    for (std::size_t column = 1; column < YEAR; column += 7) { // 75,000 lookups
         ASSERT_EQ(reader.joinedAt(column), 365);
     }
 }

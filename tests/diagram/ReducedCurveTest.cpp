@@ -21,7 +21,7 @@ using ::testing::ElementsAre;
 /// A day over 240 dots, so that an hour has 10, and a height of 100 dots that ends at y = 150.
 PlotArea dayPlot() { return {DiagramLayout(), {310, 190}, 1, {0, 1}}; }
 
-TEST(ReducedCurve, HandsOverNoMoreThanTheDotsCanShow) {
+TEST(ReducedCurve, DrawsNoMoreThanTheDotsCanShow) {
     TestSurface surface({310, 190});
     const std::vector<Colour> colours = {GREEN, BLUE, RED};
     std::vector<double> times;

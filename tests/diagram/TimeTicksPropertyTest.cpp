@@ -53,7 +53,7 @@ std::vector<TimeAxis> simplerAxes(const TimeAxis& axis) {
     return simpler;
 }
 
-TEST(TimeTicksProperties, EveryLabelStandsRightOfTheOneBeforeByTheLeastDistance) {
+TEST(TimeTicksProperties, EachLabelKeepsTheMinimumDistanceFromThePreviousOne) {
     int labels = 0;
     const auto check = [&labels](const TimeAxis& axis) -> std::string {
         constexpr double ROUNDING = 2e-3; // of a dot

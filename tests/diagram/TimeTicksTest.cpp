@@ -100,7 +100,7 @@ TEST(TimeTicks, TheSlashIsTheLocalesDateSeparator) {
     EXPECT_EQ(labelsOf(ticksOf(DAY, 400, 150, texts)), "1-2024|7-2024|2-2025");
 }
 
-TEST(TimeTicks, ShortTicksStandBetweenLabels) {
+TEST(TimeTicks, ShortTicksAreBetweenLabels) {
     const auto ticks = ticksOf(DAY, 1, 960); // 10 pixels a step
     ASSERT_EQ(ticks.size(), 97U);
     for (std::size_t i = 0; i < ticks.size(); ++i) {

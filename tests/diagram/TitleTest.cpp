@@ -37,7 +37,7 @@ class DayDiagram : public TestDiagram {
     }
 };
 
-TEST(Titles, StandCentredOnTheirBand) {
+TEST(Titles, AreCentredOnTheirBand) {
     DayDiagram diagram;
     diagram.setHeadLine("Station Süd");              // 11 bold characters
     diagram.setHeadLine2("Windrichtung 01.01.2024"); // 23 plain ones
@@ -101,7 +101,7 @@ TEST(Unit, EndsAtTheLeftMargin) {
     }
 }
 
-TEST(Captions, StandAtTheirAxes) {
+TEST(Captions, AreAtTheirAxes) {
     const struct {
         const char* text;
         std::vector<std::string> left, right; // besides the labels
@@ -134,7 +134,7 @@ TEST(Captions, StandAtTheirAxes) {
     }
 }
 
-TEST(Footnote, StandsBelowThePlot) {
+TEST(Footnote, IsBelowThePlot) {
     DayDiagram diagram;
     diagram.setFussnote("Werte ungeprüft");
     TestSurface surface;
@@ -259,7 +259,7 @@ TEST(Captions, OnesThatWouldOverlapAreShortenedBeforeTheirUnits) {
     EXPECT_THAT(captionsAt(70 + 20 + 16 * 6, WIND_AND_DUST), ElementsAre("W… [m/s]", "… [µg/m³]"));
 }
 
-TEST(Total, BearsTheUnitAndStandsOnItsGround) {
+TEST(Total, HasTheUnitAndABackgroundOfItsOwn) {
     constexpr Colour PAPER = 0xABCDEF;
     DayDiagram diagram;
     diagram.setDiagTyp(2);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The name of a print job: station, subject and days, within its length.
 #include "drawing/JobName.h"
 
 #include <gtest/gtest.h>
@@ -39,7 +40,7 @@ TEST(JobName, SaysStationSubjectAndDays) {
         {"Kläranlage Nord", "", {DAY, DAY + 1}, "Kläranlage Nord – 18.06.2026"},
         {"", "", {DAY, DAY + 1}, "18.06.2026"},
         {"Nord", "Staub", {DAY, DAY}, "Nord – Staub – 18.06.2026"},     // an empty range
-        {"Nord", "Staub", {DAY, DAY - 2}, "Nord – Staub – 18.06.2026"}, // a turned one
+        {"Nord", "Staub", {DAY, DAY - 2}, "Nord – Staub – 18.06.2026"}, // a reversed one
         {"Nord\n", "Sta\tub", {DAY, DAY + 1}, "Nord  – Sta ub – 18.06.2026"},
     };
     for (const Case& c : cases) {

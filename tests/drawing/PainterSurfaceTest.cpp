@@ -146,7 +146,7 @@ class PainterSurfaceTest : public QObject {
         QVERIFY(two.textExtent("µg/m³").width < two.textExtent("µg/m³µ").width);
     }
 
-    void textStandsRightBelowItsCorner() {
+    void textIsRightBelowItsCorner() {
         QImage image(60, 40, QImage::Format_RGB32);
         Extent extent;
         {

@@ -121,7 +121,7 @@ class PrintWithoutCupsTest : public QObject {
         QCOMPARE(cups_->allJobs(), std::size_t(0));
     }
 
-    void aFileIsWrittenAsEver() {
+    void aFileIsWrittenAsUsual() {
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("Bericht.pdf"));
         PrintJob job;

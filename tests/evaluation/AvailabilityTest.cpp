@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How complete a reading is, worked through by hand.
+// How complete a reading is, computed by hand.
 #include "tests/evaluation/MadeReadings.h"
 
 #include <gtest/gtest.h>

@@ -54,7 +54,7 @@ inline double madeSpeed(Numbers& numbers) {
     return numbers.oneIn(4) ? numbers.oneOf(AWKWARD) : numbers.between(0.1, 14);
 }
 
-/// A reading with gaps for up to `most` intervals of a request.
+/// A reading with gaps for up to `maxCount` intervals of a request.
 inline std::vector<IntervalReading> madeReading(Numbers& numbers, const EvaluationRequest& request,
                                                 std::int64_t maxCount) {
     std::vector<IntervalReading> reading;

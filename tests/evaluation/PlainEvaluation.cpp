@@ -171,12 +171,12 @@ Exceedances exceedancesOf(const EvaluationRequest& request, const std::vector<Pl
     for (const auto& episode : episodes) {
         if (episode.size() > longest) {
             longest = episode.size();
-            const Plain& most =
+            const Plain& highest =
                 *std::max_element(episode.begin(), episode.end(),
                                   [](const Plain& a, const Plain& b) { return a.value < b.value; });
             found.longestEpisode = {episode.front().start,
                                     addMinutes(episode.back().start, request.interval),
-                                    {most.value, most.start}};
+                                    {highest.value, highest.start}};
         }
     }
     return found;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Statistics worked through by hand, awkward values first.
+// Statistics computed by hand, awkward values first.
 #include "evaluation/Statistics.h"
 
 #include "evaluation/CompensatedSum.h"
@@ -111,7 +111,7 @@ TEST(Statistics, SumsAndDeviationsOfHugeAndTinyValues) {
     EXPECT_EQ(close.deviation, 1);
 }
 
-TEST(Statistics, PercentilesStandAtWholePositionsExactly) {
+TEST(Statistics, PercentilesAtWholePositionsAreExact) {
     std::vector<double> values(101);
     std::iota(values.begin(), values.end(), 0.0);
     std::reverse(values.begin(), values.end());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Mean winds and the table of directions, worked through by hand.
+// Mean winds and the table of directions, computed by hand.
 #include "evaluation/WindStatistics.h"
 
 #include "tests/evaluation/MadeReadings.h"

@@ -39,9 +39,9 @@ void checkStation(const StationConfig& station) {
 /// Other bytes in all places that no reader looks at.
 std::string withOtherRest(std::string record) {
     record.replace(REST_AT, RECORD_SIZE - REST_AT, RECORD_SIZE - REST_AT, '\xFF');
-    constexpr std::size_t BEHIND_NAME = SLOT_NAME_AT + SLOT_NAME_SIZE;
+    constexpr std::size_t AFTER_NAME = SLOT_NAME_AT + SLOT_NAME_SIZE;
     for (std::size_t slot = SLOTS_AT; slot < REST_AT; slot += SLOT_SIZE) {
-        record.replace(slot + BEHIND_NAME, SLOT_SIZE - BEHIND_NAME, SLOT_SIZE - BEHIND_NAME, '\xFF');
+        record.replace(slot + AFTER_NAME, SLOT_SIZE - AFTER_NAME, SLOT_SIZE - AFTER_NAME, '\xFF');
     }
     return record;
 }

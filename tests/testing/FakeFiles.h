@@ -26,7 +26,7 @@ struct FakeFile {
     std::uint64_t failsAt = std::numeric_limits<std::uint64_t>::max();
     /// Reading after failsAt throws instead of coming back short.
     bool throws = false;
-    /// What readError() says after it; none as when the file has become shorter.
+    /// What readError() returns after that; empty when the file has merely become shorter.
     std::optional<std::errc> error = {};
 };
 

@@ -9,7 +9,7 @@
 
 namespace kelvrum::testing {
 
-/// No file may become longer while this lives; more is refused as too large.
+/// While this lives no file may become longer than `bytes`; a write beyond that fails as too large.
 class FileSizeLimit {
   public:
     explicit FileSizeLimit(rlim_t bytes)

@@ -29,7 +29,7 @@ struct PrintedPage {
 /// The pages of a document. All functions throw std::runtime_error when it cannot be read.
 std::vector<PrintedPage> printedPages(const QString& path);
 
-/// A page as a picture of this many dots for a millimetre. Pages count from 0.
+/// A page as a picture of this many dots per millimetre. Pages count from 0.
 QImage picturedPage(const QString& path, int page, int dotsPerMillimetre);
 
 /// The lines that list a document's pictures, and those that list its fonts.

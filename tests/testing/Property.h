@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Properties that hold for every input: tried with many made inputs, and told with a small one that breaks
-// them.
+// Properties that hold for every input: tried with many generated inputs; a failure is reported with a small
+// input that breaks them.
 //
 // A test passes its own seed and count. The environment variables KELVRUM_PROPERTY_SEED and
 // KELVRUM_PROPERTY_COUNT take their place, to try others or to see one failed case again.
@@ -109,10 +109,10 @@ std::string findingOf(const Value& value, Check check) {
     }
 }
 
-/// Makes `count` values with generate(Numbers&) and asks check(value), which gives an empty text or what is
-/// wrong. A value that breaks the property is made smaller as long as one of shrink(value) breaks it too.
-/// Gives an empty text, or the finding with the value (where it can be written to a stream) and how to see it
-/// again.
+/// Makes `count` values with generate(Numbers&) and calls check(value), which returns an empty text or what
+/// is wrong. A value that breaks the property is made smaller as long as one of shrink(value) breaks it too.
+/// Returns an empty text, or the finding with the value (where it can be written to a stream) and how to see
+/// it again.
 template<typename Generate, typename Shrink, typename Check>
 std::string forAll(std::uint64_t seed, std::uint64_t count, Generate generate, Shrink shrink, Check check) {
     constexpr int MAX_TRIES = 3000; // at making a value smaller

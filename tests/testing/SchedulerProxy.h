@@ -13,7 +13,7 @@
 namespace kelvrum::testing {
 
 /// Listens on a socket in a thread of its own and passes everything on to a scheduler. A question is one
-/// request of HTTP.
+/// HTTP request.
 class SchedulerProxy {
   public:
     enum class End {
@@ -32,7 +32,7 @@ class SchedulerProxy {
     SchedulerProxy& operator=(const SchedulerProxy&) = delete;
     ~SchedulerProxy();
 
-    /// Counts from 0 again, and passes everything on again. Connections of before are ended.
+    /// Counts from 0 again, and passes everything on again. Earlier connections are closed.
     void begin();
     /// The same, but ends in this way when question `question`, from 1 on, arrives. Neither this nor a later
     /// one reaches the scheduler.

@@ -129,7 +129,7 @@ TEST(SampleWeather, StaysInBelievableBounds) {
         double lowest;
         double highest;
         double minMean;
-        double greatestMean;
+        double maxMean;
     } cases[] = {
         {VERTICAL_WIND, -2.3, 2.3, -0.1, 0.1},
         {WIND_DIRECTION, 1, 360, 120, 240},
@@ -151,7 +151,7 @@ TEST(SampleWeather, StaysInBelievableBounds) {
         EXPECT_GE(statistics.lowest, wanted.lowest);
         EXPECT_LE(statistics.highest, wanted.highest);
         EXPECT_GE(statistics.mean(), wanted.minMean);
-        EXPECT_LE(statistics.mean(), wanted.greatestMean);
+        EXPECT_LE(statistics.mean(), wanted.maxMean);
         EXPECT_GT(statistics.marked, 20);
         EXPECT_LT(statistics.marked, 2000);
     }

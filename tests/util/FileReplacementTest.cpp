@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Replacing files as a whole: rights, links, reasons, and what killed programs have left.
+// Replacing files as a whole: permissions, links, reasons, and leftovers of killed programs.
 #include "util/FileReplacement.h"
 
 #include "tests/testing/FileContent.h"
@@ -47,19 +47,19 @@ TEST(FileReplacement, MakesAFileThatIsNotThere) {
     EXPECT_EQ(filesIn(folder.base()), (Names{"Bloss.bin", "Neu.bin"}));
 }
 
-TEST(FileReplacement, KeepsRightsAndLinks) {
+TEST(FileReplacement, KeepsPermissionsAndLinks) {
     const TempFolder folder;
-    for (const auto rights :
+    for (const auto permissions :
          {fs::perms::owner_read | fs::perms::owner_write,
           fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_write | fs::perms::others_read}) {
         const std::string real = folder.write("daheim/Datei.bin", "old");
-        fs::permissions(real, rights);
+        fs::permissions(real, permissions);
         fs::remove(folder.at("Verweis.bin"));
         fs::create_symlink("daheim/Datei.bin", folder.at("Verweis.bin"));
         EXPECT_FALSE(replaceFile(folder.at("Verweis.bin"), bytesOf("new")));
         EXPECT_TRUE(fs::is_symlink(folder.at("Verweis.bin")));
         EXPECT_EQ(contentOf(real), "new");
-        EXPECT_EQ(fs::status(real).permissions(), rights);
+        EXPECT_EQ(fs::status(real).permissions(), permissions);
         EXPECT_EQ(filesIn(folder.at("daheim")), Names{"Datei.bin"});
     }
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Real files behind the reading interface: what is opened, and reads at and after the end.
+// Real files through the reading interface: what is opened, and reads at and after the end.
 #include "util/FileSource.h"
 
 #include "tests/testing/OrdinaryUser.h"

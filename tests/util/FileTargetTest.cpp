@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Real files behind the writing interface: what is opened or created, and writes at, in and after the end.
+// Real files through the writing interface: what is opened or created, and writes at, in and after the end.
 #include "util/FileTarget.h"
 
 #include "tests/testing/FileContent.h"

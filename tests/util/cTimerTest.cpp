@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The stopwatch on a counter made for the test.
 #include "util/cTimer.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +14,7 @@ CounterSource readings(std::vector<std::int64_t> values, std::int64_t frequency)
     return {[values, next = std::size_t{0}]() mutable { return values.at(next++); }, frequency};
 }
 
-TEST(cTimer, BeforeStartAndHaltTheRunTimeIsTheNegativeOverhead) {
+TEST(cTimer, IsZeroBeforeStartAndRightAfterCalibrating) {
     const cTimer fresh(readings({}, 1000));
     EXPECT_EQ(fresh.RunTime(), 0);
     cTimer calibrated(readings({100, 103}, 1000));
