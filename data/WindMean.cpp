@@ -50,7 +50,7 @@ struct ArctangentOf {
     double operator()(double tangent) const { return std::atan(tangent); }
 };
 
-/// The least of several fractions, without a division for each.
+/// The smallest of several fractions, without a division for each.
 struct Fraction {
     double part = 1;
     double whole = 1;
@@ -120,10 +120,9 @@ class WindVectors {
     /// From one vector for each minute to one for each block.
     void addUp(std::size_t minutes, std::size_t blocks) {
         // The recursion takes the direction from an arcsine, which is coarse close to east and west, and what
-        // it loses there grows where the vectors nearly cancel. A block goes the recursion's own way when the
-        // least part that y has of the length and the least part that the length has of all magnitudes,
-        // multiplied, come below a hundred-thousandth; so does one whose squares are too small to be
-        // compared.
+        // it loses there grows where the vectors nearly cancel. A block falls back to the recursion when the
+        // product of two ratios, each the smallest in the block (y to the length, the length to the sum of
+        // the magnitudes), is a hundred-thousandth or less, or when its squares are too small to compare.
         constexpr double COARSE = 1e-10; // squared
         constexpr double SMALLEST_SQUARE = 1e-140;
         for (std::size_t block = 0; block < blocks; ++block) {
@@ -132,7 +131,7 @@ class WindVectors {
             double speed = NOT_USED;
             Fraction besideEastWest; // squared, as the next one
             Fraction left;           // of the magnitudes
-            double leastSquare = 1;
+            double smallestSquare = 1;
             for (std::size_t i = block * minutes; i < (block + 1) * minutes; ++i) {
                 if (speed_[i] == NOT_USED) {
                     continue;
@@ -143,10 +142,10 @@ class WindVectors {
                 const double square = x * x + y * y;
                 besideEastWest.lower(y * y, square);
                 left.lower(square, speed * speed);
-                leastSquare = std::min(leastSquare, square);
+                smallestSquare = std::min(smallestSquare, square);
             }
             const bool precise = besideEastWest.part * left.part > COARSE * besideEastWest.whole * left.whole;
-            if (!precise || !(leastSquare > SMALLEST_SQUARE)) {
+            if (!precise || !(smallestSquare > SMALLEST_SQUARE)) {
                 speed = speed == NOT_USED ? NOT_USED : DOUBTFUL;
             }
             x_[block] = x;
@@ -238,9 +237,9 @@ void WindMeans::of(std::span<const double> directions, std::span<const double> s
     }
     constexpr std::size_t PIECE_MINUTES =
         1024; // processed together, so that they stay in the processor's cache
-    const std::size_t most = std::max<std::size_t>(PIECE_MINUTES / std::max<std::size_t>(minutes, 1), 1);
-    for (std::size_t block = 0; block < results.size(); block += most) {
-        const std::size_t blocks = std::min(most, results.size() - block);
+    const std::size_t maxBlocks = std::max<std::size_t>(PIECE_MINUTES / std::max<std::size_t>(minutes, 1), 1);
+    for (std::size_t block = 0; block < results.size(); block += maxBlocks) {
+        const std::size_t blocks = std::min(maxBlocks, results.size() - block);
         memory_->means(directions.subspan(block * minutes, blocks * minutes),
                        speeds.subspan(block * minutes, blocks * minutes), minutes,
                        results.subspan(block, blocks));

@@ -88,7 +88,7 @@ std::string formatNumber(double v, std::string_view format, const LocaleTexts& t
 std::string formatDateTime(DateTime t, std::string_view format, const LocaleTexts& texts) {
     const CalendarTime parts = shownTime(t);
     std::string text;
-    bool behindHours = false;
+    bool afterHours = false;
     for (std::size_t at = 0; at < format.size();) {
         const char letter = format[at];
         const std::size_t end = std::min(format.find_first_not_of(letter, at), format.size());
@@ -98,7 +98,7 @@ std::string formatDateTime(DateTime t, std::string_view format, const LocaleText
             appendPadded(text, parts.day, count);
             break;
         case 'm':
-            appendPadded(text, behindHours ? parts.minute : parts.month, count);
+            appendPadded(text, afterHours ? parts.minute : parts.month, count);
             break;
         case 'y':
             appendPadded(text, count > 2 ? parts.year : parts.year % 100, count);
@@ -117,7 +117,7 @@ std::string formatDateTime(DateTime t, std::string_view format, const LocaleText
         default:
             text.append(format.substr(at, count));
         }
-        behindHours = letter == 'h' || (behindHours && letter == ':');
+        afterHours = letter == 'h' || (afterHours && letter == ':');
         at = end;
     }
     return text;

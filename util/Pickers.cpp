@@ -296,12 +296,12 @@ void DatePicker::mousePressEvent(QMouseEvent* event) {
     }
 }
 
-/// The toolkit folds the calendar out for the mouse alone: the keys press the arrow.
+/// The toolkit opens the calendar for the mouse alone: the keys press the arrow.
 void DatePicker::keyPressEvent(QKeyEvent* event) {
-    const bool folds =
+    const bool opens =
         (event->key() == Qt::Key_F4 && event->modifiers() == Qt::NoModifier) ||
         (event->key() == Qt::Key_Down && (event->modifiers() & ~Qt::KeypadModifier) == Qt::AltModifier);
-    if (!folds || isReadOnly()) {
+    if (!opens || isReadOnly()) {
         TypedPicker<QDateEdit>::keyPressEvent(event);
         return;
     }

@@ -79,7 +79,7 @@ SectionTyping::SectionTyping(std::string_view format) {
         before.clear();
         i = std::min(format.find_first_not_of(format[i], i), format.size());
     }
-    behind_ = before;
+    after_ = before;
 }
 
 void SectionTyping::begin(std::string_view shown, std::size_t section) {
@@ -130,7 +130,7 @@ bool SectionTyping::matches(const std::vector<std::size_t>& lengths) const {
 void SectionTyping::typeOne(char c) {
     if (!isDigit(c)) {
         if (!movedOn_ && !fresh_) {
-            handOver();
+            moveOn();
         }
         movedOn_ = false;
         return;
@@ -148,7 +148,7 @@ void SectionTyping::typeOne(char c) {
         text += c;
     }
     if (isFull() && section_ + 1 < sections_.size()) {
-        handOver();
+        moveOn();
         movedOn_ = true;
     }
 }
@@ -206,7 +206,7 @@ std::string SectionTyping::text() const {
     for (const Section& one : sections_) {
         text += one.before + one.text;
     }
-    return text + behind_;
+    return text + after_;
 }
 
 std::size_t SectionTyping::sectionStart() const {
@@ -240,7 +240,7 @@ bool SectionTyping::isFull() const {
            (now.unit != Unit::year && now.text[0] > lastFirstDigit(now.unit));
 }
 
-void SectionTyping::handOver() {
+void SectionTyping::moveOn() {
     if (section_ + 1 < sections_.size()) {
         goTo(section_ + 1);
     } else {

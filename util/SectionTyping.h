@@ -65,10 +65,10 @@ class SectionTyping {
     void typeOne(char c);
     void goTo(std::size_t section);
     [[nodiscard]] bool isFull() const;
-    void handOver();
+    void moveOn();
 
     std::vector<Section> sections_;
-    std::string behind_; // the text after the last section
+    std::string after_; // the text after the last section
     std::size_t section_ = 0;
     bool fresh_ = true;
     bool movedOn_ = false; // automatically, and the separator may still be typed
