@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The forms of a station's configuration: one row each for the name of its file, its reader and what a
-// station of it has.
+// The forms of a station's configuration: one row each with its file name, its reader and the properties of
+// its stations.
 #pragma once
 
 #include "config/StationConfig.h"
@@ -28,8 +28,8 @@ struct ConfigForm {
     ConfigKind kind;
     std::string_view fileName;    // found in any case of letters
     std::string_view description; // of such files, in the file dialog
-    /// Fills a station that has its Kind and BaseFolder from the file of a path. A file that cannot be read
-    /// leaves it as it is.
+    /// Fills a station that has nothing but its Kind and BaseFolder from the file at `path`. It gets nothing
+    /// more when the file cannot be read.
     void (*read)(std::string_view path, StationConfig& station, const FileOpener& open);
     DataPlace dataPlace;
     DataFiles dataFiles;

@@ -25,7 +25,7 @@ class ChannelMinutes {
     const std::vector<bool>& present(std::int64_t first, std::size_t count);
 
   private:
-    /// What of it cannot be read is 0, that is missing.
+    /// Minutes that cannot be read become 0, that is missing.
     void fetch(FileSource* file, std::int64_t first, std::vector<double>& values) const;
 
     std::unique_ptr<FileSource> file_;

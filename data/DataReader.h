@@ -38,7 +38,7 @@ class DataReader {
                         const std::function<void(std::span<const IntervalValue>)>& showValues,
                         const ReadingStep& step);
 
-    /// The series of a diagram, by the reader below that the station's form asks for.
+    /// The series of a diagram: readDayDiagram or readDiagram, depending on the station's form.
     ReadStatus readSeries(const StationConfig& station, const ReadRequest& request,
                           const DiagramSettings& settings, DiagramFeed& diagram, const ReadingStep& step);
 

@@ -22,7 +22,8 @@ namespace {
 /// always in time order: they are stored in sequence then.
 class Intervals {
   public:
-    /// Of so many minutes each, counted from the minute `first`; `expected` of them have room at once.
+    /// Intervals of `minutes` minutes each, from the minute `first` on; reserves memory for `expected` of
+    /// them.
     Intervals(std::int64_t first, std::int32_t minutes, std::size_t expected)
         : first_(first)
         , minutes_(minutes)
@@ -100,7 +101,7 @@ void addMaximum(DayInterval& interval, double v) {
     }
 }
 
-/// The intervals that so many days can have, at most those of a year.
+/// The number of intervals that this many days can have, limited to a year.
 std::size_t intervalsOf(std::size_t days, std::int32_t minutes) {
     constexpr std::size_t YEAR = 366;
     return std::min(days, YEAR) * static_cast<std::size_t>((MINUTES_PER_DAY - 1) / minutes + 1) + 1;

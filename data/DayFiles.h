@@ -30,7 +30,7 @@ struct DayInterval {
     double mean = 0;
     double minimum = 0;
     double maximum = 0;
-    std::int64_t present = 0; // records that the mean is of
+    std::int64_t present = 0; // number of records averaged
 };
 
 /// Reads one channel over a range: the records from the start (inclusive) to the end (exclusive), both to the

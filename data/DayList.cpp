@@ -39,7 +39,7 @@ std::map<std::string, std::vector<std::string>> byDate(const std::vector<std::st
     return result;
 }
 
-/// Days that a range touches, at most those of a year.
+/// The length of a range in days, rounded up, from 1 to 366.
 std::size_t daysOf(const TimeRange& range) {
     constexpr double YEAR = 366;
     return static_cast<std::size_t>(std::clamp(std::ceil(range.to - range.from), 1.0, YEAR));

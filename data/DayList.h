@@ -37,7 +37,7 @@ class DayRows {
 
     [[nodiscard]] bool empty() const { return times_.empty(); }
     [[nodiscard]] std::size_t count() const { return times_.size(); }
-    /// Values of a row.
+    /// The number of values per row.
     [[nodiscard]] std::size_t channels() const { return channels_; }
     [[nodiscard]] std::span<const DateTime> times() const { return times_; }
 

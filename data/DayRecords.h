@@ -56,7 +56,7 @@ class DayDecoder {
 /// Reads the day files of one station, piece by piece into memory that serves all of them.
 class DayRecordReader {
   public:
-    /// Of a station whose records have so many bytes.
+    /// For a station whose records are `recordSize` bytes long.
     explicit DayRecordReader(std::size_t recordSize);
 
     /// Passes the records of a file to `consume(const DayRecord&)`, from its start to its end. Records with

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a reading is asked to read, what it delivers and how it ends.
+// The request, the results and the status of a reading.
 #pragma once
 
 #include "util/DateTime.h"

@@ -13,7 +13,7 @@
 
 namespace kelvrum {
 
-/// The years that a channel of the ini form has files of, ascending.
+/// The years for which a channel of the ini form has files, ascending.
 std::vector<int> yearsWithFile(const StationConfig& station, std::int32_t channel);
 
 /// Whether the channel has any file: a year's file, or in the binary form any day file.
@@ -27,7 +27,7 @@ struct StoredTime {
     std::optional<DateTime> time; // nothing: the channel has no value
 };
 
-/// Nothing when a step gave the search up. Files are read in pieces from the end that is looked for; one that
+/// Nothing when a step gave the search up. Files are read in pieces, starting at the requested end; one that
 /// cannot be read has no values.
 std::optional<StoredTime> findStored(const StationConfig& station, std::int32_t channel, StoredEnd end,
                                      const FileOpener& open, const ReadingStep& step);

@@ -17,7 +17,7 @@ std::optional<TimeRange> cutAtNewYear(const TimeRange& range);
 /// What is known about a view. The lookups are made only while it has no values.
 struct ViewFacts {
     TimeRange range;
-    bool dayFiles = false; // they know no end of the year
+    bool dayFiles = false; // reading them does not stop at the end of the year
     bool hasFile = true;
     bool hasValues = true;
     std::optional<DateTime> lastStored; // the channel's last value anywhere

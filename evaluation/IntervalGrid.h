@@ -17,7 +17,8 @@ DateTime unitStart(DateTime t, CalendarUnit unit);
 /// All intervals that begin in a range (its start included, its end excluded) and not after `now`.
 class IntervalGrid {
   public:
-    /// An interval below 1 minute, an end that does not lie after the start, and what is no date give none.
+    /// There are none when the interval is below 1 minute, the end is not after the start, the start is not
+    /// finite, or a time is NaN.
     IntervalGrid(const TimeRange& range, std::int32_t interval, DateTime now);
 
     [[nodiscard]] std::int64_t count() const { return count_; }

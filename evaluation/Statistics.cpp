@@ -69,7 +69,7 @@ void sortPercentiles(std::span<double> values, std::span<const std::size_t> perc
 }
 
 double percentile(std::span<const double> values, std::size_t percent) {
-    // In whole numbers the position is exact: as doubles, 0.05 · 100 is not exactly 5.
+    // In whole numbers the position and its fraction are exact.
     const std::size_t position = (values.size() - 1) * percent;
     const std::size_t rank = position / WHOLE;
     const auto part = static_cast<double>(position % WHOLE) / static_cast<double>(WHOLE);

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Check boxes and options for readers of the screen.
+// Check boxes and option buttons for screen readers.
 #pragma once
 
 namespace kelvrum {
 
-/// Lets a screen reader click the check boxes and options of the program. The toolkit's own interface would
-/// only set them, as the program itself does, and nothing would follow. Call it before anything
-/// looks at a window from outside.
+/// Lets a screen reader click the check boxes and option buttons of the program. The toolkit's own interface
+/// would only set them, as the program itself does, and nothing would follow. Call it before a screen reader
+/// looks at a window.
 void makeButtonsClickable();
 
 } // namespace kelvrum

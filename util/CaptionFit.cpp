@@ -119,7 +119,7 @@ bool fits(const Caption& caption, const QFont& font) {
     });
 }
 
-/// The greatest size, at most the font's own, in which a caption fits.
+/// The largest size, up to the font's own, in which a caption fits; MIN_PIXELS when there is none.
 int fittingPixels(const Caption& caption, QFont font) {
     int pixels = pixelsOf(font);
     while (pixels > MIN_PIXELS && !fits(caption, font)) {

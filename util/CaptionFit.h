@@ -7,8 +7,9 @@ class QWidget;
 namespace kelvrum {
 
 /// Gives every label, button, check box, option button, frame title, picker and choice in `window` whose text
-/// is wider than its place a smaller font, in which it fits; those of one kind in one frame stay alike. A
-/// control whose text fits is not changed. Call it once, when the controls have their texts and places.
+/// is wider than its place a smaller font in which it fits, but none below 6 pixels; controls of one kind in
+/// one frame get the same size. If all of their texts fit, they are not changed. Call it once, when the
+/// controls have their texts and places.
 void fitCaptions(QWidget& window);
 
 } // namespace kelvrum

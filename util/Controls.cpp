@@ -59,7 +59,7 @@ void followScreenReader(QComboBox& choice) {
     QItemSelectionModel* marked = list->selectionModel();
     const auto follow = [&choice, list, marked](const QItemSelection& selected) {
         const QModelIndexList rows = selected.indexes();
-        // While the list is unfolded, marking a row is not yet choosing it.
+        // While the list is open, marking a row is not yet choosing it.
         if (rows.isEmpty() || list->isVisible() || !choice.isEnabled() ||
             rows.first().row() == choice.currentIndex()) {
             return;

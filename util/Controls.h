@@ -30,10 +30,10 @@ std::optional<double> numberIn(const QLineEdit& field);
 void showNumber(QLineEdit& field, double v);
 
 /// The wheel changes a picker or a choice only while it has the focus, not while the user scrolls past it,
-/// and does not bring it the focus.
+/// and does not give it the focus.
 void ignorePassingWheel(QWidget& control);
 
-/// A row that a screen reader selects in the folded list of a choice is chosen as if by the user; the toolkit
+/// A row that a screen reader selects in a closed drop-down list is chosen as if by the user; the toolkit
 /// alone would only mark it.
 void followScreenReader(QComboBox& choice);
 

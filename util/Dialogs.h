@@ -36,7 +36,7 @@ class Dialogs {
     /// A message with an OK button.
     virtual void message(QWidget* parent, const QString& text, const QString& title);
 
-    /// A question with the answers "Ja" and "Nein"; Nein is the answer of the enter key.
+    /// A question with the answers "Ja" and "Nein": true for Ja. The enter and escape keys answer Nein.
     virtual bool ask(QWidget* parent, const QString& text, const QString& title);
 
     /// The name of a PDF file to be written, `proposed` being offered; an empty text when the user cancels.

@@ -7,8 +7,8 @@
 
 namespace kelvrum {
 
-/// The system's words for an error, as messages to the user name it. UTF-8: the windowing toolkit sees to it
-/// that the system's texts are.
+/// The system's description of an error, for messages to the user. UTF-8: the windowing toolkit sets such a
+/// locale.
 inline std::string errorText(const std::error_code& error) { return error.message(); }
 
 } // namespace kelvrum

@@ -13,9 +13,9 @@
 namespace kelvrum {
 
 /// Gives the file of a station path new contents: they are written next to it, and replace it when they
-/// are complete and on the disk, with its permissions; a link is kept. When anything fails the old file stays
-/// as it was; the result is the system's reason, and empty after success. A write-protected file is not
-/// replaced.
+/// are complete and on the disk, with its permissions; a link to an existing file is kept. When anything
+/// fails the old file stays as it was; the result is the system's reason, and empty after success. A
+/// write-protected file is not replaced.
 [[nodiscard]] std::error_code replaceFile(std::string_view path, std::span<const std::byte> bytes);
 
 /// The same for contents that the caller writes: into `fresh`, a file in the target's folder. It takes the

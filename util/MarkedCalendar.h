@@ -13,7 +13,7 @@ namespace kelvrum {
 /// What a day is marked with, at the foot of its cell. The toolkit's look of the day stays.
 enum class DayMark { none, empty, half, full };
 
-/// Marks the days of the month that is shown. The owner sets the marks when the calendar is folded out or
+/// Marks the days of the month that is shown. The owner sets the marks when the calendar opens or
 /// turns to another month. The text of the selected day is the calendar's accessible description too, and its
 /// tool tip appears while keys move the selection.
 class MarkedCalendar : public QCalendarWidget {
@@ -27,7 +27,7 @@ class MarkedCalendar : public QCalendarWidget {
 
     explicit MarkedCalendar(QWidget* parent = nullptr);
 
-    /// The marks of one month; those of all others go.
+    /// Sets the marks of one month and removes all others.
     void setMarks(const std::map<QDate, Mark>& marks);
     [[nodiscard]] DayMark markOf(const QDate& day) const;
 

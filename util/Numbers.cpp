@@ -25,8 +25,8 @@ struct Scanned {
     std::size_t length = 0; // characters used; 0 = no number
 };
 
-/// Tells of a number without sign whether it is too small or too large, once it is known to be one of them:
-/// the place of its first digit that counts, moved by the exponent, lies after the point.
+/// For an unsigned number that no double can hold: true when it is too small, false when it is too large. It
+/// is too small when its first non-zero digit, moved by the exponent, lies after the point.
 bool isBelowOne(std::string_view number) {
     const std::size_t e = std::min(number.find_first_of("eE"), number.size());
     const std::string_view mantissa = number.substr(0, e);

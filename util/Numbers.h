@@ -25,8 +25,8 @@ double roundHalfEven(double v);
 std::optional<std::int32_t> roundToInt32(double v);
 
 /// The shortest text of v with at most 15 significant digits: without an exponent from 1e-15 up to (not
-/// including) 1e15 in magnitude ("0.0333333333333333"), with one beyond ("1e15"). "nan" and "inf" for what is
-/// no number.
+/// including) 1e15 in magnitude ("0.0333333333333333"), with one beyond ("1e15"). NaN and
+/// infinities give "nan", "inf" and "-inf".
 std::string plainNumber(double v);
 
 /// The double that is written like a float, with no more digits than it has: 0.1F gives 0.1.

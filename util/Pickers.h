@@ -55,7 +55,7 @@ class TypedPicker : public Edit {
 extern template class TypedPicker<QDateEdit>;
 extern template class TypedPicker<QTimeEdit>;
 
-/// A date with a calendar to fold out, by a click on its arrow, F4 or Alt+Down, which may be walked through
+/// A date with a calendar that opens by a click on its arrow, F4 or Alt+Down and may be walked through
 /// with keys: what is chosen there is one change. A typed date that does not exist (31.02.2026) is discarded,
 /// the old one stays.
 class DatePicker : public TypedPicker<QDateEdit> {

@@ -32,7 +32,7 @@ class cTimer {
     [[nodiscard]] double RunTime() const;
 
     /// A counter reading as a double, from its two signed 32-bit halves. A negative half is raised by 2^32 +
-    /// 1, on purpose: such a half converts one tick too high.
+    /// 1, on purpose: the low half then converts one tick too high, the high half 2^32 ticks.
     static double countAsDouble(std::int64_t count);
 
   private:
