@@ -5,12 +5,12 @@
 #include "util/Paths.h"
 #include "util/Text.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kelvrum {

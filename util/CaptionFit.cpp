@@ -9,13 +9,11 @@
 #include <QFontMetrics>
 #include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QRadioButton>
 #include <QStringList>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
-#include <QStyleOptionGroupBox>
 #include <QStyleOptionSpinBox>
 #include <algorithm>
 #include <map>

@@ -3,7 +3,6 @@
 
 #include "util/Paths.h"
 
-#include <algorithm>
 #include <random>
 #include <string>
 #include <utility>

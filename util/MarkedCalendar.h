@@ -5,7 +5,6 @@
 #include <QCalendarWidget>
 #include <QDate>
 #include <QString>
-#include <functional>
 #include <map>
 
 namespace kelvrum {
