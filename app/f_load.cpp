@@ -121,7 +121,7 @@ bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
     PolarSys& KS = view_->diagram();
     DataListModel& rows = view_->rows();
     rows.clear();
-    if (formOf(station_).dataFiles == DataFiles::byDay) {
+    if (hasDayFiles(station_)) {
         return reader_.readSeries(station_, request, diagramSettings(), KS, step) == ReadStatus::complete &&
                FillListVarn(request.range, step);
     }

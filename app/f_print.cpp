@@ -17,6 +17,7 @@
 #include "drawing/PrintWait.h"
 #include "util/BusyPointer.h"
 
+#include "config/ConfigForms.h"
 #include <QCoreApplication>
 #include <QPrinter>
 #include <exception>
@@ -99,7 +100,7 @@ void f::printDiagram() {
 
 std::string f::nameOfView() const {
     const ChannelInfo& channel = station_.ChannelTable.at(selChan->channel());
-    const bool allChannels = !optView->isDiagramChosen() && station_.Kind == ConfigKind::binary;
+    const bool allChannels = !optView->isDiagramChosen() && hasDayFiles(station_);
     return jobName(station_.Title, allChannels ? "Datenliste" : channel.Name, range(), environment_.texts);
 }
 
@@ -188,7 +189,7 @@ void f::printList() {
     table.rowText = [&rows](std::size_t row) { return rows.text(row); };
     table.note = "Zeit: Beginn des Intervalls, ohne Sommerzeit";
     table.foot = shownRange(range());
-    if (station_.Kind != ConfigKind::binary) { // whose list shows the records themselves
+    if (!hasDayFiles(station_)) { // whose list shows the records themselves
         table.foot += ", Intervall: " + interval_->caption().toStdString();
     }
     table.foot += ", gedruckt am " + printingDate();

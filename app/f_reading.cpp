@@ -19,6 +19,7 @@
 #include "util/Pickers.h"
 #include "util/VectorRegisters.h"
 
+#include "config/ConfigForms.h"
 #include <QAction>
 #include <QCoreApplication>
 #include <QTimer>
@@ -74,8 +75,8 @@ ReadoutSeries f::seriesOf(std::int32_t channel) const {
 void f::nameSeries() {
     const ReadoutSeries series = seriesOf(selChan->channel());
     overlay_->setSeries(series, secondSeries());
-    view_->list().setValueHeader(
-        station_.Kind == ConfigKind::binary ? QString() : QString::fromStdString(valueHeader(series)));
+    view_->list().setValueHeader(hasDayFiles(station_) ? QString()
+                                                       : QString::fromStdString(valueHeader(series)));
 }
 
 bool f::isNewest(unsigned requests) const {
@@ -112,7 +113,7 @@ void f::noteView() {
     const bool isRose = KS.DiagTyp() == KIND_POLAR;
     facts_ = {};
     facts_.range = range();
-    facts_.dayFiles = station_.Kind == ConfigKind::binary;
+    facts_.dayFiles = hasDayFiles(station_);
     facts_.hasValues = isRose ? KS.sampleCount() > 0 : std::any_of(y1.begin(), y1.end(), isValidPoint);
     const bool isTold = optView->isDiagramChosen() && selChan->channel() != 0;
     isLookedUp_ = facts_.hasValues && isTold;

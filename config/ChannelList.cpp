@@ -5,10 +5,6 @@
 
 namespace kelvrum {
 
-namespace {
-bool hasDayFiles(const StationConfig& station) { return formOf(station).dataFiles == DataFiles::byDay; }
-} // namespace
-
 std::vector<ListedChannel> listedChannels(const StationConfig& station) {
     std::vector<ListedChannel> rows;
     if (hasDayFiles(station)) {

@@ -53,6 +53,8 @@ const ConfigForm& formOf(const StationConfig& station) {
     return form == std::end(FORMS) ? FORMS[0] : *form;
 }
 
+bool hasDayFiles(const StationConfig& station) { return formOf(station).dataFiles == DataFiles::byDay; }
+
 const ConfigForm& projectForm() { return FORMS[0]; }
 
 std::string projectFile(std::string_view folder) {

@@ -43,6 +43,9 @@ std::span<const ConfigForm> configForms();
 /// The form of a station. One that was never opened counts as of the first form.
 const ConfigForm& formOf(const StationConfig& station);
 
+/// Whether a station keeps its data in day files.
+bool hasDayFiles(const StationConfig& station);
+
 /// The form of the projects that are found in folders, the start-up project among them.
 const ConfigForm& projectForm();
 

@@ -227,9 +227,8 @@ ReadStatus DataReader::readList(const StationConfig& station, const ReadRequest&
 ReadStatus DataReader::readSeries(const StationConfig& station, const ReadRequest& request,
                                   const DiagramSettings& settings, DiagramFeed& diagram,
                                   const ReadingStep& step) {
-    return formOf(station).dataFiles == DataFiles::byDay
-               ? readDayDiagram(station, request, settings, diagram, step)
-               : readDiagram(station, request, settings, diagram, step);
+    return hasDayFiles(station) ? readDayDiagram(station, request, settings, diagram, step)
+                                : readDiagram(station, request, settings, diagram, step);
 }
 
 ReadStatus DataReader::readDiagram(const StationConfig& station, const ReadRequest& request,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "evaluation/EvaluationReading.h"
 
+#include "config/ConfigForms.h"
 #include "data/Averaging.h"
 #include "data/BlockReader.h"
 #include "data/DayFiles.h"
@@ -107,7 +108,7 @@ ReadStatus readDays(const StationConfig& station, const ReadRequest& request, co
 } // namespace
 
 EvaluatedKind evaluatedKind(const StationConfig& station, std::int32_t channel) {
-    if (station.Kind == ConfigKind::binary) {
+    if (hasDayFiles(station)) {
         return EvaluatedKind::value;
     }
     const std::int32_t mode = station.ChannelTable.at(channel).Mode;
@@ -122,8 +123,8 @@ ReadStatus readIntervals(const StationConfig& station, const ReadRequest& reques
         return ReadStatus::complete;
     }
     try {
-        return station.Kind == ConfigKind::binary ? readDays(station, request, open, consume, step)
-                                                  : readChannel(station, request, open, consume, step);
+        return hasDayFiles(station) ? readDays(station, request, open, consume, step)
+                                    : readChannel(station, request, open, consume, step);
     } catch (const std::exception&) {
         return ReadStatus::complete; // an error ends a reading as the file's end does
     }

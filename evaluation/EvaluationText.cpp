@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "evaluation/EvaluationText.h"
 
+#include "config/ConfigForms.h"
 #include "evaluation/EvaluationFigures.h"
 
 #include <algorithm>
@@ -272,7 +273,7 @@ EvaluationSubject evaluationSubject(const StationConfig& station, std::int32_t c
     const ChannelInfo& info = station.ChannelTable.at(channel);
     return {station.Title,   info.Name,
             info.Unit,       station.ChannelTable.at(info.PairedChannel).Unit,
-            intervalCaption, station.Kind == ConfigKind::binary && station.WideRecords};
+            intervalCaption, hasDayFiles(station) && station.WideRecords};
 }
 
 EvaluationText evaluationText(const Evaluation& evaluation, const EvaluationSubject& subject,
