@@ -19,6 +19,10 @@ std::string dataFolder(const StationConfig& station) {
                                                 : station.BaseFolder + station.DataFolder;
 }
 
+std::vector<std::string> dataFilesIn(const std::string& folder) {
+    return filesIn(folder.empty() ? "." : folder);
+}
+
 std::string batchFolder(std::string_view iniPath) {
     const std::string folder = replaceAllNoCase(iniPath, projectForm().fileName, "Data\\");
     return folder.size() < SHORTEST_BATCH_FOLDER ? std::string() : folder;

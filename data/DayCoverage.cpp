@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data/DayCoverage.h"
 
+#include "config/ConfigForms.h"
 #include "config/DataFolder.h"
 #include "data/ChannelFiles.h"
 #include "data/ChannelMinutes.h"
@@ -11,7 +12,6 @@
 
 #include <algorithm>
 #include <bitset>
-#include <cmath>
 #include <exception>
 #include <vector>
 
@@ -52,19 +52,16 @@ bool countYearFile(const StationConfig& station, std::int32_t channel, const Fil
 
 bool countDayFiles(const StationConfig& station, std::int32_t channel, const FileOpener& open,
                    const ReadingStep& step, MonthCoverage& result) {
-    const auto& active = station.ActiveChannels;
-    const auto slot = std::find(active.begin(), active.end(), channel);
-    if (slot == active.end()) {
+    const auto field = fieldOffset(station, channel);
+    if (!field) {
         return true;
     }
-    const std::size_t field = static_cast<std::size_t>(slot - active.begin()) *
-                              (station.WideRecords ? kmh::WIDE_FIELD : kmh::NARROW_FIELD);
     const DateTime first = dateSerial(result.year, result.month, 1);
     const std::int64_t firstMinute = minuteNumber(first);
     const int days = daysOf(result.year, result.month);
     std::vector<std::bitset<MINUTES_PER_DAY>> present(static_cast<std::size_t>(days));
     const std::string folder = dataFolder(station);
-    DayRecordReader records(kmh::recordSize(active.size(), station.WideRecords));
+    DayRecordReader records(kmh::recordSize(station.ActiveChannels.size(), station.WideRecords));
     for (const std::string& name : dayFilesBetween(folder, {first, first + days - 1})) {
         if (!runStep(step)) {
             return false;
@@ -77,7 +74,7 @@ bool countDayFiles(const StationConfig& station, std::int32_t channel, const Fil
             // A record counts by its own date, whatever the file's.
             const std::int64_t minute = record.minute - firstMinute;
             if (minute >= 0 && minute < std::int64_t{days} * MINUTES_PER_DAY &&
-                isPresent(record.value(field))) {
+                isPresent(record.value(*field))) {
                 present[static_cast<std::size_t>(minute / MINUTES_PER_DAY)].set(
                     static_cast<std::size_t>(minute % MINUTES_PER_DAY));
             }
@@ -121,9 +118,8 @@ std::optional<MonthCoverage> readCoverage(const StationConfig& station, std::int
         return result;
     }
     try {
-        const bool complete = station.Kind == ConfigKind::binary
-                                  ? countDayFiles(station, channel, open, step, result)
-                                  : countYearFile(station, channel, open, step, result);
+        const bool complete = hasDayFiles(station) ? countDayFiles(station, channel, open, step, result)
+                                                   : countYearFile(station, channel, open, step, result);
         if (!complete) {
             return std::nullopt;
         }

@@ -5,7 +5,6 @@
 #include "data/DayFormat.h"
 #include "data/DayRecords.h"
 #include "util/Format.h"
-#include "util/Paths.h"
 #include "util/Text.h"
 #include "util/Validity.h"
 
@@ -120,11 +119,11 @@ std::vector<std::string> dayFilesBetween(const std::string& folder, const TimeRa
     const std::string first = dayName(range.from);
     const std::string last = dayName(range.to);
     std::map<std::string, std::string> byDay;
-    for (const std::string& name : filesIn(folder.empty() ? "." : folder)) {
+    for (const std::string& name : dataFilesIn(folder)) {
         const std::string day = name.substr(0, kmh::DATE_LENGTH);
         const bool named = name.size() == kmh::DATE_LENGTH + kmh::EXTENSION.size() &&
                            upperAscii(name).ends_with(kmh::EXTENSION) &&
-                           std::all_of(day.begin(), day.end(), [](char c) { return c >= '0' && c <= '9'; });
+                           std::all_of(day.begin(), day.end(), isDigit);
         if (named && day >= first && day <= last) {
             byDay.emplace(day, name); // of names that differ in case only, the first in byte order: ".KMH"
         }
@@ -137,17 +136,25 @@ std::vector<std::string> dayFilesBetween(const std::string& folder, const TimeRa
     return names;
 }
 
+std::optional<std::size_t> fieldOffset(const StationConfig& station, std::int32_t channel) {
+    const auto& active = station.ActiveChannels;
+    const auto slot = std::find(active.begin(), active.end(), channel);
+    if (slot == active.end()) {
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>(slot - active.begin()) *
+           (station.WideRecords ? kmh::WIDE_FIELD : kmh::NARROW_FIELD);
+}
+
 std::optional<std::vector<DayInterval>> readDayIntervals(const StationConfig& station,
                                                          const ReadRequest& request, const FileOpener& open,
                                                          const ReadingStep& step) {
-    const auto& active = station.ActiveChannels;
-    const auto slot = std::find(active.begin(), active.end(), request.channel);
-    if (slot == active.end() || request.interval < 1) {
+    const auto offset = fieldOffset(station, request.channel);
+    if (!offset || request.interval < 1) {
         return std::vector<DayInterval>();
     }
+    const std::size_t field = *offset;
     const bool wide = station.WideRecords;
-    const std::size_t field =
-        static_cast<std::size_t>(slot - active.begin()) * (wide ? kmh::WIDE_FIELD : kmh::NARROW_FIELD);
     const std::string folder = dataFolder(station);
     const std::int64_t first = minuteNumber(request.range.from);
     const std::int64_t end = minuteNumber(request.range.to);
@@ -155,7 +162,7 @@ std::optional<std::vector<DayInterval>> readDayIntervals(const StationConfig& st
     if (!runStep(step)) { // listing the folder may have taken long
         return std::nullopt;
     }
-    DayRecordReader records(kmh::recordSize(active.size(), wide));
+    DayRecordReader records(kmh::recordSize(station.ActiveChannels.size(), wide));
     Intervals intervals(first, request.interval, intervalsOf(names.size(), request.interval));
     for (const std::string& name : names) {
         const auto file = open(folder + name);

@@ -7,6 +7,7 @@
 #include "util/DateTime.h"
 #include "util/FileSource.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -23,6 +24,9 @@ std::string dayFileName(DateTime day);
 /// The names of the day files of the days from one date to another, in day order: those named by the date
 /// alone, in any case of letters.
 std::vector<std::string> dayFilesBetween(const std::string& folder, const TimeRange& range);
+
+/// Byte offset of a channel's value field in the fields of a record; nothing when the channel is not active.
+std::optional<std::size_t> fieldOffset(const StationConfig& station, std::int32_t channel);
 
 /// What the records of one interval hold for one channel. INVALID_VALUE where no record has a value.
 struct DayInterval {

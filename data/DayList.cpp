@@ -5,7 +5,6 @@
 #include "data/DayFiles.h"
 #include "data/DayFormat.h"
 #include "util/LittleEndian.h"
-#include "util/Paths.h"
 #include "util/Text.h"
 
 #include <algorithm>
@@ -138,7 +137,7 @@ std::optional<DayRows> readDayRows(const StationConfig& station, const TimeRange
     const std::int64_t lastMinute = minuteNumber(range.to);
     const std::string first = dayName(range.from);
     const std::string last = dayName(range.to);
-    const auto days = byDate(filesIn(folder.empty() ? "." : folder));
+    const auto days = byDate(dataFilesIn(folder));
     if (!runStep(step)) { // listing the folder may have taken long
         return std::nullopt;
     }

@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data/StoredValues.h"
 
+#include "config/ConfigForms.h"
 #include "config/DataFolder.h"
 #include "data/ChannelFiles.h"
 #include "data/ChannelMinutes.h"
 #include "data/DayFiles.h"
 #include "data/DayFormat.h"
 #include "data/DayRecords.h"
-#include "util/Paths.h"
 #include "util/Text.h"
 #include "util/Validity.h"
 
 #include <algorithm>
 #include <exception>
+#include <string>
 
 namespace kelvrum {
 
@@ -90,26 +91,23 @@ std::optional<DateTime> timeInDay(FileSource& file, DayRecordReader& records, st
 
 std::optional<StoredTime> findInDays(const StationConfig& station, std::int32_t channel, StoredEnd end,
                                      const FileOpener& open, const ReadingStep& step) {
-    const auto& active = station.ActiveChannels;
-    const auto slot = std::find(active.begin(), active.end(), channel);
-    if (slot == active.end()) {
+    const auto field = fieldOffset(station, channel);
+    if (!field) {
         return StoredTime{};
     }
-    const std::size_t field = static_cast<std::size_t>(slot - active.begin()) *
-                              (station.WideRecords ? kmh::WIDE_FIELD : kmh::NARROW_FIELD);
     const std::string folder = dataFolder(station);
     std::vector<std::string> names = dayFilesBetween(folder, ALL_DAYS);
     if (end == StoredEnd::last) {
         std::reverse(names.begin(), names.end());
     }
-    DayRecordReader records(kmh::recordSize(active.size(), station.WideRecords));
+    DayRecordReader records(kmh::recordSize(station.ActiveChannels.size(), station.WideRecords));
     for (const std::string& name : names) {
         if (!runStep(step)) {
             return std::nullopt;
         }
         try {
             const auto file = open(folder + name);
-            if (const auto time = file ? timeInDay(*file, records, field, end) : std::nullopt) {
+            if (const auto time = file ? timeInDay(*file, records, *field, end) : std::nullopt) {
                 return StoredTime{time};
             }
         } catch (const std::exception&) {
@@ -127,15 +125,14 @@ std::vector<int> yearsWithFile(const StationConfig& station, std::int32_t channe
     const std::string sample = upperAscii(channelFileName(channel, {}, 0));
     const std::size_t yearAt = sample.rfind('_') + 1;
     std::vector<int> years;
-    for (const std::string& name : filesIn(folder.empty() ? "." : folder)) {
+    for (const std::string& name : dataFilesIn(folder)) {
         std::string pattern = upperAscii(name); // the files are found in any case of letters
         if (pattern.size() != sample.size()) {
             continue;
         }
         const std::string year = pattern.substr(yearAt, YEAR_DIGITS);
         pattern.replace(yearAt, YEAR_DIGITS, "0000");
-        if (pattern == sample &&
-            std::all_of(year.begin(), year.end(), [](char c) { return c >= '0' && c <= '9'; }) &&
+        if (pattern == sample && std::all_of(year.begin(), year.end(), isDigit) &&
             isDate(std::stoi(year), 1, 1)) {
             years.push_back(std::stoi(year));
         }
@@ -146,14 +143,14 @@ std::vector<int> yearsWithFile(const StationConfig& station, std::int32_t channe
 }
 
 bool hasFile(const StationConfig& station, std::int32_t channel) {
-    return station.Kind == ConfigKind::binary ? !dayFilesBetween(dataFolder(station), ALL_DAYS).empty()
-                                              : !yearsWithFile(station, channel).empty();
+    return hasDayFiles(station) ? !dayFilesBetween(dataFolder(station), ALL_DAYS).empty()
+                                : !yearsWithFile(station, channel).empty();
 }
 
 std::optional<StoredTime> findStored(const StationConfig& station, std::int32_t channel, StoredEnd end,
                                      const FileOpener& open, const ReadingStep& step) {
-    return station.Kind == ConfigKind::binary ? findInDays(station, channel, end, open, step)
-                                              : findInYears(station, channel, end, open, step);
+    return hasDayFiles(station) ? findInDays(station, channel, end, open, step)
+                                : findInYears(station, channel, end, open, step);
 }
 
 } // namespace kelvrum

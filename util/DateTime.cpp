@@ -5,7 +5,6 @@
 #include "util/Text.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <chrono>
 #include <cmath>
@@ -55,7 +54,7 @@ CalendarTime fromMilliseconds(std::int64_t ms) {
 /// Reads a run of minDigits to maxDigits digits and removes it from the start of text.
 std::optional<int> takeNumber(std::string_view& text, std::size_t minDigits, std::size_t maxDigits) {
     std::size_t n = 0;
-    while (n < text.size() && n < maxDigits && text[n] >= '0' && text[n] <= '9') {
+    while (n < text.size() && n < maxDigits && isDigit(text[n])) {
         ++n;
     }
     if (n < minDigits) {
