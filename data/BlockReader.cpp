@@ -3,7 +3,6 @@
 
 #include "data/ChannelFiles.h"
 #include "data/ChannelFormat.h"
-#include "util/LittleEndian.h"
 
 #include <algorithm>
 #include <utility>
@@ -70,14 +69,7 @@ std::span<const double> BlockReader::fetch(FileSource* file, std::vector<double>
         buffer.resize(count);
     }
     const std::span<double> values(buffer.data(), count);
-    std::size_t read = 0;
-    if (file != nullptr) {
-        const std::int64_t offset = start_ + done_ * static_cast<std::int64_t>(chn::VALUE_SIZE * interval_);
-        read =
-            file->read(static_cast<std::uint64_t>(offset), std::as_writable_bytes(values)) / chn::VALUE_SIZE;
-        fromLittle(values.first(read));
-    }
-    std::fill(values.begin() + static_cast<std::ptrdiff_t>(read), values.end(), 0.0);
+    readMinutes(file, start_ + done_ * static_cast<std::int64_t>(chn::VALUE_SIZE * interval_), values);
     return values;
 }
 

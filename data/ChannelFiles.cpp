@@ -2,7 +2,11 @@
 #include "data/ChannelFiles.h"
 
 #include "config/DataFolder.h"
+#include "data/ChannelFormat.h"
+#include "util/LittleEndian.h"
 #include "util/Numbers.h"
+
+#include <algorithm>
 
 namespace kelvrum {
 
@@ -31,6 +35,16 @@ std::string channelPath(const StationConfig& station, std::int32_t channel, std:
 std::string pairedChannelPath(const StationConfig& station, std::int32_t channel, std::string_view suffix,
                               int year) {
     return station.DataFolder + channelFileName(channel, suffix, year);
+}
+
+void readMinutes(FileSource* file, std::int64_t offset, std::span<double> values) {
+    std::size_t read = 0;
+    if (file != nullptr) {
+        read =
+            file->read(static_cast<std::uint64_t>(offset), std::as_writable_bytes(values)) / chn::VALUE_SIZE;
+        fromLittle(values.first(read));
+    }
+    std::fill(values.begin() + static_cast<std::ptrdiff_t>(read), values.end(), 0.0);
 }
 
 std::int32_t MinuteIndex(DateTime t) {

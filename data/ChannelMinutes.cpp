@@ -4,11 +4,9 @@
 #include "data/ChannelFiles.h"
 #include "data/ChannelFormat.h"
 #include "util/DateTime.h"
-#include "util/LittleEndian.h"
 #include "util/Validity.h"
 
 #include <algorithm>
-#include <span>
 
 namespace kelvrum {
 
@@ -33,22 +31,12 @@ ChannelMinutes::ChannelMinutes(const StationConfig& station, std::int32_t channe
         std::clamp<std::int64_t>(bytes / static_cast<std::int64_t>(chn::VALUE_SIZE), 0, minutesOfYear(year));
 }
 
-void ChannelMinutes::fetch(FileSource* file, std::int64_t first, std::vector<double>& values) const {
-    std::size_t read = 0;
-    if (file != nullptr) {
-        const auto offset = static_cast<std::uint64_t>(chn::valueOffset(first));
-        read = file->read(offset, std::as_writable_bytes(std::span(values))) / chn::VALUE_SIZE;
-        fromLittle(std::span(values).first(read));
-    }
-    std::fill(values.begin() + static_cast<std::ptrdiff_t>(read), values.end(), 0.0);
-}
-
 const std::vector<bool>& ChannelMinutes::present(std::int64_t first, std::size_t count) {
     values_.resize(count);
-    fetch(file_.get(), first, values_);
+    readMinutes(file_.get(), chn::valueOffset(first), values_);
     if (hasPair_) {
         pairedValues_.resize(count);
-        fetch(paired_.get(), first, pairedValues_);
+        readMinutes(paired_.get(), chn::valueOffset(first), pairedValues_);
     }
     present_.resize(count);
     for (std::size_t i = 0; i < count; ++i) {

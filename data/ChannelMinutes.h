@@ -25,9 +25,6 @@ class ChannelMinutes {
     const std::vector<bool>& present(std::int64_t first, std::size_t count);
 
   private:
-    /// Minutes that cannot be read become 0, that is missing.
-    void fetch(FileSource* file, std::int64_t first, std::vector<double>& values) const;
-
     std::unique_ptr<FileSource> file_;
     std::unique_ptr<FileSource> paired_;
     bool hasPair_ = false;
