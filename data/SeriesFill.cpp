@@ -30,10 +30,6 @@ void SeriesFill::reserveFor(std::size_t more) {
 
 void SeriesFill::add(DateTime start, double value) { add(start, 0, 0, std::array{value}); }
 
-void SeriesFill::add(DateTime start, double value, double second) {
-    add(start, 0, 0, std::array{value}, std::array{second});
-}
-
 void SeriesFill::add(DateTime start, std::int64_t first, std::int32_t interval,
                      std::span<const double> values) {
     reserveFor(values.size());

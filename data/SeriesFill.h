@@ -27,9 +27,8 @@ class SeriesFill {
     /// The table must outlive the fill; it gets room for `expected` columns at once.
     SeriesFill(SeriesTable& table, std::size_t expected);
 
-    /// Adds the next interval in time order, of one series or of two.
+    /// Adds the next interval in time order.
     void add(DateTime start, double value);
-    void add(DateTime start, double value, double second);
 
     /// Adds consecutive intervals of the reading that starts at `start`; the first has the number `first`.
     void add(DateTime start, std::int64_t first, std::int32_t interval, std::span<const double> values);

@@ -22,7 +22,6 @@ class IntervalGrid {
     IntervalGrid(const TimeRange& range, std::int32_t interval, DateTime now);
 
     [[nodiscard]] std::int64_t count() const { return count_; }
-    [[nodiscard]] std::int32_t interval() const { return interval_; }
     [[nodiscard]] std::int64_t minutes(std::int64_t intervals) const { return intervals * interval_; }
 
     /// The start of interval i, which is also the end of the one before it.
