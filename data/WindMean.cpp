@@ -15,9 +15,6 @@ namespace {
 constexpr double TO_RADIANS = 0.0174532925199433;
 constexpr double TO_DEGREES = 57.2957795130823;
 
-/// Vectors whose sum is so small a part of the speeds added so far cancel each other.
-constexpr double CANCELLED = 1e-12;
-
 /// The direction of a vector of length r > 0: arcsine of x / r by the arctangent, turned to the lower half
 /// plane for a negative y. Degrees, 0 to 360.
 double directionOf(double x, double y, double r) {
@@ -27,12 +24,6 @@ double directionOf(double x, double y, double r) {
         d = 180 - d;
     }
     return d < 0 ? d + 360 : d;
-}
-
-/// North is reported as 360, never as 0 or a value next to it.
-bool isNorth(double d) {
-    constexpr double TOLERANCE = 1e-9;
-    return d <= TOLERANCE || d >= 360 - TOLERANCE;
 }
 
 struct SineCosine {

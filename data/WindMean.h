@@ -8,6 +8,15 @@
 
 namespace kelvrum {
 
+/// Vectors whose sum is at most this part of their lengths cancel each other.
+inline constexpr double CANCELLED = 1e-12;
+
+/// Whether a direction (degrees, 0 to 360) is reported as north: as 360, never as 0 or a value next to it.
+inline bool isNorth(double d) {
+    constexpr double TOLERANCE = 1e-9;
+    return d <= TOLERANCE || d >= 360 - TOLERANCE;
+}
+
 /// Direction in degrees, above 0 and at most 360 (north is 360), of the vector sum of the minutes whose
 /// direction and speed are both present; INVALID_VALUE when there is none. `directions` in degrees and
 /// `speeds` are equally long. Taken minute by minute: after each minute the running vector is turned into

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "evaluation/WindStatistics.h"
 
+#include "data/WindMean.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -11,12 +13,6 @@ namespace {
 
 constexpr double TO_DEGREES = 180 / std::numbers::pi;
 constexpr double FULL_CIRCLE = 360;
-
-/// Vectors whose sum is so small a part of their lengths cancel each other.
-constexpr double CANCELLED = 1e-12;
-
-/// A direction this close to north is north.
-constexpr double NORTH_TOLERANCE = 1e-9;
 
 std::size_t classOf(double speed) {
     const auto above = std::upper_bound(SPEED_CLASSES.begin(), SPEED_CLASSES.end(), speed);
@@ -40,7 +36,7 @@ std::optional<double> VectorSum::direction() const {
     }
     double d = std::atan2(x_.value(), y_.value()) * TO_DEGREES;
     d += d < 0 ? FULL_CIRCLE : 0;
-    return d <= NORTH_TOLERANCE || d >= FULL_CIRCLE - NORTH_TOLERANCE ? FULL_CIRCLE : d;
+    return isNorth(d) ? FULL_CIRCLE : d;
 }
 
 std::optional<double> VectorSum::constancy() const {
