@@ -45,8 +45,9 @@ class DataListModel : public QAbstractTableModel {
     /// Reserves memory for this many rows of time and value.
     void expect(std::size_t rows);
 
-    /// Memory for this many further rows of time and value. The first ones written there are added with
-    /// `added`; the views see them with the next `show`.
+    /// Memory for up to this many further rows of time and value, valid until the next call; removes the
+    /// records of day files. The first rows written there are added with `added`; the views see them with the
+    /// next `show`.
     std::span<IntervalValue> room(std::size_t rows);
     void added(std::size_t rows) { count_ += rows; }
 

@@ -25,7 +25,7 @@ class DateFrame : public QGroupBox {
     /// Shows a range. Raises no signal.
     void setRange(const TimeRange& range) { period_->setValue(range); }
 
-    /// The range of the start; both times count as 00:00 before the first change.
+    /// Shows the range at start-up. The first edit of a time is compared with 00:00.
     void start(const TimeRange& range);
 
     [[nodiscard]] DatePicker& datePicker(Side side) const { return period_->datePicker(side); }
@@ -37,7 +37,7 @@ class DateFrame : public QGroupBox {
     void shift(int unit, int count);
 
     /// Moves a time that the user has changed onto the grid of an interval in minutes: up when it is later
-    /// than before the change, else down.
+    /// than after the last `snap` of its side, else down. On purpose `setRange` and `shift` do not count.
     void snap(Side side, int interval);
 
     /// Both times onto the grid of another interval: down, since they are unchanged.

@@ -19,9 +19,9 @@ namespace kelvrum {
 class PolarSys;
 class ReadoutOverlay;
 
-/// Works on the diagram's events. A click alone does nothing; a drag of five pixels or more in the plot, the
-/// wheel with Ctrl and keys choose ranges. A picture of other times ends a drag and a band by keys, and no
-/// menu opens during a drag.
+/// Works on the diagram's events. A click alone only ends a band by keys; a drag of five pixels or more in
+/// the plot, the wheel with Ctrl and keys choose ranges. A picture of other times ends a drag and a band by
+/// keys, and no menu opens during a drag.
 class DiagramInput : public QObject {
     Q_OBJECT
 

@@ -20,8 +20,8 @@ struct Environment {
     LocaleTexts texts;            // how numbers and dates are shown
     FileOpener open = openFile;   // how the station's files are opened
     std::shared_ptr<Dialogs> dialogs = std::make_shared<Dialogs>(); // how the user is asked
-    /// The time of day as stations count it, without summer time. Intervals that begin later are not
-    /// evaluated.
+    /// The current date and time as stations count it, without summer time. Intervals that begin later are
+    /// not evaluated.
     std::function<DateTime()> now = [] { return LAST_DATE; };
 };
 

@@ -17,7 +17,7 @@ class ZoomFrame : public QGroupBox {
   public:
     explicit ZoomFrame(QWidget* parent);
 
-    /// Back to the factor 1.
+    /// Back to the factor 1. The buttons stay as they are.
     void start();
 
   Q_SIGNALS:

@@ -210,7 +210,7 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     std::map<std::int32_t, std::int32_t> kinds_; // chosen for a channel, while the project is open
     Colour keptColour1_ = 0x800000;              // set at start, drawn nowhere
     Colour keptColour2_ = WHITE;
-    std::string batchFolder_;   // project folder of the batch print
+    std::string batchFolder_;   // of the batch print; set by readConf alone
     double lastWindFactor_ = 0; // shown when the correction dialog opens
     double lastDustFactor_ = 0;
     bool isReadOut_ = false; // a screen reader is active

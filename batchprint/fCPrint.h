@@ -30,7 +30,7 @@ struct BatchColumns;
 
 /// "Sammeldruck": prints several channels over one period, each with its own scale, interval, limit lines and
 /// mean line, as one print job. The settings of the rows are kept in "Sammeldruck.cfg" in the current folder.
-/// Controls bear their given names, also as object names; chKanal[3] is named "chKanal(3)".
+/// Controls bear their given names, also as object names; BatchRow tells those of the rows.
 class fCPrint : public QDialog {
     Q_OBJECT
 
@@ -46,7 +46,7 @@ class fCPrint : public QDialog {
         std::function<ReadStatus(const ReadRequest&, const DiagramSettings&)> readDiagram;
         std::function<void()> loadData; // shows the owner's own view again
         Dialogs& dialogs;
-        std::string projectFolder = {}; // as the configuration's path gives it; only passed on
+        std::string projectFolder = {}; // of the configuration; no page or setting depends on it
     };
 
     /// Builds the rows and loads the settings; a damaged settings file is reported at once.
@@ -54,8 +54,8 @@ class fCPrint : public QDialog {
     /// Resets the busy cursor if it is still set.
     ~fCPrint() override;
 
-    /// What SaveButton does. With a field that holds no number nothing is written, and that field gets the
-    /// focus.
+    /// What SaveButton does. With a field that holds no number nothing is written, and that field, or the box
+    /// that enables it, gets the focus.
     void saveSettings();
 
     /// What OKButton does: prints the checked rows in their order, then lets the owner load its view.
