@@ -19,7 +19,7 @@ class ColumnScroll : public QObject {
 
   public:
     /// The parts are children of `area`, at their design positions, and complete: what is added to one of
-    /// them later is ignored. All of them outlive this object's events; `area` becomes its parent.
+    /// them later is ignored. They must live as long as `area`, which becomes this object's parent.
     ColumnScroll(QWidget& area, const std::vector<QWidget*>& parts);
 
     /// Sets the height available to the column, from the area's upper edge.

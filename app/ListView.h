@@ -17,8 +17,8 @@ class ListView : public QTableView {
   public:
     explicit ListView(QWidget* parent = nullptr);
 
-    /// What the column of interval values is called in copies, which then begin with a line about the times;
-    /// empty: the rows are records, whose columns are called as in the list.
+    /// The header of the value column in copies, which then begin with a line about the times. Empty: the
+    /// rows are records, copied below the headers of the list.
     void setValueHeader(const QString& header) { valueHeader_ = header; }
 
     /// The selected rows in list order, below the header; lines end in a line feed. Empty without a

@@ -53,8 +53,8 @@ void Loader::giveUp() {
 }
 
 void Loader::whenIdle(const std::string& name, std::function<void()> task) {
-    const auto bears = [&name](const Task& one) { return one.name == name; };
-    if (std::none_of(waiting_.begin(), waiting_.end(), bears)) {
+    const auto hasName = [&name](const Task& one) { return one.name == name; };
+    if (std::none_of(waiting_.begin(), waiting_.end(), hasName)) {
         waiting_.push_back({name, std::move(task)});
     }
     runTasks();

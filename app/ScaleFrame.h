@@ -11,7 +11,7 @@ class QRadioButton;
 namespace kelvrum {
 
 /// An automatic scale or one from a minimum to a maximum. A text that is no number turns its box red and
-/// changes nothing; the last number comes back when the box loses the focus.
+/// changes nothing; the last number is restored when the box loses the focus.
 class ScaleFrame : public QGroupBox {
     Q_OBJECT
 

@@ -25,10 +25,9 @@ class SecondChannel : public QObject {
     Q_OBJECT
 
   public:
-    /// Rgb 128, 0, 128. The brown 0x0050B0 is the orange of the mean line made darker, and without the red or
-    /// green cones it is the red of a limit and of the maxima or the green of the other limit. This violet
-    /// keeps 15 units of colour difference (CIEDE2000) and more to the curves, lines, left axis and paper,
-    /// also for colour-blind eyes; more blue in it would be closer to the blue of the first curve.
+    /// Rgb 128, 0, 128. This violet differs from the curves, lines, left axis and paper by at least 15 units
+    /// (CIEDE2000), also for colour-blind users. The brown 0x0050B0 would look like the mean line or, to
+    /// them, like a limit line or the maxima; a violet with more blue would be too close to the first curve.
     static constexpr Colour COLOUR = 0x800080;
 
     /// Adds the entry "Zweiter Kanal" to a menu.
@@ -44,11 +43,10 @@ class SecondChannel : public QObject {
     /// has the unit then, so that Einheit is empty.
     void show(const ReadoutSeries& first, const ReadoutSeries& second);
 
-    /// Gives the diagram the look back that it had before `show`.
+    /// Restores the look that the diagram had before `show`.
     void hide();
 
-    /// The same for other pages that are drawn with the diagram; its owner restores its properties
-    /// afterwards.
+    /// The same while other pages are drawn with the diagram; the caller restores its properties afterwards.
     void hideForOthers() const;
 
   Q_SIGNALS:

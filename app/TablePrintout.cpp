@@ -16,7 +16,7 @@ namespace {
 using namespace tablepage;
 
 // Millimetres.
-constexpr double BEHIND_HEADER = 5;
+constexpr double BELOW_HEADER = 5;
 
 // These texts set the widths of the columns.
 constexpr std::string_view TIME_SAMPLE = "31.12.2005  17:17";
@@ -145,7 +145,7 @@ TablePages::TablePages(const Table& table, Surface& trial)
     }
     const double lowest = millimetres(trial, trial.size().height) - LOWER_MARGIN;
     rowsOnFirst_ = rowsBelow(firstRowOf(0), lowest);
-    rowsOnOthers_ = std::max<std::size_t>(1, rowsBelow(firstRowOf(1), lowest)); // so that it comes to an end
+    rowsOnOthers_ = std::max<std::size_t>(1, rowsBelow(firstRowOf(1), lowest)); // else pages without end
     if (table.rows > rowsOnFirst_) {
         count_ += (table.rows - rowsOnFirst_ + rowsOnOthers_ - 1) / rowsOnOthers_;
     }
@@ -163,7 +163,7 @@ std::size_t TablePages::rowsBelow(double y, double lowest) const {
 
 /// Where the first row of a page begins, below the header.
 double TablePages::firstRowOf(std::size_t page) const {
-    return (page == 0 ? belowTitle_ : FIRST_LINE) + lineHeight_ + BEHIND_HEADER;
+    return (page == 0 ? belowTitle_ : FIRST_LINE) + lineHeight_ + BELOW_HEADER;
 }
 
 void TablePages::draw(std::size_t page, Surface& surface) const {

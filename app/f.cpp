@@ -48,7 +48,7 @@ f::f(Environment environment)
     connectMenu();
     connectParts();
     setCaption();
-    isReadOut_ = QAccessible::isActive();
+    hasScreenReader_ = QAccessible::isActive();
     QAccessible::installActivationObserver(this);
 }
 

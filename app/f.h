@@ -140,7 +140,7 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     void showRange(const TimeRange& range);
     void nameSeries();
     void jumpTo(StoredEnd end);
-    /// Notes what is known about the view that a load has brought, and looks up the rest later.
+    /// Records what is known about the view that has been loaded, and looks up the rest later.
     void noteView();
     void lookUpHint();
     void wantMarks(MarkedCalendar* calendar, int year, int month);
@@ -152,12 +152,12 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     /// How the values of a channel are named.
     [[nodiscard]] ReadoutSeries seriesOf(std::int32_t channel) const;
     void showHint();
-    /// Tells below a rose what it shows.
+    /// Writes notes beside a rose: what it shows.
     void showRose();
     /// The parts of such a note: range, interval, how many intervals and calms, what the rings tell.
     [[nodiscard]] std::vector<std::string> roseNotes(const TimeRange& range, std::int64_t intervals,
                                                      std::int64_t calms) const;
-    /// Whether nothing has been requested since a moment at which there had been `requests` requests.
+    /// Whether the window is visible, loads nothing and has had no request since number `requests`.
     [[nodiscard]] bool isNewest(unsigned requests) const;
 
     // --- f_second.cpp: the second channel ---
@@ -169,7 +169,7 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     [[nodiscard]] std::string summary() const;
 
     // --- f_print.cpp: printing ---
-    // A window is that above which dialogs and messages appear.
+    // `window` is the parent of dialogs and messages.
     bool printerReady(QWidget& window);
     void printView();
     void printNow();
@@ -213,7 +213,7 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     std::string batchFolder_;   // of the batch print; set by readConf alone
     double lastWindFactor_ = 0; // shown when the correction dialog opens
     double lastDustFactor_ = 0;
-    bool isReadOut_ = false; // a screen reader is active
+    bool hasScreenReader_ = false; // a screen reader is active
 
     MainMenu menu_;
     QWidget* client_; // the window's inner area below the menu bar

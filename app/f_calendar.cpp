@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The calendars of the date pickers tell on which days the selected channel has data.
+// The calendars of the date pickers show on which days the selected channel has data.
 #include "app/ChannelChoice.h"
 #include "app/f.h"
 #include "data/DayCoverage.h"
@@ -28,7 +28,7 @@ DayMark markOf(Coverage coverage) {
 
 } // namespace
 
-/// The calendar is shown first; what is newer drops the reading.
+/// Reads once the calendar is visible; a newer request cancels the reading.
 void f::wantMarks(MarkedCalendar* calendar, int year, int month) {
     const unsigned number = wantedMonth_.number + 1;
     wantedMonth_ = {calendar, year, month, number};

@@ -55,7 +55,7 @@ class KeptPicture {
 } // namespace
 
 /// Opens the files of a reading. On a slow share that alone takes long, so events run after it; the reading
-/// takes notice of them in its next step.
+/// reacts to them in its next step.
 FileOpener f::openAndAnswer() {
     return [this](std::string_view path) {
         auto file = environment_.open(path);
@@ -95,14 +95,14 @@ void f::loadView(const ReadingStep& step) {
     Label8->hide();
 }
 
-/// The diagram as text, for a reader of the screen. Its figures go through the whole series, so they are
-/// taken only while an assistive technology listens.
+/// Name and description of the diagram for screen readers. The figures of the description need a scan of the
+/// whole series, so they are computed only while a screen reader is active.
 void f::describeView() {
     PolarSys& KS = view_->diagram();
     KS.setAccessibleName(optView->isDiagramChosen()
                              ? QStringLiteral("Diagramm: ") + QString::fromStdString(KS.HeadLine())
                              : QStringLiteral("Diagramm")); // its headlines may be those of another channel
-    if (!isReadOut_) {
+    if (!hasScreenReader_) {
         return;
     }
     KS.setAccessibleDescription(optView->isDiagramChosen()
@@ -111,7 +111,7 @@ void f::describeView() {
 }
 
 void f::accessibilityActiveChanged(bool active) {
-    isReadOut_ = active;
+    hasScreenReader_ = active;
     describeView(); // what is shown already
 }
 

@@ -127,7 +127,7 @@ void f::noteView() {
     }
 }
 
-/// Anything else that waits goes first: the lookup starts anew after it.
+/// Other waiting tasks run first; the lookup then starts again.
 void f::lookUpHint() {
     const std::int32_t channel = selChan->channel();
     if (isLookedUp_ || !optView->isDiagramChosen() || channel == 0) {

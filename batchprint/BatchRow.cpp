@@ -116,7 +116,7 @@ void BatchRow::apply(const RowSettings& settings) {
     chShowMittel->setChecked(settings.meanShown);
 }
 
-void BatchRow::leadTo(QLineEdit& field) const {
+void BatchRow::focusField(QLineEdit& field) const {
     const bool scale = &field == tMin || &field == tMax;
     if (field.isEnabled()) {
         field.setFocus();

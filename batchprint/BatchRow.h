@@ -42,16 +42,16 @@ class BatchRow : public QObject {
     [[nodiscard]] std::int32_t minutes() const;
     [[nodiscard]] QString intervalCaption() const;
 
-    /// What the controls say. Throws NotANumber when one of the four number fields holds none, be it enabled
-    /// or not.
+    /// The values of the controls. Throws NotANumber when one of the four number fields holds none, be it
+    /// enabled or not.
     [[nodiscard]] RowSettings settings() const;
 
     /// Sets the controls; applyChoices sets only those that precede the scale.
     void apply(const RowSettings& settings);
     void applyChoices(const RowSettings& settings);
 
-    /// Brings the user to a number field, or to the box that enables it.
-    void leadTo(QLineEdit& field) const;
+    /// Moves the focus to a number field or, while it is disabled, to the box that enables it.
+    void focusField(QLineEdit& field) const;
 
   Q_SIGNALS:
     /// chKanal has been ticked or cleared.

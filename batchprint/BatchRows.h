@@ -23,7 +23,7 @@ inline constexpr std::size_t ROW_COUNT =
 static_assert(std::ranges::all_of(SLOT_CHANNELS.begin(), SLOT_CHANNELS.begin() + ROW_COUNT,
                                   [](std::int32_t channel) { return channel != 0; }));
 
-/// What the controls of one row say.
+/// The values of the controls of one row.
 struct RowSettings {
     bool selected = false;  // chKanal: the row is printed
     bool automatic = false; // chAuto: the scale follows the data

@@ -21,7 +21,7 @@ inline constexpr std::string_view SETTINGS_FILE = "Sammeldruck.cfg";
 
 using SettingsBytes = std::array<std::byte, sammeldruck::FILE_SIZE>;
 
-/// What a settings file gave.
+/// The result of loading a settings file.
 struct LoadedSettings {
     std::vector<RowSettings> rows; // from slot 0 on; of a damaged file those before the damage
     bool damaged = false;          // unreadable, of another length, or with an interval that does not exist
@@ -40,8 +40,8 @@ LoadedSettings decodeSettings(std::span<const std::byte, sammeldruck::FILE_SIZE>
 /// Reads a settings file. A missing file is not damaged: it has no rows.
 LoadedSettings loadSettings(std::string_view path = SETTINGS_FILE, const FileOpener& open = openFile);
 
-/// Replaces a settings file as a whole. When anything fails the old one stays as it was; the result says
-/// what the system objected to, and is empty after success.
+/// Replaces a settings file as a whole. When anything fails the old one stays as it was; the result is
+/// the system's error, empty after success.
 [[nodiscard]] std::error_code saveSettings(std::span<const RowSettings> rows,
                                            std::string_view path = SETTINGS_FILE);
 

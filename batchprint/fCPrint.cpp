@@ -50,7 +50,7 @@ void fCPrint::saveSettings() {
             settings.push_back(row->settings());
         }
     } catch (const BatchRow::NotANumber& wrong) {
-        wrong.row.leadTo(wrong.field);
+        wrong.row.focusField(wrong.field);
         return;
     }
     if (const std::error_code error = kelvrum::saveSettings(settings)) {
@@ -77,7 +77,7 @@ int fCPrint::lastChecked() const {
 void fCPrint::enableOk() { OKButton->setEnabled(!printing_ && lastChecked() >= 0); }
 
 TimeRange fCPrint::period() const {
-    period_->finish(); // the mnemonic of a button leaves what is being typed
+    period_->finish(); // the mnemonic of a button does not end an entry
     return period_->value();
 }
 

@@ -133,7 +133,7 @@ void fCPrint::showResult() {
     lResult->show();
 }
 
-/// The one error handler of the run; the error comes back when there was one.
+/// The one error handler of the run. Returns the error; null after success.
 std::exception_ptr fCPrint::tryPages(const TimeRange& range) {
     try {
         printPages(range);
@@ -150,7 +150,7 @@ void fCPrint::report(const std::exception_ptr& failure) {
         std::rethrow_exception(failure);
     } catch (const BatchRow::NotANumber& wrong) {
         say(QString::fromUtf8(wrong.what()));
-        wrong.row.leadTo(wrong.field);
+        wrong.row.focusField(wrong.field);
     } catch (const PrintCancelled&) {
         lResult->setText(QStringLiteral("Der Druck wurde abgebrochen."));
         lResult->show();
