@@ -3,7 +3,6 @@
 
 #include "app/ColumnDesign.h"
 
-#include <QItemSelectionModel>
 #include <QSignalBlocker>
 
 namespace kelvrum {

@@ -14,7 +14,6 @@ namespace kelvrum {
 class DataListModel;
 class ListView;
 class PolarSys;
-class PrintJob;
 
 /// Children of the window's inner area, one above the other: the diagram KS, the scroll bar HScroll and the
 /// list lView, which covers the diagram while it is shown.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/f.h"
 
-#include "app/ColumnScroll.h"
 #include "app/DateFrame.h"
 #include "app/IntervalFrame.h"
 #include "app/ScaleFrame.h"

@@ -2,7 +2,6 @@
 // Loading: from the chosen channel, range and interval to list rows or a diagram.
 #include "app/ChannelChoice.h"
 #include "app/DataListModel.h"
-#include "app/DateFrame.h"
 #include "app/IntervalFrame.h"
 #include "app/LimitFrame.h"
 #include "app/ListView.h"

@@ -2,7 +2,6 @@
 // Printing what the window shows.
 #include "app/ChannelChoice.h"
 #include "app/DataListModel.h"
-#include "app/DateFrame.h"
 #include "app/IntervalFrame.h"
 #include "app/SecondChannel.h"
 #include "app/TablePrintout.h"
