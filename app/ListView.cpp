@@ -50,6 +50,7 @@ ListView::ListView(QWidget* parent)
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setWordWrap(false);
     setTabKeyNavigation(false); // the tab key leaves the list
+    setContextMenuPolicy(Qt::ActionsContextMenu);
     setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);

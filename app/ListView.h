@@ -10,7 +10,8 @@
 namespace kelvrum {
 
 /// A report list: no grid, no row numbers, whole rows selected, rows of one fixed height. The selected rows
-/// are copied with the keys of "copy", as tab-separated text below their header.
+/// are copied with the keys of "copy", as tab-separated text below their header. Its actions are its context
+/// menu.
 class ListView : public QTableView {
     Q_OBJECT
 

@@ -24,7 +24,6 @@ void f::addCopies() {
     QAction* values = menKS->addAction(QStringLiteral("&Werte kopieren"));
     values->setObjectName(QStringLiteral("menWerte"));
     connect(values, &QAction::triggered, this, &f::copyValues);
-    view_->list().setContextMenuPolicy(Qt::ActionsContextMenu);
     view_->list().addAction(values);
 }
 

@@ -43,7 +43,6 @@ void f::buildEvaluation() {
     menKS->addSeparator();
     menKS->addAction(action);
     view_->list().addAction(action);
-    view_->list().setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
 void f::openEvaluation() {
