@@ -3,6 +3,7 @@
 
 #include "diagram/LineScale.h"
 #include "diagram/PolarSys.h"
+#include "util/Controls.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -41,8 +42,7 @@ void SecondChannel::fill(const std::vector<ListedChannel>& channels) {
         entry->deleteLater(); // it may be the one that has been triggered
     }
     for (const ListedChannel& listed : channels) {
-        QString text = QString::fromStdString(listed.name);
-        add(text.replace(QLatin1Char('&'), QStringLiteral("&&")),
+        add(captionOf(QString::fromStdString(listed.name)),
             QStringLiteral("menKanal(%1)").arg(listed.channel), listed.channel);
     }
     add(QStringLiteral("&Keiner"), QStringLiteral("menKeiner"), 0);
