@@ -23,6 +23,7 @@
 #include <QPointer>
 #include <cstdint>
 #include <exception>
+#include <functional>
 #include <map>
 #include <optional>
 #include <span>
@@ -171,6 +172,7 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     // --- f_print.cpp: printing ---
     // `window` is the parent of dialogs and messages.
     bool printerReady(QWidget& window);
+    void printAs(const std::string& name, QWidget& window, const std::function<void()>& pages);
     void printView();
     void printNow();
     void setUpPrinterAndPrint();

@@ -16,7 +16,6 @@
 #include "util/Validity.h"
 
 #include <QAction>
-#include <exception>
 
 namespace kelvrum {
 
@@ -71,26 +70,14 @@ void f::openEvaluation() {
 }
 
 void f::printEvaluation(const EvaluationText& text, QWidget& window) {
-    if (!printerReady(window)) {
-        return;
-    }
-    printJob_.setName(jobName(station_.Title, "Auswertung", range(), environment_.texts));
-    if (!chooseFile(window)) {
-        return;
-    }
-    try {
+    printAs(jobName(station_.Title, "Auswertung", range(), environment_.texts), window, [&] {
         const BusyPointer busy;
         const PrintWait wait(printJob_, window);
         const std::string foot = station_.Title + ", " + text.title + ", gedruckt am " + printingDate();
         printEvaluationText(text, station_.Title, foot,
                             [this]() -> Surface& { return printJob_.newPage(QPageLayout::Landscape); });
         printJob_.end();
-    } catch (const PrintCancelled&) {
-        printJob_.abandon();
-    } catch (const std::exception& error) {
-        printJob_.abandon();
-        say(window, error);
-    }
+    });
 }
 
 } // namespace kelvrum

@@ -20,6 +20,7 @@
 #include <QCoreApplication>
 #include <QPrinter>
 #include <exception>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -52,31 +53,39 @@ bool f::printerReady(QWidget& window) {
     return false;
 }
 
+/// Prints pages as a job of this name, once there is a printer and a file to print into. An error or the user
+/// ends the job.
+void f::printAs(const std::string& name, QWidget& window, const std::function<void()>& pages) {
+    if (!printerReady(window)) {
+        return;
+    }
+    printJob_.setName(name);
+    if (!chooseFile(window)) {
+        return;
+    }
+    try {
+        pages();
+    } catch (const PrintCancelled&) {
+        printJob_.abandon();
+    } catch (const std::exception& error) {
+        printJob_.abandon();
+        say(window, error);
+    }
+}
+
 void f::printView() {
     loader_.whenIdle("menPrint", [this] { printNow(); }); // the page shows the finished view
 }
 
 void f::printNow() {
     finishEdits();
-    if (!printerReady(*this)) {
-        return;
-    }
-    printJob_.setName(nameOfView());
-    if (!chooseFile(*this)) {
-        return;
-    }
-    try {
+    printAs(nameOfView(), *this, [this] {
         if (optView->isDiagramChosen()) {
             printDiagram();
         } else {
             printList();
         }
-    } catch (const PrintCancelled&) {
-        printJob_.abandon();
-    } catch (const std::exception& error) {
-        printJob_.abandon();
-        say(*this, error);
-    }
+    });
 }
 
 /// Asks for the name of the PDF file, where one is printed into; false when the user cancels.
