@@ -40,15 +40,15 @@ class EvaluationPrinter {
     void printEntries(const std::vector<EvaluationEntry>& entries) {
         double names = 0;
         for (const EvaluationEntry& entry : entries) {
-            names = std::max(names, widthOf(entry.label));
+            names = std::max(names, widthOn(*page_, entry.label));
         }
         const double valueAt = LEFT_MARGIN + names + BETWEEN_COLUMNS;
         const std::string columns = plainNumber(LEFT_MARGIN) + "|" + plainNumber(valueAt);
-        const double width = millimetres(page_->size().width) - valueAt;
+        const double width = millimetres(*page_, page_->size().width) - valueAt;
         for (const EvaluationEntry& entry : entries) {
             std::string label = entry.label;
             for (const std::string& line :
-                 wrapText(*page_, entry.value, dots(width - RIGHT_MARGIN), MAX_LINES)) {
+                 wrapText(*page_, entry.value, dots(*page_, width - RIGHT_MARGIN), MAX_LINES)) {
                 if (!hasRoom(1)) {
                     startPage();
                 }
@@ -85,15 +85,8 @@ class EvaluationPrinter {
     }
 
   private:
-    [[nodiscard]] double millimetres(int dots) const { return dots / page_->scale(); }
-    [[nodiscard]] int dots(double length) const {
-        return static_cast<int>(roundHalfEven(length * page_->scale()));
-    }
-    [[nodiscard]] double widthOf(std::string_view text) const {
-        return millimetres(page_->textExtent(text).width);
-    }
     [[nodiscard]] bool hasRoom(int lines) const {
-        return y_ + lines * lineHeight_ <= millimetres(page_->size().height) - LOWER_MARGIN;
+        return y_ + lines * lineHeight_ <= millimetres(*page_, page_->size().height) - LOWER_MARGIN;
     }
 
     void startPage() {
@@ -106,13 +99,13 @@ class EvaluationPrinter {
     void setFont(const Font& font) {
         font_ = font;
         page_->setFont(font_);
-        lineHeight_ = millimetres(page_->textExtent("").height);
+        lineHeight_ = lineHeightOn(*page_);
     }
 
     /// A line in its own font and an empty one.
     void printHeading(const std::string& text, const Font& font) {
         page_->setFont(font);
-        const double height = millimetres(page_->textExtent("").height);
+        const double height = lineHeightOn(*page_);
         drawTitle(*page_, text, font, y_);
         y_ += 1.5 * height;
         page_->setFont(font_);
@@ -124,10 +117,10 @@ class EvaluationPrinter {
     }
 
     void printRow(const std::vector<std::string>& cells, const std::string& columns, double lastWidth) {
-        const auto width = [this](std::string_view text) { return widthOf(text); };
+        const auto width = [this](std::string_view text) { return widthOn(*page_, text); };
         const std::vector<std::string_view> row(cells.begin(), cells.end());
         for (const PlacedCell& cell : placeCells(row, columns, lastWidth, width)) {
-            page_->text({dots(cell.x), dots(y_)}, cell.text);
+            page_->text({dots(*page_, cell.x), dots(*page_, y_)}, cell.text);
         }
         y_ += lineHeight_;
     }
@@ -137,7 +130,7 @@ class EvaluationPrinter {
         std::vector<double> widths(table.header.size(), 0);
         const auto widen = [&](const std::vector<std::string>& row) {
             for (std::size_t i = 0; i < widths.size(); ++i) {
-                widths[i] = std::max(widths[i], widthOf(row[i]) + BETWEEN_COLUMNS);
+                widths[i] = std::max(widths[i], widthOn(*page_, row[i]) + BETWEEN_COLUMNS);
             }
         };
         widen(table.header);
@@ -150,7 +143,7 @@ class EvaluationPrinter {
     /// The widths in the largest font in which all columns are on the page; the smallest one where none is.
     std::vector<double> fitColumns(const EvaluationTable& table) {
         constexpr double MIN_POINTS = 5;
-        const double room = millimetres(page_->size().width) - LEFT_MARGIN - RIGHT_MARGIN;
+        const double room = millimetres(*page_, page_->size().width) - LEFT_MARGIN - RIGHT_MARGIN;
         std::vector<double> widths = columnWidths(table);
         for (Font font = TEXT_FONT;
              font.Size > MIN_POINTS && std::accumulate(widths.begin(), widths.end(), 0.0) > room;) {

@@ -60,18 +60,6 @@ std::string entryText(char mark, double millimetres) {
     return text + plainNumber(millimetres);
 }
 
-double millimetres(const Surface& surface, int dots) { return dots / surface.scale(); }
-
-int dots(const Surface& surface, double length) {
-    return static_cast<int>(roundHalfEven(length * surface.scale()));
-}
-
-double widthOn(Surface& surface, std::string_view text) {
-    return millimetres(surface, surface.textExtent(text).width);
-}
-
-double lineHeightOn(Surface& surface) { return millimetres(surface, surface.textExtent("").height); }
-
 } // namespace
 
 ColumnEntry parseColumnEntry(std::string_view entry) {
