@@ -24,9 +24,6 @@ constexpr std::string_view VALUE_SAMPLE = "12345678901234 [ert]";
 
 const Font FOOT_FONT{"Arial", 8, false, false};
 
-/// True within a UTF-8 character, after its first byte.
-bool isContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
-
 /// Takes the last character, which may be several bytes, off a UTF-8 text.
 void dropLastCharacter(std::string& text) {
     while (!text.empty() && isContinuation(text.back())) {

@@ -32,7 +32,7 @@ constexpr Colour MEAN = 0x0080FF; // orange
 /// The axis captions: the parts of AchseText between semicolons.
 std::vector<std::string_view> axisCaptions(const std::string& text) {
     constexpr std::ptrdiff_t SHORTEST = 2; // characters
-    const auto starts = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
+    const auto starts = [](char c) { return !isContinuation(c); };
     return std::count_if(text.begin(), text.end(), starts) < SHORTEST ? std::vector<std::string_view>()
                                                                       : split(text, ';');
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/FittedText.h"
 
+#include "util/Text.h"
+
 #include <algorithm>
 
 namespace kelvrum {
@@ -12,9 +14,6 @@ constexpr std::string_view ELLIPSIS = "…";
 bool fits(Surface& surface, std::string_view text, int room) {
     return surface.textExtent(text).width <= room;
 }
-
-/// Within a UTF-8 character, after its first byte.
-bool isContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
 /// The text, or as many of its characters as have room with a mark: its beginning, or both its ends.
 std::string shortened(Surface& surface, std::string_view text, int room, bool bothEnds) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/JobName.h"
 
+#include "util/Text.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -11,10 +13,9 @@ namespace {
 constexpr std::string_view BETWEEN = " – ";
 constexpr std::string_view CUT = "…";
 
-bool startsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }
-
 std::size_t characters(std::string_view text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), startsCharacter));
+    return static_cast<std::size_t>(
+        std::count_if(text.begin(), text.end(), [](char c) { return !isContinuation(c); }));
 }
 
 /// A text on one line: line ends, tabs and other controls are blanks.
@@ -31,7 +32,7 @@ void shorten(std::string& text, std::size_t count) {
         return;
     }
     while (!text.empty() && characters(text) + 1 > count) {
-        while (text.size() > 1 && !startsCharacter(text.back())) {
+        while (text.size() > 1 && isContinuation(text.back())) {
             text.pop_back();
         }
         text.pop_back();

@@ -11,6 +11,9 @@ namespace kelvrum {
 /// Whether the character is one of 0 to 9, in every locale.
 constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
+/// Whether a byte continues a UTF-8 character that an earlier byte has begun.
+constexpr bool isContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
+
 /// The text without blanks (only blanks, no tabs) at both ends.
 std::string_view trimBlanks(std::string_view text);
 
