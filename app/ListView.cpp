@@ -78,7 +78,7 @@ QString ListView::allText() const {
 
 QString ListView::textOf(const std::vector<std::pair<int, int>>& ranges) const {
     const int columns = model()->columnCount();
-    QString text = valueHeader_.isEmpty() ? QString() : QString::fromUtf8(COPY_NOTE);
+    QString text = valueHeader_.isEmpty() ? QString() : QString::fromUtf8(TIME_NOTE) + QLatin1Char('\n');
     const auto addLine = [&](auto cell) {
         for (int column = 0; column < columns; ++column) {
             text += (column > 0 ? QStringLiteral("\t") : QString()) + cell(column).toString();

@@ -10,6 +10,7 @@
 #include "app/f.h"
 #include "batchprint/fCPrint.h"
 #include "config/ChannelList.h"
+#include "diagram/CopiedText.h"
 #include "diagram/PolarDiagram.h"
 #include "diagram/PolarSys.h"
 #include "drawing/JobName.h"
@@ -195,7 +196,7 @@ void f::printList() {
     table.valueColumns = listedChannels(station_).size();
     table.rows = rows.count();
     table.rowText = [&rows](std::size_t row) { return rows.text(row); };
-    table.note = "Zeit: Beginn des Intervalls, ohne Sommerzeit";
+    table.note = TIME_NOTE;
     table.foot = shownRange(range());
     if (!hasDayFiles(station_)) { // whose list shows the records themselves
         table.foot += ", Intervall: " + interval_->caption().toStdString();

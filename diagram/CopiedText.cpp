@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "diagram/CopiedText.h"
 
+#include "diagram/Angles.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -23,8 +25,8 @@ std::string valueHeader(const ReadoutSeries& series) { return header(series.name
 std::string copiedSeries(const SeriesReader& reader, const ReadoutSeries& first,
                          const std::optional<ReadoutSeries>& second, const LocaleTexts& texts) {
     const int passes = reader.passes();
-    std::string text = COPY_NOTE;
-    text += "Zeit\t" + valueHeader(first);
+    std::string text = TIME_NOTE;
+    text += "\nZeit\t" + valueHeader(first);
     text += passes > 1 ? "\t" + header({}, "Minimum", first.unit) : "";
     text += passes > 2 ? "\t" + header({}, "Maximum", first.unit) : "";
     text += second ? "\t" + valueHeader(*second) : "";

@@ -2,7 +2,6 @@
 // What a diagram shows as tab-separated text, for the clipboard.
 #pragma once
 
-#include "diagram/PolarDiagram.h"
 #include "diagram/Readout.h"
 #include "diagram/ReadoutText.h"
 #include "util/Format.h"
@@ -13,8 +12,8 @@
 
 namespace kelvrum {
 
-/// The line that every copy of values over time begins with, and its line feed.
-inline constexpr const char* COPY_NOTE = "Zeit: Beginn des Intervalls, ohne Sommerzeit\n";
+/// What the times of values mean: the first line of every copy of values over time, and a note in print.
+inline constexpr const char* TIME_NOTE = "Zeit: Beginn des Intervalls, ohne Sommerzeit";
 
 /// The head of a column of values: the channel's name, "Wert" and the unit in brackets.
 std::string valueHeader(const ReadoutSeries& series);

@@ -2,6 +2,7 @@
 // The list of a year of minutes, from its rows to a finished document, beside the same lines written plainly
 // with the toolkit.
 #include "app/TablePrintout.h"
+#include "diagram/CopiedText.h"
 #include "drawing/PrintJob.h"
 #include "tools/bench/Ratios.h"
 #include "tools/bench/Registers.h"
@@ -45,7 +46,7 @@ Table tableOf(const std::vector<std::string>& rows) {
     table.header = "Uhrzeit|Staub PM10 [µg/m³]";
     table.rows = rows.size();
     table.rowText = [&rows](std::size_t row) { return rows[row]; };
-    table.note = "Zeit: Beginn des Intervalls, ohne Sommerzeit";
+    table.note = TIME_NOTE;
     table.foot =
         "01.01.2026, 00:00 Uhr bis 01.01.2027, 00:00 Uhr, Intervall: 1 Minute, gedruckt am 18.06.2026";
     return table;
