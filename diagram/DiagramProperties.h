@@ -64,6 +64,11 @@ struct DiagramProperties {
     Font SkalaFont;
     bool Enabled = true;
 
+    /// Whether the right range follows the data.
+    [[nodiscard]] bool hasAutomaticRightRange() const {
+        return Y2Low == AUTOMATIC_RIGHT_RANGE && Y2High == AUTOMATIC_RIGHT_RANGE;
+    }
+
     bool operator==(const DiagramProperties&) const = default;
 };
 

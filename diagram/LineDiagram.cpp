@@ -81,7 +81,7 @@ class LinePainting {
         scan_ = scanSeries(series_.y1);
         left_ = leftRange(properties_, scan_);
         const ValueRange right = rightRange(properties_, series_.y2);
-        if (properties_.Y2Low == AUTOMATIC_RIGHT_RANGE && properties_.Y2High == AUTOMATIC_RIGHT_RANGE) {
+        if (properties_.hasAutomaticRightRange()) {
             automaticRight_ = right;
         }
         right_ = withHeight(right);

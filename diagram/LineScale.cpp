@@ -76,7 +76,7 @@ ValueRange leftRange(const DiagramProperties& properties, const SeriesScan& scan
 }
 
 ValueRange rightRange(const DiagramProperties& properties, std::span<const double> values) {
-    if (properties.Y2Low != AUTOMATIC_RIGHT_RANGE || properties.Y2High != AUTOMATIC_RIGHT_RANGE) {
+    if (!properties.hasAutomaticRightRange()) {
         return {properties.Y2Low, properties.Y2High};
     }
     if (values.empty()) {
