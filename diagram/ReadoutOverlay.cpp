@@ -5,9 +5,7 @@
 #include "diagram/PolarSys.h"
 
 #include <QEvent>
-#include <QFontMetrics>
 #include <QLabel>
-#include <QStringList>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -137,9 +135,7 @@ bool ReadoutOverlay::isInPlot(const QPointF& place) const {
     if (!hasPlot()) {
         return false;
     }
-    const Box plot = diagram_.lineShown()->plot.clip();
-    const Dot dot = deviceDot(place);
-    return dot.x >= plot.left && dot.x < plot.right && dot.y >= plot.top && dot.y < plot.bottom;
+    return holds(diagram_.lineShown()->plot.clip(), deviceDot(place));
 }
 
 std::optional<DateTime> ReadoutOverlay::timeAt(const QPointF& place) const {
@@ -193,7 +189,6 @@ void ReadoutOverlay::step(int direction) {
     if (diagram_.polarShown()) {
         const auto sectors = static_cast<std::int64_t>(diagram_.polarShown()->classes.counts.size()) - 1;
         if (sectors > 0) {
-            sectorPlace_ = {};
             const std::int64_t from = sector_ ? *sector_ + direction : 0;
             readSector((from + sectors) % sectors);
         }

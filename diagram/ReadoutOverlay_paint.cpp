@@ -29,10 +29,6 @@ const QColor BAND_EDGE(0, 96, 192);
 
 QRect rectOf(const Box& box) { return {box.left, box.top, box.right - box.left, box.bottom - box.top}; }
 
-bool holds(const Box& box, Dot dot) {
-    return dot.x >= box.left && dot.x < box.right && dot.y >= box.top && dot.y < box.bottom;
-}
-
 } // namespace
 
 int ReadoutOverlay::dots(int pixels) const { return static_cast<int>(std::lround(pixels * ratio())); }

@@ -200,13 +200,13 @@ Box around(std::span<const Dot> dots) {
 Dot placeField(Extent field, Dot point, const Box& area, int gap, std::span<const Dot> free) {
     const Dot usual = besidePoint(field, point, area, gap);
     const int margin = gap / 2;
-    const auto holds = [&](Dot at, Dot dot) {
+    const auto covers = [&](Dot at, Dot dot) {
         return dot.x > at.x - margin && dot.x < at.x + field.width + margin && dot.y > at.y - margin &&
                dot.y < at.y + field.height + margin;
     };
     const auto isFree = [&](Dot at) {
-        return !holds(at, point) &&
-               std::none_of(free.begin(), free.end(), [&](Dot dot) { return holds(at, dot); });
+        return !covers(at, point) &&
+               std::none_of(free.begin(), free.end(), [&](Dot dot) { return covers(at, dot); });
     };
     if (isFree(usual)) {
         return usual;

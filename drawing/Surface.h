@@ -38,6 +38,11 @@ struct Box {
     bool operator==(const Box&) const = default;
 };
 
+/// Whether a dot is in a box.
+inline bool holds(const Box& box, Dot dot) {
+    return dot.x >= box.left && dot.x < box.right && dot.y >= box.top && dot.y < box.bottom;
+}
+
 /// Width and height in dots.
 struct Extent {
     int width = 0;
