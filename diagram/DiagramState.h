@@ -59,8 +59,6 @@ class DiagramState : public DiagramFeed {
     /// Screen angle of direction 0. Repaints at once.
     [[nodiscard]] double AngelOffset() const { return fromRadians(properties_.AngelOffset, Bogenmass()); }
     void setAngelOffset(double angle);
-    /// The same in radians, whatever the unit of Bogenmass.
-    [[nodiscard]] double angelOffsetRadians() const { return properties_.AngelOffset; }
     /// Number of rings and of direction classes, at least 1; less throws InvalidPropertyValue. Repaint.
     [[nodiscard]] std::int32_t LongRaster() const { return properties_.LongRaster; }
     void setLongRaster(std::int32_t rings);

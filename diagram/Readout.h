@@ -10,7 +10,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -43,8 +42,6 @@ class SeriesReader {
     /// `interval` is that of the columns in days; 0 when it is not known.
     SeriesReader(const Series& series, DateTime xLow, double interval);
 
-    /// Whether any column has a value.
-    [[nodiscard]] bool hasValues() const { return first().has_value(); }
     /// The number of passes, at most three: means, minima, maxima.
     [[nodiscard]] int passes() const { return passes_; }
 

@@ -4,7 +4,6 @@
 #include "drawing/CupsLibrary.h"
 #include "util/LocalConnections.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
@@ -15,6 +14,7 @@
 #include <optional>
 #include <string>
 #include <thread>
+#include <vector>
 
 namespace kelvrum {
 

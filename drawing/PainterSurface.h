@@ -11,7 +11,6 @@
 #include <QPainter>
 #include <map>
 #include <memory>
-#include <string>
 #include <vector>
 
 namespace kelvrum {

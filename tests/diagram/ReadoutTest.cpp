@@ -78,13 +78,12 @@ TEST(SeriesReader, WithoutAnIntervalTheColumnsDecide) {
 }
 
 TEST(SeriesReader, OfNothing) {
-    EXPECT_FALSE(SeriesReader().hasValues());
+    EXPECT_FALSE(SeriesReader().first());
     EXPECT_FALSE(SeriesReader().at(DAY, 1));
     EXPECT_FALSE(SeriesReader().last());
     for (const double v : {GAP, 999999.0, -999999.0, NAN_VALUE, std::numeric_limits<double>::infinity()}) {
         const Hours hours = Hours().add(0, v).add(1, v).add(2, v, NAN_VALUE);
         const SeriesReader reader = hours.reader();
-        EXPECT_FALSE(reader.hasValues());
         EXPECT_FALSE(reader.at(DAY + HOUR, 1));
         EXPECT_FALSE(reader.nearest(DAY));
         EXPECT_FALSE(reader.first());
