@@ -19,11 +19,9 @@ using kelvrum::testing::PrintedDiagram;
 using kelvrum::testing::PrintedPage;
 using kelvrum::testing::printedPages;
 using kelvrum::testing::PrivateCups;
+using kelvrum::testing::UNREACHABLE;
 
 using Queue = PrivateCups::Queue;
-
-constexpr const char* UNREACHABLE =
-    "Der Drucker ist nicht erreichbar. Bitte prüfen Sie, ob er eingeschaltet und eingerichtet ist.";
 
 /// What PrintDiag says when it fails; nothing when it does not.
 std::string failure(PolarSys& control, bool finish) {

@@ -23,8 +23,8 @@
 namespace kelvrum {
 namespace {
 
+using kelvrum::testing::contentOf;
 using kelvrum::testing::PrintedDiagram;
-using kelvrum::testing::PrintedPage;
 using kelvrum::testing::printedPages;
 using kelvrum::testing::PrivateCups;
 
@@ -55,11 +55,6 @@ struct OpenDialog {
         QTest::mouseClick(dialog.findChild<QDialogButtonBox*>()->button(button), Qt::LeftButton);
     }
 };
-
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 } // namespace
 

@@ -1,70 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What becomes of a print job: whole or not at all, on a queue that takes it, refuses it, is stopped, dies or
-// does not answer, and as a PDF file.
+// What becomes of a print job on a queue that takes it, refuses it, is stopped, dies or does not answer: it
+// is printed whole or not at all. And which options the queue gets.
 #include "tests/diagram/PrintedDiagram.h"
-#include "tests/testing/FileSizeLimit.h"
-#include "tests/testing/OrdinaryUser.h"
-#include "tests/testing/SystemReason.h"
-#include "tests/testing/TempFolder.h"
 
-#include <QDir>
-#include <QFile>
 #include <QPrinter>
-#include <QTemporaryDir>
 #include <QTest>
-#include <exception>
-#include <filesystem>
-#include <memory>
-#include <optional>
 #include <string>
-#include <system_error>
+#include <tuple>
 
 namespace kelvrum {
 namespace {
 
 using kelvrum::testing::addNumberPages;
-using kelvrum::testing::FileSizeLimit;
+using kelvrum::testing::failureOf;
 using kelvrum::testing::MANY_PAGES;
-using kelvrum::testing::OrdinaryUser;
 using kelvrum::testing::PrintedDiagram;
-using kelvrum::testing::printedPages;
 using kelvrum::testing::PrivateCups;
-using kelvrum::testing::systemReason;
-using kelvrum::testing::TempFolder;
+using kelvrum::testing::UNREACHABLE;
 
 using Queue = PrivateCups::Queue;
 using Stage = PrintProgress::Stage;
 
-constexpr const char* UNREACHABLE =
-    "Der Drucker ist nicht erreichbar. Bitte prüfen Sie, ob er eingeschaltet und eingerichtet ist.";
 constexpr const char* NO_ANSWER =
     "Das Drucksystem antwortet nicht. Bitte versuchen Sie es später noch einmal.";
-enum Failing { THE_FILE, THE_FOLDER, THE_ROOM }; // what a new file fails for
 const QString WORDS = QStringLiteral("Papier wird gewechselt");
-
-/// What the end of a job says; nothing when all is well.
-QString failure(PrintJob& job) {
-    try {
-        job.end();
-    } catch (const std::exception& error) {
-        return QString::fromUtf8(error.what());
-    }
-    return {};
-}
-
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// Sends the job into a file, as the printer dialog does.
-void chooseFile(PrintJob& job, const QString& path) {
-    job.setUp([&path](QPrinter& printer) {
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(path);
-        return true;
-    });
-}
 
 } // namespace
 
@@ -77,7 +36,7 @@ class PrintFateTest : public testing::PrintTest {
     void aPrintedJobSaysNothing() {
         PrintedDiagram diagram;
         diagram.print(false);
-        QCOMPARE(failure(diagram.job), QString());
+        QCOMPARE(failureOf(diagram.job), QString());
         QCOMPARE(newJobs(), std::size_t(1));
         QCOMPARE(diagram.job.receipt().pages, std::size_t(1));
         QCOMPARE(diagram.job.receipt().place, QStringLiteral("auf dem Drucker „Testdrucker“"));
@@ -87,7 +46,7 @@ class PrintFateTest : public testing::PrintTest {
         PrintedDiagram diagram;
         diagram.print(false);
         cups().reject(WORDS);
-        const QString said = failure(diagram.job);
+        const QString said = failureOf(diagram.job);
         QVERIFY2(said.startsWith(
                      QStringLiteral("Der Druckauftrag wurde vom Drucker „Testdrucker“ nicht angenommen: ")),
                  qPrintable(said));
@@ -103,7 +62,7 @@ class PrintFateTest : public testing::PrintTest {
         PrintedDiagram diagram;
         diagram.print(false);
         cups().halt(WORDS);
-        const QString said = failure(diagram.job);
+        const QString said = failureOf(diagram.job);
         QVERIFY2(said.startsWith(QStringLiteral("Der Drucker „Testdrucker“ ist angehalten: ") + WORDS),
                  qPrintable(said));
         QCOMPARE(newJobs(), std::size_t(1)); // it waits
@@ -120,7 +79,7 @@ class PrintFateTest : public testing::PrintTest {
             }
             return true;
         });
-        QCOMPARE(failure(diagram.job), QString::fromUtf8(UNREACHABLE));
+        QCOMPARE(failureOf(diagram.job), QString::fromUtf8(UNREACHABLE));
         diagram.job.setStep({});
         cups().start();
         QCOMPARE(newJobs(), std::size_t(0));
@@ -142,7 +101,7 @@ class PrintFateTest : public testing::PrintTest {
             }
             return true;
         });
-        QCOMPARE(failure(diagram.job), QString::fromUtf8(UNREACHABLE));
+        QCOMPARE(failureOf(diagram.job), QString::fromUtf8(UNREACHABLE));
         QVERIFY(partly);
         diagram.job.setStep({});
         cups().start();
@@ -168,7 +127,7 @@ class PrintFateTest : public testing::PrintTest {
             diagram.print(false);
             cups().hang();
             diagram.job.setStep([&](const PrintProgress&) { return ++steps > 0; });
-            QCOMPARE(failure(diagram.job), QString::fromUtf8(NO_ANSWER));
+            QCOMPARE(failureOf(diagram.job), QString::fromUtf8(NO_ANSWER));
         }
         // Events have run meanwhile, every 20 ms: for a second when it is probed, for ten with a document.
         QVERIFY2(early ? steps > 1 && steps < 250 : steps > 10, qPrintable(QString::number(steps)));
@@ -206,11 +165,11 @@ class PrintFateTest : public testing::PrintTest {
             }
             return true;
         });
-        QString message = failure(diagram.job);
+        QString message = failureOf(diagram.job);
         for (int again = 0; again < 2 && message.isEmpty(); ++again) { // a busy scheduler fails it too late
             ++known;
             diagram.print(false);
-            message = failure(diagram.job);
+            message = failureOf(diagram.job);
         }
         QVERIFY2(message.startsWith(said), qPrintable(message));
         if (said.endsWith(QStringLiteral(": "))) {
@@ -225,7 +184,7 @@ class PrintFateTest : public testing::PrintTest {
         cups().start(Queue::FORGETS);
         PrintedDiagram diagram;
         diagram.print(false);
-        QCOMPARE(failure(diagram.job), QString());
+        QCOMPARE(failureOf(diagram.job), QString());
         QCOMPARE(diagram.job.receipt().pages, std::size_t(1));
         QCOMPARE(cups().allJobs(), std::size_t(0));
     }
@@ -269,151 +228,6 @@ class PrintFateTest : public testing::PrintTest {
                 QVERIFY(qRed(dot) == qGreen(dot) && qGreen(dot) == qBlue(dot));
             }
         }
-    }
-
-    // --- files ---
-
-    void aFileCountsAsAPrinter() {
-        const QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("Bericht.pdf"));
-        cups().stop();
-        PrintedDiagram diagram;
-        QVERIFY(!diagram.job.hasPrinter());
-        chooseFile(diagram.job, path);
-        QVERIFY(diagram.job.hasPrinter());
-        QVERIFY(!diagram.job.needsFile());
-        diagram.print(false);
-        diagram.print(true);
-        QCOMPARE(printedPages(path).size(), std::size_t(2));
-        QVERIFY(diagram.job.hasPrinter());
-        QVERIFY(diagram.job.needsFile()); // each further job asks again
-        diagram.job.setName("Staub 1/2");
-        QCOMPARE(diagram.job.proposedFile(), folder.filePath(QStringLiteral("Staub 1_2.pdf")));
-        const QString other = folder.filePath(QStringLiteral("Anderer.pdf"));
-        diagram.job.setFile(other);
-        diagram.print(true);
-        QCOMPARE(printedPages(other).size(), std::size_t(1));
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 2);
-        QCOMPARE(diagram.job.receipt().place, QStringLiteral("in die Datei „%1“").arg(other));
-        cups().start();
-    }
-
-    void aFileIsReplacedAsAWhole_data() {
-        QTest::addColumn<bool>("cancelled");
-        QTest::newRow("cancelled") << true;
-        QTest::newRow("printed") << false;
-    }
-    void aFileIsReplacedAsAWhole() {
-        QFETCH(bool, cancelled);
-        const QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("Bericht.pdf"));
-        const QByteArray old("the report of last year");
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(old) == old.size());
-        file.close();
-        PrintedDiagram diagram;
-        chooseFile(diagram.job, path);
-        diagram.print(false);
-        diagram.job.setStep([&](const PrintProgress&) {
-            if (contentOf(path) != old) {
-                qFatal("the old file is touched before the new one is complete");
-            }
-            return !cancelled;
-        });
-        failure(diagram.job);
-        QCOMPARE(contentOf(path) == old, cancelled);
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("Bericht.pdf")});
-    }
-
-    void theOldFileStaysWhenTheNewOneFails_data() {
-        QTest::addColumn<int>("failing");
-        QTest::addColumn<std::errc>("reason");
-        QTest::newRow("the file is write-protected") << int(THE_FILE) << std::errc::permission_denied;
-        QTest::newRow("the folder is write-protected") << int(THE_FOLDER) << std::errc::permission_denied;
-        QTest::newRow("the disk is full") << int(THE_ROOM) << std::errc::file_too_large;
-    }
-    void theOldFileStaysWhenTheNewOneFails() {
-#ifdef KELVRUM_HAS_LIMITS
-        QFETCH(int, failing);
-        QFETCH(std::errc, reason);
-        QVERIFY(QFile::setPermissions(temporaryFolder(), QFile::Permissions(0x7777)));
-        const OrdinaryUser user;
-        const TempFolder folder;
-        const std::string path = folder.write("Bericht.pdf", "the report of last year");
-        PrintedDiagram diagram;
-        chooseFile(diagram.job, QString::fromStdString(path));
-        diagram.print(false);
-        const auto protect = [](const std::filesystem::path& what, std::filesystem::perm_options how) {
-            std::filesystem::permissions(what, std::filesystem::perms::owner_write, how);
-        };
-        const std::filesystem::path what =
-            failing == THE_FOLDER ? folder.path() : std::filesystem::path(path);
-        std::optional<FileSizeLimit> limit;
-        if (failing == THE_ROOM) {
-            limit.emplace(1000);
-        } else {
-            protect(what, std::filesystem::perm_options::remove);
-        }
-        const QString said = failure(diagram.job);
-        limit.reset();
-        protect(what, std::filesystem::perm_options::add);
-        QCOMPARE(said, QStringLiteral("Die Datei „%1“ konnte nicht geschrieben werden: %2.")
-                           .arg(QString::fromStdString(path), systemReason(reason)));
-        QCOMPARE(contentOf(QString::fromStdString(path)), QByteArray("the report of last year"));
-        QCOMPARE(QDir(QString::fromStdString(folder.at(""))).entryList(QDir::Files),
-                 QStringList{QStringLiteral("Bericht.pdf")});
-#else
-        QSKIP("This system has no limit for the length of files.");
-#endif
-    }
-
-    void whatCannotBeWrittenIsSaid_data() {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<std::errc>("reason");
-        QTest::newRow("a full device") << QStringLiteral("/dev/full") << std::errc::no_space_on_device;
-        QTest::newRow("no such folder")
-            << QStringLiteral("/nirgends/Bericht.pdf") << std::errc::no_such_file_or_directory;
-        QTest::newRow("a folder") << QStringLiteral("/tmp") << std::errc::is_a_directory;
-    }
-    void whatCannotBeWrittenIsSaid() {
-        QFETCH(QString, path);
-        QFETCH(std::errc, reason);
-        PrintedDiagram diagram;
-        chooseFile(diagram.job, path);
-        diagram.print(false);
-        QCOMPARE(failure(diagram.job), QStringLiteral("Die Datei „%1“ konnte nicht geschrieben werden: %2.")
-                                           .arg(path, systemReason(reason)));
-        QVERIFY(!diagram.job.isOpen());
-        QVERIFY(QFileInfo::exists(QStringLiteral("/dev/full")));
-    }
-
-    /// The document of a queue has no room either.
-    void noRoomForTheDocumentIsSaid() {
-#ifdef KELVRUM_HAS_LIMITS
-        PrintedDiagram diagram;
-        diagram.print(false);
-        std::optional<FileSizeLimit> limit(1000);
-        const QString said = failure(diagram.job);
-        limit.reset();
-        QVERIFY2(said.endsWith(QStringLiteral("konnte nicht geschrieben werden: %1.")
-                                   .arg(systemReason(std::errc::file_too_large))),
-                 qPrintable(said));
-        QCOMPARE(newJobs(), std::size_t(0));
-#else
-        QSKIP("This system has no limit for the length of files.");
-#endif
-    }
-
-    void noFolderForTheDocumentIsSaid() {
-        PrintedDiagram diagram;
-        diagram.print(false);
-        const QByteArray before = qgetenv("TMPDIR");
-        qputenv("TMPDIR", "/nirgends");
-        const QString said = failure(diagram.job);
-        before.isEmpty() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
-        QVERIFY2(said.endsWith(QStringLiteral(": Es gibt keinen Ordner für temporäre Dateien.")),
-                 qPrintable(said));
-        QCOMPARE(newJobs(), std::size_t(0));
     }
 };
 

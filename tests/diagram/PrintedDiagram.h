@@ -9,8 +9,11 @@
 #include "tests/testing/PrintTest.h"
 #include "tests/testing/PrintedDocument.h"
 
-#include <QTest>
+#include <QByteArray>
+#include <QFile>
+#include <QString>
 #include <cstddef>
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -18,6 +21,26 @@ namespace kelvrum::testing {
 
 inline constexpr double PAGE_WIDTH = 297; // A4, landscape, in millimetres
 inline constexpr double PAGE_HEIGHT = 210;
+
+/// What a job without a print system says.
+inline constexpr const char* UNREACHABLE =
+    "Der Drucker ist nicht erreichbar. Bitte prüfen Sie, ob er eingeschaltet und eingerichtet ist.";
+
+/// The bytes of a file; none when it cannot be read.
+inline QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// What the end of a job says; nothing when all is well.
+inline QString failureOf(PrintJob& job) {
+    try {
+        job.end();
+    } catch (const std::exception& error) {
+        return QString::fromUtf8(error.what());
+    }
+    return {};
+}
 
 /// `passes` times the 24 hours of the day, each pass 20 above the one before.
 inline std::vector<Column> hourlyPasses(int passes) {
