@@ -3,7 +3,6 @@
 #include "tests/diagram/PrintedDiagram.h"
 
 #include <QTest>
-#include <exception>
 
 namespace kelvrum {
 namespace {
@@ -26,11 +25,10 @@ class PrintCancelTest : public testing::PrintTest {
     Q_OBJECT
 
   private:
-    /// How many pages of a job the system takes for a scheduler that does not read.
-    std::size_t pagesUntilItBlocks(PrintJob& job) const {
-        std::size_t sent = 0;
-        int sameAsBefore = 0;
-        job.setStep([&](const PrintProgress& progress) {
+    /// Freezes the scheduler before a job is sent and cancels the job when no more of it is taken; `sent` are
+    /// the pages that were.
+    PrintJob::Step cancelWhenBlocked(std::size_t& sent) const {
+        return [this, &sent, sameAsBefore = 0](const PrintProgress& progress) mutable {
             if (progress.stage == Stage::making && progress.done == progress.total) {
                 cups().freeze();
             } else if (progress.stage == Stage::sending) {
@@ -38,7 +36,12 @@ class PrintCancelTest : public testing::PrintTest {
                 sent = progress.done;
             }
             return sameAsBefore < BLOCKED;
-        });
+        };
+    }
+    /// How many pages of a job the system takes for a scheduler that does not read.
+    std::size_t pagesUntilItBlocks(PrintJob& job) const {
+        std::size_t sent = 0;
+        job.setStep(cancelWhenBlocked(sent));
         endCancelled(job);
         job.setStep({});
         cups().kill();
@@ -108,16 +111,7 @@ class PrintCancelTest : public testing::PrintTest {
         const std::size_t known = cups().allJobs();
         addNumberPages(diagram.job, pages);
         std::size_t sent = 0;
-        int sameAsBefore = 0;
-        diagram.job.setStep([&](const PrintProgress& progress) {
-            if (progress.stage == Stage::making && progress.done == progress.total) {
-                cups().freeze();
-            } else if (progress.stage == Stage::sending) {
-                sameAsBefore = progress.done == sent && sent > 0 ? sameAsBefore + 1 : 0;
-                sent = progress.done;
-            }
-            return sameAsBefore < BLOCKED;
-        });
+        diagram.job.setStep(cancelWhenBlocked(sent));
         QVERIFY_THROWS_EXCEPTION(PrintCancelled, diagram.job.end());
         QCOMPARE(sent == pages, !large);
         cups().thaw();
