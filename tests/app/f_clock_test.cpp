@@ -3,6 +3,7 @@
 #include "diagram/PolarSys.h"
 #include "diagram/SeriesTable.h"
 #include "tests/app/WindowFixture.h"
+#include "tests/testing/ProcessTimeZone.h"
 
 #include <QAbstractItemModel>
 #include <QComboBox>
@@ -18,27 +19,6 @@ namespace kelvrum {
 using namespace kelvrum::testing;
 
 namespace {
-
-/// The time zone of the process is another one as long as this lives.
-class TimeZone {
-  public:
-    explicit TimeZone(const QByteArray& zone)
-        : had_(qEnvironmentVariableIsSet("TZ"))
-        , before_(qgetenv("TZ")) {
-        qputenv("TZ", zone);
-        tzset();
-    }
-    TimeZone(const TimeZone&) = delete;
-    TimeZone& operator=(const TimeZone&) = delete;
-    ~TimeZone() {
-        had_ ? qputenv("TZ", before_) : qunsetenv("TZ");
-        tzset();
-    }
-
-  private:
-    bool had_;
-    QByteArray before_;
-};
 
 /// The channel file of 2020 or 2021, made once; each minute has a value of its own.
 const std::string& dustOf(int year) {
@@ -157,10 +137,10 @@ class f_clock_test : public QObject {
         QFETCH(QByteArray, zone);
         QStringList& expected = inUtc_[day];
         if (expected.isEmpty()) {
-            const TimeZone utc("UTC");
+            const ProcessTimeZone utc("UTC");
             expected = walk(day);
         }
-        const TimeZone other(zone);
+        const ProcessTimeZone other(zone);
         const QStringList seen = walk(day);
         QCOMPARE(seen.size(), expected.size());
         for (qsizetype i = 0; i < seen.size(); ++i) {

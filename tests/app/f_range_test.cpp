@@ -3,6 +3,7 @@
 // before, what the user does, the range after and how many loads that makes.
 #include "diagram/PolarSys.h"
 #include "tests/app/WindowFixture.h"
+#include "tests/testing/ProcessTimeZone.h"
 
 #include <QComboBox>
 #include <QDateEdit>
@@ -11,7 +12,6 @@
 #include <QSlider>
 #include <QTest>
 #include <QTimeEdit>
-#include <ctime>
 
 namespace kelvrum {
 
@@ -439,29 +439,23 @@ class f_range_test : public QObject {
     void summerTime() {
         QFETCH(QByteArray, zone);
         QFETCH(QString, day);
-        const QByteArray before = qgetenv("TZ");
-        qputenv("TZ", zone);
-        tzset();
-        {
-            WindowFixture fixture(shortYears());
-            const QString next =
-                pickedTime(day + QStringLiteral(" 00:00")).addDays(1).toString(QStringLiteral("dd.MM.yyyy"));
-            act(fixture, QStringLiteral("DTPicker2=") + next);
-            act(fixture, QStringLiteral("DTPicker=") + day);
-            compare(fixture, day + QStringLiteral(" 00:00"), next + QStringLiteral(" 00:00"));
-            act(fixture, QStringLiteral("DTPicker1=02:30"));
-            act(fixture, QStringLiteral("DTPicker3=00:30"));
-            compare(fixture, day + QStringLiteral(" 02:30"), next + QStringLiteral(" 00:30"));
-            QTest::keyClick(&fixture.the<QComboBox>("selScroll"), Qt::Key_Up);
-            fixture.click("Command7");
-            fixture.click("Command7");
-            compare(fixture, day + QStringLiteral(" 00:30"), day + QStringLiteral(" 22:30"));
-            fixture.click("Command8");
-            fixture.click("Command8");
-            compare(fixture, day + QStringLiteral(" 02:30"), next + QStringLiteral(" 00:30"));
-        }
-        before.isNull() ? qunsetenv("TZ") : qputenv("TZ", before);
-        tzset();
+        const ProcessTimeZone other(zone);
+        WindowFixture fixture(shortYears());
+        const QString next =
+            pickedTime(day + QStringLiteral(" 00:00")).addDays(1).toString(QStringLiteral("dd.MM.yyyy"));
+        act(fixture, QStringLiteral("DTPicker2=") + next);
+        act(fixture, QStringLiteral("DTPicker=") + day);
+        compare(fixture, day + QStringLiteral(" 00:00"), next + QStringLiteral(" 00:00"));
+        act(fixture, QStringLiteral("DTPicker1=02:30"));
+        act(fixture, QStringLiteral("DTPicker3=00:30"));
+        compare(fixture, day + QStringLiteral(" 02:30"), next + QStringLiteral(" 00:30"));
+        QTest::keyClick(&fixture.the<QComboBox>("selScroll"), Qt::Key_Up);
+        fixture.click("Command7");
+        fixture.click("Command7");
+        compare(fixture, day + QStringLiteral(" 00:30"), day + QStringLiteral(" 22:30"));
+        fixture.click("Command8");
+        fixture.click("Command8");
+        compare(fixture, day + QStringLiteral(" 02:30"), next + QStringLiteral(" 00:30"));
     }
 };
 
