@@ -2,6 +2,7 @@
 // What comes while a load runs: keys held down, further choices, entries of the menus, another project.
 #include "diagram/PolarSys.h"
 #include "tests/app/WindowFixture.h"
+#include "tests/testing/StackDepth.h"
 
 #include <QAbstractItemModel>
 #include <QApplication>
@@ -10,9 +11,6 @@
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
-#include <algorithm>
-#include <cstdint>
-#include <limits>
 #include <vector>
 
 namespace kelvrum {
@@ -29,24 +27,6 @@ void postKey(QWidget& control, int key) {
         QCoreApplication::postEvent(&control, new QKeyEvent(type, key, Qt::NoModifier));
     }
 }
-
-/// How far the stack reaches down, over all calls of `look`.
-class StackDepth {
-  public:
-    void look() {
-        const auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
-        deepest_ = std::min(deepest_, here);
-        highest_ = std::max(highest_, here);
-    }
-    [[nodiscard]] std::uintptr_t bytes() const { return highest_ - deepest_; }
-
-  private:
-    std::uintptr_t deepest_ = std::numeric_limits<std::uintptr_t>::max();
-    std::uintptr_t highest_ = 0;
-};
-
-/// Room for a load that is entered from a key, once; a hundred nested ones take a multiple of it.
-constexpr std::uintptr_t MAX_LOAD_STACK = 64UL * 1024;
 
 /// A station in a folder of its own, with dust alone on the test day.
 QString layOther(const TempFolder& folder) {

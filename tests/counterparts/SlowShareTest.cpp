@@ -4,6 +4,7 @@
 #include "tests/counterparts/SlowShare.h"
 #include "diagram/PolarSys.h"
 #include "tests/app/WindowFixture.h"
+#include "tests/testing/StackDepth.h"
 #include "util/MarkedCalendar.h"
 #include "util/Pickers.h"
 #include "util/Validity.h"
@@ -17,7 +18,6 @@
 #include <QTest>
 #include <QTimer>
 #include <algorithm>
-#include <cstdint>
 #include <ctime>
 #include <iostream>
 #include <limits>
@@ -35,8 +35,7 @@ namespace {
 constexpr long ALL = std::numeric_limits<long>::max();
 constexpr int DUST_ROW = 2; // of the channel list
 constexpr milliseconds LONGEST_WORK{200};
-constexpr long MAX_CALLS = 4;                    // in a row, of 50 ms each
-constexpr std::uintptr_t MAX_LOAD_STACK = 65536; // bytes of stack for one load that is entered from an event
+constexpr long MAX_CALLS = 4; // in a row, of 50 ms each
 
 const ShownRange YEAR = {QStringLiteral("01.01.2020 00:00"), QStringLiteral("31.12.2020 00:00")};
 
@@ -68,9 +67,7 @@ class Watch : public QObject {
             inARow = std::max(inARow, calls.kept);
             made += calls.count;
             ++answers;
-            const auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
-            deepest = std::min(deepest, here);
-            highest = std::max(highest, here);
+            stack.look();
             if (onAnswer) {
                 onAnswer();
             }
@@ -83,8 +80,7 @@ class Watch : public QObject {
     long inARow = 0;
     long made = 0;
     int answers = 0;
-    std::uintptr_t deepest = std::numeric_limits<std::uintptr_t>::max();
-    std::uintptr_t highest = 0;
+    StackDepth stack;
 
   private:
     QTimer timer_;
@@ -228,8 +224,7 @@ class f_slowshare_check : public QObject {
                 QCOMPARE(fixture.shownRows(), wholeRows);
             }
         }
-        QVERIFY2(watch.highest - watch.deepest < MAX_LOAD_STACK,
-                 qPrintable(QString::number(watch.highest - watch.deepest)));
+        QVERIFY2(watch.stack.bytes() < MAX_LOAD_STACK, qPrintable(QString::number(watch.stack.bytes())));
         constexpr long PAINTED_ROWS = 5; // opening a file and reading its values to the end
         compareAnswers(watch, wholeRows > 0 ? PAINTED_ROWS : MAX_CALLS);
         QCOMPARE(fixture.dialogs->messages, QStringList());
