@@ -5,6 +5,7 @@
 #include "tests/testing/FileContent.h"
 #include "tests/testing/FileSizeLimit.h"
 #include "tests/testing/OrdinaryUser.h"
+#include "tests/testing/SystemReason.h"
 #include "util/Paths.h"
 
 #include <QAbstractButton>
@@ -261,7 +262,7 @@ class fcprint_settings_test : public QObject {
             fixture.dialogs.messages,
             QStringList{
                 QStringLiteral("Sammeldruck: Die Datei „Sammeldruck.cfg“ konnte nicht geschrieben werden: ") +
-                QString::fromStdString(std::generic_category().message(reason)) + ADVICE});
+                systemReason(static_cast<std::errc>(reason)) + ADVICE});
         QVERIFY(fixture.window->isVisible());
         if (fs::is_regular_file(file)) {
             QCOMPARE(contentOf(file), old);
