@@ -7,14 +7,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <limits>
 
 namespace kelvrum {
 namespace {
 
 using kelvrum::testing::DAY;
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 TEST(TimeStep, BySpan) {

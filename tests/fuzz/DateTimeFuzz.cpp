@@ -6,7 +6,6 @@
 #include "util/DateTime.h"
 #include "util/Format.h"
 
-#include <array>
 #include <cmath>
 
 namespace {

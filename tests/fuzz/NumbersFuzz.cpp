@@ -4,7 +4,6 @@
 #include "util/Numbers.h"
 
 #include <cmath>
-#include <limits>
 #include <string>
 
 namespace {

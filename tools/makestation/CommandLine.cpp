@@ -4,7 +4,6 @@
 #include "tools/makestation/FileWriting.h"
 #include "tools/makestation/StationWriter.h"
 
-#include <algorithm>
 #include <charconv>
 #include <ostream>
 #include <string_view>

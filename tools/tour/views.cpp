@@ -5,7 +5,6 @@
 
 #include <QComboBox>
 #include <QMenu>
-#include <QMenuBar>
 #include <QTableView>
 #include <QTest>
 
