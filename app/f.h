@@ -12,6 +12,7 @@
 #include "data/ViewHints.h"
 #include "diagram/PageNotes.h"
 #include "diagram/ReadoutText.h"
+#include "diagram/RoseText.h"
 #include "drawing/Colour.h"
 #include "drawing/PrintJob.h"
 #include "util/DateTime.h"
@@ -155,9 +156,9 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     void showHint();
     /// Writes notes beside a rose: what it shows.
     void showRose();
-    /// The parts of such a note: range, interval, how many intervals and calms, what the rings tell.
-    [[nodiscard]] std::vector<std::string> roseNotes(const TimeRange& range, std::int64_t intervals,
-                                                     std::int64_t calms) const;
+    /// The words for a rose of this range.
+    [[nodiscard]] RoseText roseShown(const TimeRange& range, std::int64_t intervals,
+                                     std::int64_t calms) const;
     /// Whether the window is visible, loads nothing and has had no request since number `requests`.
     [[nodiscard]] bool isNewest(unsigned requests) const;
 
@@ -184,6 +185,7 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     void say(QWidget& window, const std::exception& error);
     [[nodiscard]] std::string nameOfView() const;
     [[nodiscard]] std::string printingDate() const;
+    [[nodiscard]] std::string shownTime(DateTime t) const;
     [[nodiscard]] std::string shownRange(const TimeRange& range) const;
     [[nodiscard]] PageNotes pageNotes() const;
 

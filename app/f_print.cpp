@@ -119,12 +119,13 @@ std::string f::printingDate() const {
                           environment_.texts);
 }
 
+std::string f::shownTime(DateTime t) const {
+    const LocaleTexts& texts = environment_.texts;
+    return formatDateTime(t, texts.shortDate, texts) + ", " + formatDateTime(t, "hh:mm", texts) + " Uhr";
+}
+
 std::string f::shownRange(const TimeRange& range) const {
-    const auto shown = [this](DateTime t) {
-        const LocaleTexts& texts = environment_.texts;
-        return formatDateTime(t, texts.shortDate, texts) + ", " + formatDateTime(t, "hh:mm", texts) + " Uhr";
-    };
-    return shown(range.from) + " bis " + shown(range.to);
+    return shownTime(range.from) + " bis " + shownTime(range.to);
 }
 
 PageNotes f::pageNotes() const {
@@ -135,8 +136,8 @@ PageNotes f::pageNotes() const {
     notes.right = "Gedruckt am " + printingDate();
     const PolarSys& KS = view_->diagram();
     if (KS.DiagTyp() == KIND_POLAR) {
-        const auto parts = roseNotes(range(), KS.sampleCount(), classify(KS.samples(), KS.RadRaster()).calm);
-        notes.polarFoot = parts[0] + ", " + parts[1] + ", " + parts[2] + ". " + parts[3];
+        const std::int64_t calms = classify(KS.samples(), KS.RadRaster()).calm;
+        notes.polarFoot = footLine(roseShown(range(), KS.sampleCount(), calms));
     }
     return notes;
 }

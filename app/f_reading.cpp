@@ -24,8 +24,6 @@
 #include <QCoreApplication>
 #include <QTimer>
 #include <algorithm>
-#include <array>
-#include <string_view>
 
 namespace kelvrum {
 
@@ -175,40 +173,14 @@ void f::showHint() {
     overlay_->setHint(isLookedUp_ ? QString::fromStdString(viewHint(facts, environment_.texts)) : QString());
 }
 
-std::vector<std::string> f::roseNotes(const TimeRange& range, std::int64_t intervals,
-                                      std::int64_t calms) const {
-    return {shownRange(range), "Intervall: " + interval_->caption().toStdString(),
-            std::to_string(intervals) + (intervals == 1 ? " Intervall" : " Intervalle") + ", davon " +
-                std::to_string(calms) + (calms == 1 ? " Kalme" : " Kalmen"),
-            "Angaben in Prozent"};
+RoseText f::roseShown(const TimeRange& range, std::int64_t intervals, std::int64_t calms) const {
+    return roseText(shownTime(range.from), shownTime(range.to), interval_->caption().toStdString(), intervals,
+                    calms);
 }
-
-namespace {
-
-/// Notes of a rose in shorter and shorter forms. Range and interval are left out first: the window's left
-/// column shows them too.
-std::vector<std::vector<std::string>> formsOf(const std::vector<std::string>& notes) {
-    const auto halves = [](const std::string& line, std::string_view second) {
-        const std::size_t at = line.find(second);
-        return std::array{line.substr(0, at), line.substr(std::min(at + 1, line.size()))};
-    };
-    const auto [from, to] = halves(notes[0], " bis ");
-    const auto [intervals, calms] = halves(notes[2], " davon ");
-    const std::string& interval = notes[1];
-    const std::string& unit = notes[3];
-    return {notes,
-            {from, to, interval, notes[2], unit},
-            {from, to, interval, intervals, calms, unit},
-            {notes[2], unit},
-            {unit, intervals, calms},
-            {intervals, calms}};
-}
-
-} // namespace
 
 void f::showRose() {
     const auto& rose = view_->diagram().polarShown();
-    overlay_->setNotes(rose ? formsOf(roseNotes(facts_.range, rose->samples, rose->classes.calm))
+    overlay_->setNotes(rose ? noteForms(roseShown(facts_.range, rose->samples, rose->classes.calm))
                             : std::vector<std::vector<std::string>>());
 }
 
