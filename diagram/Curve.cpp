@@ -6,6 +6,21 @@
 
 namespace kelvrum {
 
+bool isAscending(std::span<const DateTime> times) {
+    constexpr std::size_t PIECE = 1024; // checked without an early exit, so that the loop vectorises
+    for (std::size_t i = 1; i < times.size();) {
+        const std::size_t end = std::min(i + PIECE, times.size());
+        int back = 0;
+        for (; i < end; ++i) {
+            back |= times[i - 1] <= times[i] ? 0 : 1;
+        }
+        if (back != 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
 double sampleInterval(std::span<const double> times) {
     double shortest = std::numeric_limits<double>::infinity();
     for (std::size_t i = 1; i < times.size(); ++i) {

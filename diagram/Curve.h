@@ -14,6 +14,9 @@
 
 namespace kelvrum {
 
+/// Whether the times never decrease.
+bool isAscending(std::span<const DateTime> times);
+
 /// The greatest number of passes (means, minima, maxima) of a series that are drawn.
 inline constexpr int MAX_PASSES = 3;
 

@@ -3,7 +3,6 @@
 
 #include "diagram/Curve.h"
 #include "diagram/LineScale.h"
-#include "diagram/ReducedCurve.h"
 #include "diagram/SeriesTable.h"
 #include "util/VectorRegisters.h"
 

@@ -195,21 +195,6 @@ void mergeBars(const PlottedSeries& series, double interval, ReducedBars& bars) 
 
 } // namespace
 
-bool isAscending(std::span<const DateTime> times) {
-    constexpr std::size_t PIECE = 1024; // checked without an early exit, so that the loop vectorises
-    for (std::size_t i = 1; i < times.size();) {
-        const std::size_t end = std::min(i + PIECE, times.size());
-        int back = 0;
-        for (; i < end; ++i) {
-            back |= times[i - 1] <= times[i] ? 0 : 1;
-        }
-        if (back != 0) {
-            return false;
-        }
-    }
-    return true;
-}
-
 int drawCurve(Surface& surface, const PlottedSeries& series, bool directions,
               std::span<const Colour> colours) {
     ReducedCurve curve(surface, colours, series.plot.clip(), series.loneDot);

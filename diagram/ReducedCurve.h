@@ -25,9 +25,6 @@ struct PlottedSeries {
     int loneDot = 1;          // side of the square that a value without neighbours is drawn as, in dots
 };
 
-/// Whether the times never decrease.
-bool isAscending(std::span<const DateTime> times);
-
 /// Draws the curve of a series, clipped to the plot; with `directions` joined the short way round the circle.
 /// `colours` has the pen of each pass. Returns the number of passes found.
 int drawCurve(Surface& surface, const PlottedSeries& series, bool directions,
