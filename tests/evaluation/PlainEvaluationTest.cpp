@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The evaluation beside a straightforward second implementation of the same figures.
 #include "tests/evaluation/PlainEvaluation.h"
+#include "tests/evaluation/EvaluationDifference.h"
 #include "tests/evaluation/MadeEvaluations.h"
 
 #include <gtest/gtest.h>
