@@ -52,15 +52,8 @@ EvaluationWindow::EvaluationWindow(Owner owner, QWidget* parent)
 QTableView* EvaluationWindow::makeView(const char* name, const QString& described) {
     auto* view = named(new QTableView(this), name);
     view->setAccessibleName(described);
-    view->setShowGrid(false);
+    makeReport(*view, TABLE_ROW_HEIGHT);
     view->setAlternatingRowColors(true);
-    view->setSelectionBehavior(QAbstractItemView::SelectRows);
-    view->setWordWrap(false);
-    view->setTabKeyNavigation(false); // the tab key leaves the table
-    view->verticalHeader()->hide();
-    view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    view->verticalHeader()->setMinimumSectionSize(TABLE_ROW_HEIGHT);
-    view->verticalHeader()->setDefaultSectionSize(TABLE_ROW_HEIGHT);
     view->horizontalHeader()->setHighlightSections(false);
     return view;
 }

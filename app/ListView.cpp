@@ -2,6 +2,7 @@
 #include "app/ListView.h"
 
 #include "diagram/CopiedText.h"
+#include "util/Controls.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -46,16 +47,9 @@ ListView::ListView(QWidget* parent)
     : QTableView(parent) {
     setHorizontalHeader(new ColumnTitles(this));
     setAutoFillBackground(true); // opaque: what it covers is not painted below it
-    setShowGrid(false);
-    setSelectionBehavior(QAbstractItemView::SelectRows);
-    setWordWrap(false);
-    setTabKeyNavigation(false); // the tab key leaves the list
+    makeReport(*this, ROW_HEIGHT);
     setContextMenuPolicy(Qt::ActionsContextMenu);
     setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
-    verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setMinimumSectionSize(ROW_HEIGHT);
-    verticalHeader()->setDefaultSectionSize(ROW_HEIGHT);
     horizontalHeader()->setDefaultSectionSize(COLUMN_WIDTH);
 }
 

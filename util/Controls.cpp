@@ -5,8 +5,10 @@
 
 #include <QAbstractItemView>
 #include <QEvent>
+#include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QLineEdit>
+#include <QTableView>
 
 namespace kelvrum {
 
@@ -69,6 +71,18 @@ void followScreenReader(QComboBox& choice) {
         Q_EMIT choice.activated(rows.first().row());
     };
     QObject::connect(marked, &QItemSelectionModel::selectionChanged, &choice, follow);
+}
+
+void makeReport(QTableView& view, int rowHeight) {
+    view.setShowGrid(false);
+    view.setSelectionBehavior(QAbstractItemView::SelectRows);
+    view.setWordWrap(false);
+    view.setTabKeyNavigation(false);
+    QHeaderView& rows = *view.verticalHeader();
+    rows.hide();
+    rows.setSectionResizeMode(QHeaderView::Fixed);
+    rows.setMinimumSectionSize(rowHeight);
+    rows.setDefaultSectionSize(rowHeight);
 }
 
 } // namespace kelvrum

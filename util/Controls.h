@@ -11,6 +11,7 @@
 #include <utility>
 
 class QLineEdit;
+class QTableView;
 
 namespace kelvrum {
 
@@ -36,6 +37,10 @@ void ignorePassingWheel(QWidget& control);
 /// A row that a screen reader selects in a closed drop-down list is chosen as if by the user; the toolkit
 /// alone would only mark it.
 void followScreenReader(QComboBox& choice);
+
+/// Makes a table a report list: no grid, no row numbers, whole rows selected, rows of one fixed height in
+/// pixels. The tab key leaves it.
+void makeReport(QTableView& view, int rowHeight);
 
 /// A control with its object name, at its place in its parent.
 template<typename Control, typename... Arguments>
