@@ -18,7 +18,7 @@ namespace {
 using namespace tablepage;
 
 // Millimetres.
-constexpr double BELOW_HEADER = 2;
+constexpr double BELOW_COLUMN_NAMES = 2;
 constexpr double BETWEEN_COLUMNS = 4;
 
 constexpr std::size_t MAX_LINES = 4; // of a value
@@ -113,7 +113,7 @@ class EvaluationPrinter {
 
     void printHeader(const EvaluationTable& table, const std::string& columns, double lastWidth) {
         printRow(table.header, columns, lastWidth);
-        y_ += BELOW_HEADER;
+        y_ += BELOW_COLUMN_NAMES;
     }
 
     void printRow(const std::vector<std::string>& cells, const std::string& columns, double lastWidth) {
