@@ -11,7 +11,6 @@
 #include <QTest>
 #include <cmath>
 #include <filesystem>
-#include <limits>
 #include <random>
 
 namespace kelvrum {

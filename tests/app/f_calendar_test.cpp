@@ -5,8 +5,6 @@
 #include "util/Pickers.h"
 
 #include <QDateEdit>
-#include <QStyle>
-#include <QStyleOptionSpinBox>
 #include <QTableView>
 #include <QTest>
 #include <QTextCharFormat>

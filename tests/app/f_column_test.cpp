@@ -3,7 +3,6 @@
 #include "tests/app/WindowFixture.h"
 
 #include <QApplication>
-#include <QComboBox>
 #include <QListWidget>
 #include <QScrollBar>
 #include <QTest>

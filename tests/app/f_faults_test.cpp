@@ -5,7 +5,6 @@
 #include "tests/app/WindowFixture.h"
 
 #include <QAbstractButton>
-#include <QAbstractItemModel>
 #include <QApplication>
 #include <QTest>
 #include <QThread>

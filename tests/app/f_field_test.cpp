@@ -2,7 +2,6 @@
 // Where the field of the readout is and which picture it reads, on screens with one and two dots per pixel.
 #include "tests/app/DiagramHand.h"
 
-#include <QAction>
 #include <QSignalSpy>
 #include <QTest>
 #include <algorithm>

@@ -8,7 +8,6 @@
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
-#include <QRadioButton>
 #include <QScrollBar>
 #include <QTest>
 #include <string>

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Work without a mouse: keys of the window and of the diagram, and the diagram as text.
-#include "diagram/PolarSys.h"
 #include "tests/app/WindowFixture.h"
 
 #include <QAccessible>
@@ -8,7 +7,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QListWidget>
-#include <QMenu>
 #include <QTest>
 #include <QTimeEdit>
 #include <QWheelEvent>

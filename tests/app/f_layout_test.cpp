@@ -3,10 +3,6 @@
 #include "diagram/PolarSys.h"
 #include "tests/app/WindowFixture.h"
 
-#include <QFrame>
-#include <QLabel>
-#include <QLineEdit>
-#include <QScrollBar>
 #include <QTableView>
 #include <QTest>
 

@@ -3,7 +3,6 @@
 #include "tests/app/WindowFixture.h"
 
 #include <QClipboard>
-#include <QComboBox>
 #include <QDateEdit>
 #include <QGuiApplication>
 #include <QItemSelectionModel>

@@ -6,7 +6,6 @@
 #include "tests/app/WindowFixture.h"
 #include "util/Validity.h"
 
-#include <QCheckBox>
 #include <QCursor>
 #include <QLineEdit>
 #include <QListWidget>

@@ -18,7 +18,6 @@
 #include <QTimeEdit>
 #include <algorithm>
 #include <fstream>
-#include <memory>
 #include <string>
 #include <utility>
 #if defined(__GLIBC__)

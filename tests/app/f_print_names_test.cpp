@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Pages of a station with long names on paper with wide borders: all texts are where the printer prints, none
 // is on another one, and what a page must say is there.
-#include "diagram/PolarSys.h"
 #include "tests/app/WindowFixture.h"
 #include "tests/testing/PrintTest.h"
 #include "tests/testing/PrintedDocument.h"

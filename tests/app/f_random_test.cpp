@@ -29,10 +29,7 @@
 #include <QTimeEdit>
 #include <array>
 #include <cmath>
-#include <filesystem>
-#include <memory>
 #include <span>
-#include <string>
 #include <vector>
 
 namespace kelvrum {

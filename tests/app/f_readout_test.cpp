@@ -3,9 +3,6 @@
 #include "tests/app/DiagramHand.h"
 
 #include <QAccessible>
-#include <QAction>
-#include <QLineEdit>
-#include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
 #include <algorithm>

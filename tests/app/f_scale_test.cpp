@@ -3,13 +3,10 @@
 // a file.
 #include "diagram/PolarSys.h"
 #include "tests/app/WindowFixture.h"
-#include "util/Validity.h"
 
-#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QTest>
 #include <array>
 

@@ -12,8 +12,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
-#include <fstream>
+#include <utility>
 
 namespace kelvrum {
 namespace {

@@ -5,9 +5,7 @@
 #include <QPrinter>
 #include <QTest>
 #include <cmath>
-#include <exception>
-#include <functional>
-#include <memory>
+#include <optional>
 
 namespace kelvrum {
 namespace {

@@ -8,8 +8,6 @@
 #include <QImage>
 #include <QTest>
 #include <cmath>
-#include <exception>
-#include <memory>
 
 namespace kelvrum {
 namespace {
@@ -27,7 +25,6 @@ using kelvrum::testing::PrintedDiagram;
 using kelvrum::testing::PrintedPage;
 using kelvrum::testing::printedPages;
 using kelvrum::testing::PrintedWord;
-using kelvrum::testing::PrivateCups;
 
 constexpr double LEFT = 20;
 constexpr double RIGHT = 284;
