@@ -117,7 +117,7 @@ class f : public QMainWindow, private QAccessible::ActivationObserver {
     void loadView(const ReadingStep& step);
     bool FillListVarn(const TimeRange& shown, const ReadingStep& step);
     bool readViews(const ReadRequest& request, const ReadingStep& step);
-    void showRows(std::span<const IntervalValue> intervals);
+    void showRows(std::span<const DateTime> starts, std::span<const double> values);
     void showNothing();
     void showChannel(std::int32_t channel);
     void describeView();

@@ -20,7 +20,6 @@
 #include <QCoreApplication>
 #include <QLabel>
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <span>
 #include <utility>
@@ -135,7 +134,9 @@ bool f::readViews(const ReadRequest& request, const ReadingStep& step) {
     }
     KS.SetArray(0);
     rows.expect(rowsExpected(request));
-    const auto showValues = [this](std::span<const IntervalValue> values) { showRows(values); };
+    const auto showValues = [this](std::span<const DateTime> starts, std::span<const double> values) {
+        showRows(starts, values);
+    };
     const bool complete = reader_.readList(station_, request, showValues, step) == ReadStatus::complete;
     if (complete) {
         rows.show();
@@ -167,17 +168,17 @@ void f::showNothing() {
 }
 
 void f::ShowValue(DateTime MessZeit, double MessWert) {
-    showRows(std::array{IntervalValue{MessZeit, MessWert}});
+    showRows(std::span(&MessZeit, 1), std::span(&MessWert, 1));
     view_->rows().show();
 }
 
 /// Lists the intervals that have a value; the view sees them with the model's next `show`.
-void f::showRows(std::span<const IntervalValue> intervals) {
-    const std::span<IntervalValue> listed = view_->rows().room(intervals.size());
+void f::showRows(std::span<const DateTime> starts, std::span<const double> values) {
+    const std::span<IntervalValue> listed = view_->rows().room(values.size());
     std::size_t count = 0;
-    for (const IntervalValue& one : intervals) { // copied without a branch for each
-        listed[count] = one;
-        count += std::fabs(one.value) < INVALID_VALUE ? 1 : 0;
+    for (std::size_t i = 0; i < values.size(); ++i) { // copied without a branch for each
+        listed[count] = {starts[i], values[i]};
+        count += std::fabs(values[i]) < INVALID_VALUE ? 1 : 0;
     }
     view_->rows().added(count);
 }

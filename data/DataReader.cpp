@@ -121,23 +121,18 @@ ReadStatus DataReader::averagePieces(BlockReader& blocks, std::int32_t mode, con
 }
 
 ReadStatus DataReader::readList(const StationConfig& station, const ReadRequest& request,
-                                const std::function<void(std::span<const IntervalValue>)>& showValues,
-                                const ReadingStep& step) {
+                                const ShowValues& showValues, const ReadingStep& step) {
     return endQuietlyOnError([&] {
         BlockReader blocks(station, request, open_, buffers_);
         const std::int32_t mode = station.ChannelTable.at(request.channel).Mode;
         constexpr std::size_t MANY = 512;
         std::array<DateTime, MANY> starts;
-        std::array<IntervalValue, MANY> rows;
         return averagePieces(blocks, mode, step, [&](std::int64_t first, std::span<const double> values) {
             for (std::size_t done = 0; done < values.size(); done += MANY) {
                 const std::size_t count = std::min(MANY, values.size() - done);
                 intervalStarts(request.range.from, first + static_cast<std::int64_t>(done), request.interval,
                                std::span(starts).first(count));
-                for (std::size_t i = 0; i < count; ++i) {
-                    rows[i] = {starts[i], values[done + i]};
-                }
-                showValues(std::span(rows).first(count));
+                showValues(std::span(starts).first(count), values.subspan(done, count));
             }
         });
     });

@@ -27,6 +27,9 @@ struct DiagramSettings {
     std::optional<AuxiliaryLines> auxiliaryLines; // as requested; each has yet to pass the validity test
 };
 
+/// Takes the starts and the values of consecutive intervals; both spans have the same length.
+using ShowValues = std::function<void(std::span<const DateTime> starts, std::span<const double> values)>;
+
 /// The readers. Files come from the opener and memory is kept from one reading to the next. Between pieces of
 /// a long reading `step` is called; it may start another reading on the same reader if it gives up this one.
 class DataReader {
@@ -36,8 +39,7 @@ class DataReader {
 
     /// List reader: every interval, valid or not, in time order, delivered in batches.
     ReadStatus readList(const StationConfig& station, const ReadRequest& request,
-                        const std::function<void(std::span<const IntervalValue>)>& showValues,
-                        const ReadingStep& step);
+                        const ShowValues& showValues, const ReadingStep& step);
 
     /// The series of a diagram: readDayDiagram or readDiagram, depending on the station's form.
     ReadStatus readSeries(const StationConfig& station, const ReadRequest& request,

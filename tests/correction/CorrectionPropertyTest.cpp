@@ -73,10 +73,8 @@ std::vector<double> shown(const YearFiles& laid, std::int32_t channel) {
     std::vector<double> values;
     DataReader reader;
     reader.readList(laid.station, {channel, {}, between({YEAR, 1, 1, 0, 0}, {YEAR, 1, 1, 8, 20}), 1},
-                    [&values](std::span<const IntervalValue> run) {
-                        for (const IntervalValue& value : run) {
-                            values.push_back(value.value);
-                        }
+                    [&values](std::span<const DateTime> /*starts*/, std::span<const double> more) {
+                        values.insert(values.end(), more.begin(), more.end());
                     },
                     {});
     values.resize(MINUTES, INVALID_VALUE);

@@ -93,10 +93,8 @@ class ChangingFiles : public ::testing::Test {
         std::vector<double> values;
         EXPECT_EQ(reader.readList(
                       station, {channel, "", {START, START}, 1},
-                      [&values](std::span<const IntervalValue> run) {
-                          for (const IntervalValue& value : run) {
-                              values.push_back(value.value);
-                          }
+                      [&values](std::span<const DateTime> /*starts*/, std::span<const double> more) {
+                          values.insert(values.end(), more.begin(), more.end());
                       },
                       step),
                   ReadStatus::complete);
@@ -228,14 +226,13 @@ TEST(ChangingFile, EachLookFindsAnotherFile) {
         station.DataFolder = "X:\\";
         station.ChannelTable.grow(7).Mode = MODE_MEAN;
         std::vector<double> values;
-        EXPECT_EQ(reader.readList(station, {7, "", {START, START + 20 / 1440.0}, 1},
-                                  [&values](std::span<const IntervalValue> run) {
-                                      for (const IntervalValue& value : run) {
-                                          values.push_back(value.value);
-                                      }
-                                  },
-                                  {}),
-                  ReadStatus::complete);
+        EXPECT_EQ(
+            reader.readList(station, {7, "", {START, START + 20 / 1440.0}, 1},
+                            [&values](std::span<const DateTime> /*starts*/, std::span<const double> more) {
+                                values.insert(values.end(), more.begin(), more.end());
+                            },
+                            {}),
+            ReadStatus::complete);
         const std::uint64_t known = std::min(c.size, c.bytes);
         EXPECT_EQ(expectOwnValues(values), known > 1024 ? (known - 1024) / 8 : 0) << c.what;
         EXPECT_LE(values.size(), 20U) << c.what;

@@ -51,8 +51,10 @@ std::vector<IntervalValue> listOf(FakeFiles& files, const ReadRequest& request) 
     std::vector<IntervalValue> rows;
     EXPECT_EQ(reader.readList(
                   testStation(), request,
-                  [&](std::span<const IntervalValue> values) {
-                      rows.insert(rows.end(), values.begin(), values.end());
+                  [&](std::span<const DateTime> starts, std::span<const double> values) {
+                      for (std::size_t i = 0; i < values.size(); ++i) {
+                          rows.push_back({starts[i], values[i]});
+                      }
                   },
                   GO_ON),
               ReadStatus::complete);

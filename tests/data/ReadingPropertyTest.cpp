@@ -95,13 +95,15 @@ class ReadingProperties : public ::testing::Test {
         const auto minute = [](int m) { return dateSerial(2020, 1, 1) + m / 1440.0; };
         const int from = parts.start + block * parts.interval;
         const TimeRange range = {minute(from), minute(from + blocks * parts.interval)};
-        std::vector<IntervalValue> values;
+        std::vector<IntervalValue> rows;
         reader.readList(station, {parts.channel, "", range, parts.interval},
-                        [&values](std::span<const IntervalValue> run) {
-                            values.insert(values.end(), run.begin(), run.end());
+                        [&rows](std::span<const DateTime> starts, std::span<const double> values) {
+                            for (std::size_t i = 0; i < values.size(); ++i) {
+                                rows.push_back({starts[i], values[i]});
+                            }
                         },
                         {});
-        return values;
+        return rows;
     }
 
     FakeFiles files;

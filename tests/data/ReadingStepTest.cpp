@@ -79,10 +79,12 @@ TEST_F(ReadingSteps, GivingUpTheListPassesNoMoreRows) {
         rowsWhenGivenUp = rows;
         return ++steps < 2;
     };
-    EXPECT_EQ(reader.readList(
-                  station, year(1, 1), [&](std::span<const IntervalValue> values) { rows += values.size(); },
-                  second),
-              ReadStatus::givenUp);
+    EXPECT_EQ(
+        reader.readList(
+            station, year(1, 1),
+            [&](std::span<const DateTime> /*starts*/, std::span<const double> more) { rows += more.size(); },
+            second),
+        ReadStatus::givenUp);
     EXPECT_EQ(steps, 2);
     EXPECT_EQ(rows, rowsWhenGivenUp);
     EXPECT_LT(rows, YEAR);
@@ -130,19 +132,19 @@ TEST_F(ReadingSteps, AListWithinAListWins) {
         outerWhenNested = outer;
         EXPECT_EQ(reader.readList(
                       station, year(2, 1),
-                      [&](std::span<const IntervalValue> values) {
-                          for (const IntervalValue& one : values) {
-                              inner.push_back(one.value);
-                          }
+                      [&](std::span<const DateTime> /*starts*/, std::span<const double> more) {
+                          inner.insert(inner.end(), more.begin(), more.end());
                       },
                       GO_ON),
                   ReadStatus::complete);
         return false;
     };
-    EXPECT_EQ(reader.readList(
-                  station, year(1, 1), [&](std::span<const IntervalValue> values) { outer += values.size(); },
-                  nest),
-              ReadStatus::givenUp);
+    EXPECT_EQ(
+        reader.readList(
+            station, year(1, 1),
+            [&](std::span<const DateTime> /*starts*/, std::span<const double> more) { outer += more.size(); },
+            nest),
+        ReadStatus::givenUp);
     EXPECT_EQ(outer, outerWhenNested);
     EXPECT_TRUE(inner == countedMinutes(YEAR, 1e6));
 }

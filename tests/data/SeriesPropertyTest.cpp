@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace kelvrum {
@@ -61,12 +63,9 @@ TEST(SeriesProperties, NoTwoGapColumnsInARowAndNoneAtTheStart) {
             // Without the gaps it is the list, value by value.
             std::vector<double> listed;
             reader.readList(station, request,
-                            [&listed](std::span<const IntervalValue> run) {
-                                for (const IntervalValue& value : run) {
-                                    if (value.value != INVALID_VALUE) {
-                                        listed.push_back(value.value);
-                                    }
-                                }
+                            [&listed](std::span<const DateTime> /*starts*/, std::span<const double> more) {
+                                std::copy_if(more.begin(), more.end(), std::back_inserter(listed),
+                                             [](double value) { return value != INVALID_VALUE; });
                             },
                             {});
             std::vector<double> drawn;

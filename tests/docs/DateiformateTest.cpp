@@ -90,10 +90,10 @@ TEST_F(Dateiformate, MinutesOfAChannel) {
         const ReadRequest request = {std::stoi(table.words.at(3)), "", FIRST_MINUTES,
                                      std::stoi(table.words.at(4))};
         Rows rows;
-        const auto show = [&rows](std::span<const IntervalValue> values) {
-            for (const IntervalValue& one : values) {
-                if (std::fabs(one.value) < INVALID_VALUE) {
-                    rows.push_back({rowTime(one.start, LocaleTexts{}), shown(one.value)});
+        const auto show = [&rows](std::span<const DateTime> starts, std::span<const double> values) {
+            for (std::size_t i = 0; i < values.size(); ++i) {
+                if (std::fabs(values[i]) < INVALID_VALUE) {
+                    rows.push_back({rowTime(starts[i], LocaleTexts{}), shown(values[i])});
                 }
             }
         };

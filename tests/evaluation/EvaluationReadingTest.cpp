@@ -110,18 +110,18 @@ TEST(EvaluationReading, ValuesAreThoseOfTheList) {
     for (const std::int32_t channel : {SPEED, DIRECTION, RAIN, OTHER_MODE}) {
         for (const std::int32_t interval : {1, 10, 60, 1440}) {
             const ReadRequest request = minutesOf(channel, 30, 50'000, interval);
-            std::vector<IntervalValue> list;
+            std::vector<double> list;
             DataReader(files.opener())
                 .readList(testStation(), request,
-                          [&](std::span<const IntervalValue> rows) {
-                              list.insert(list.end(), rows.begin(), rows.end());
+                          [&](std::span<const DateTime> /*starts*/, std::span<const double> more) {
+                              list.insert(list.end(), more.begin(), more.end());
                           },
                           {});
             const auto reading = readingOf(testStation(), request, files.opener());
             ASSERT_EQ(reading.size(), list.size());
             for (std::size_t i = 0; i < list.size(); ++i) {
                 ASSERT_EQ(reading[i].index, static_cast<std::int64_t>(i));
-                ASSERT_EQ(reading[i].value, list[i].value) << channel << ", " << interval;
+                ASSERT_EQ(reading[i].value, list[i]) << channel << ", " << interval;
             }
         }
     }

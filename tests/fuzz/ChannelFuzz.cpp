@@ -202,8 +202,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Case c(input, std::move(values), std::move(speeds));
     DataReader reader(c.opener());
     std::vector<IntervalValue> rows;
-    const auto keep = [&rows](std::span<const IntervalValue> more) {
-        rows.insert(rows.end(), more.begin(), more.end());
+    const auto keep = [&rows](std::span<const DateTime> starts, std::span<const double> more) {
+        for (std::size_t i = 0; i < more.size(); ++i) {
+            rows.push_back({starts[i], more[i]});
+        }
     };
     require(reader.readList(c.station, c.request, keep, {}) == ReadStatus::complete, "a reading ends");
     require(std::ssize(rows) == c.blocks(), "every block that begins in the range has a row");

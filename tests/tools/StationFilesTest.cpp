@@ -155,10 +155,8 @@ std::vector<double> listed(const StationConfig& station, std::int32_t channel, c
     DataReader reader;
     reader.readList(
         station, {channel, "", range, 1},
-        [&values](std::span<const IntervalValue> rows) {
-            for (const IntervalValue& row : rows) {
-                values.push_back(row.value);
-            }
+        [&values](std::span<const DateTime> /*starts*/, std::span<const double> more) {
+            values.insert(values.end(), more.begin(), more.end());
         },
         [] { return true; });
     return values;
