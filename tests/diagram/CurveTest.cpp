@@ -17,10 +17,6 @@
 namespace kelvrum {
 namespace {
 
-using kelvrum::testing::Column;
-using kelvrum::testing::TestSurface;
-using ::testing::ElementsAre;
-
 constexpr double HOUR = 1.0 / 24;
 
 /// Records what the walk passes as text: "0,150-10,149" a line, "*0,150" a point, "#1" a pass,
