@@ -4,7 +4,7 @@
 # commands there, by default ./run.sh and ./test.sh.
 #     tools/checks/debian13.sh [COMMAND...]     for example 'cmake --preset debug' 'cmake --build --preset debug'
 # Needs mmdebstrap, permission to create a root (root, sudo or user namespaces), the machine's own mirror of the
-# distribution, 8 GB in TMPDIR (or /tmp) and an hour or more. Installs nothing outside that root, which is always removed
+# distribution, 8 GB in TMPDIR (or /tmp) and half an hour or more. Installs nothing outside that root, which is always removed
 # at the end.
 # shellcheck disable=SC2016 # hooks and formats have their own variables
 set -eu
