@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The system's own printer dialog, operated by hand: its file output, and what of it stays for the next job.
 #include "tests/diagram/PrintedDiagram.h"
+#include "tests/testing/TempFolder.h"
 #include "util/Dialogs.h"
 
 #include <QAbstractButton>
@@ -27,6 +28,7 @@ using kelvrum::testing::contentOf;
 using kelvrum::testing::PrintedDiagram;
 using kelvrum::testing::printedPages;
 using kelvrum::testing::PrivateCups;
+using kelvrum::testing::TempFolder;
 
 using Queue = PrivateCups::Queue;
 
@@ -200,12 +202,9 @@ class PrintDialogTest : public testing::PrintTest {
 
     /// Before a file is replaced the dialog asks on its own.
     void anExistingFileIsAskedAbout() {
-        const QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("Bericht.pdf"));
         const QByteArray old("the report of last year");
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(old) == old.size());
-        file.close();
+        const TempFolder folder;
+        const QString path = QString::fromStdString(folder.write("Bericht.pdf", old.toStdString()));
         PrintedDiagram diagram;
         int asked = 0;
         const auto answer = [&asked](QMessageBox::StandardButton button) {

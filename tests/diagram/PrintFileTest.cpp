@@ -78,12 +78,9 @@ class PrintFileTest : public testing::PrintTest {
     }
     void aFileIsReplacedAsAWhole() {
         QFETCH(bool, cancelled);
-        const QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("Bericht.pdf"));
         const QByteArray old("the report of last year");
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(old) == old.size());
-        file.close();
+        const TempFolder folder;
+        const QString path = QString::fromStdString(folder.write("Bericht.pdf", old.toStdString()));
         PrintedDiagram diagram;
         chooseFile(diagram.job, path);
         diagram.print(false);
@@ -95,7 +92,8 @@ class PrintFileTest : public testing::PrintTest {
         });
         failureOf(diagram.job);
         QCOMPARE(contentOf(path) == old, cancelled);
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("Bericht.pdf")});
+        QCOMPARE(QDir(QString::fromStdString(folder.path().string())).entryList(QDir::Files),
+                 QStringList{QStringLiteral("Bericht.pdf")});
     }
 
     void theOldFileStaysWhenTheNewOneFails_data() {
