@@ -21,14 +21,13 @@ struct DiagramLayout {
     double bandBelowTitle = 19; // the title band is this much higher than the text of HeadLine
     double longTick = 4;
     double shortTick = 2;
-    double loneDot = 3; // side of the square that a value without neighbours is drawn as
-    double textGap = 1; // between a tick and its label, and at the surface's edges
-    double rightLabelGap =
-        3;                // the same on the right; with less, a tick next to a number looks like a minus sign
-    double unitDrop = 1;  // unit and captions are one and a half lines above the plot, less this
-    double rowPitch = 10; // from the time of a label to the date below it
-    int totalRow = 1;     // row of the precipitation total below the axis; 1 is shared with the dates
-    bool totalAtEdge = true; // the total ends at the surface's right edge; else at the right axis
+    double loneDot = 3;       // side of the square that a value without neighbours is drawn as
+    double textGap = 1;       // between a tick and its label, and at the surface's edges
+    double rightLabelGap = 3; // the same on the right; closer, a tick looks like a minus sign
+    double unitDrop = 1;      // unit and captions are one and a half lines above the plot, less this
+    double rowPitch = 10;     // from the time of a label to the date below it
+    int totalRow = 1;         // row of the precipitation total below the axis; 1 is shared with the dates
+    bool totalAtEdge = true;  // the total ends at the surface's right edge; else at the right axis
 
     // Sizes in points; nothing: that of SkalaFont.
     std::optional<double> titlePoints;
